@@ -1,0 +1,76 @@
+#include "app/CommandLine.h"
+
+#include "platform/PathMap.h"
+
+#include <QCommandLineParser>
+
+#include <cstring>
+
+namespace qlon {
+
+namespace {
+
+bool applyDriveMappings(const QStringList &mappings)
+{
+    for (const QString &mapping : mappings) {
+        if (!SitePaths().mapDrive(mapping))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+CommandLine ParseCommandLine(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Items Sold: what the site sold, over a span of dates and hours."));
+    parser.addHelpOption();
+    const QCommandLineOption drive(QStringLiteral("drive"),
+                                   QStringLiteral("Maps a drive letter of the site's paths to a host folder, such as C=/srv/pos. "
+                                                  "Without it, drive X: stands for /mnt/x."),
+                                   QStringLiteral("LETTER=FOLDER"));
+    const QCommandLineOption script(QStringLiteral("script"),
+                                    QStringLiteral("Runs without a window, driving the screens by the commands of FILE "
+                                                   "(- for standard input)."),
+                                    QStringLiteral("FILE"));
+    const QCommandLineOption screenshot(QStringLiteral("screenshot"),
+                                        QStringLiteral("Saves a PNG of SCREEN to PATH once the script has run "
+                                                       "(or, without a script, once the program has started) and ends."),
+                                        QStringLiteral("SCREEN=PATH"));
+    const QCommandLineOption today(QStringLiteral("today"), QStringLiteral("Takes DATE (YYYY-MM-DD) as today's date."),
+                                   QStringLiteral("DATE"));
+    parser.addOptions({drive, script, screenshot, today});
+
+    CommandLine commandLine;
+    if (!parser.parse(arguments)) {
+        commandLine.error = parser.errorText();
+        return commandLine;
+    }
+    if (parser.isSet(QStringLiteral("help"))) {
+        commandLine.help = parser.helpText();
+        return commandLine;
+    }
+    commandLine.driveMappings = parser.values(drive);
+    commandLine.scriptPath = parser.value(script);
+    commandLine.screenshots = parser.values(screenshot);
+    if (parser.isSet(today)) {
+        commandLine.today = QDate::fromString(parser.value(today), Qt::ISODate);
+        if (!commandLine.today.isValid())
+            commandLine.error = QStringLiteral("--today takes a date as YYYY-MM-DD");
+    }
+    if (!applyDriveMappings(commandLine.driveMappings))
+        commandLine.error = QStringLiteral("--drive takes LETTER=FOLDER");
+    return commandLine;
+}
+
+bool AsksForScript(int argc, char *argv[])
+{
+    for (int index = 1; index < argc; ++index) {
+        if (std::strcmp(argv[index], "--script") == 0 || std::strncmp(argv[index], "--script=", 9) == 0)
+            return true;
+    }
+    return false;
+}
+
+} // namespace qlon

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+#include <QStringList>
+
+namespace qlon {
+
+// What the command line asks of the program.
+struct CommandLine
+{
+    QStringList driveMappings; // "C=/srv/pos", one per --drive
+    QString scriptPath;        // empty: the screens are shown; "-": standard input
+    QStringList screenshots;   // "SCREEN=PATH", one per --screenshot
+    QDate today;               // fixes the clock's day when valid
+    QString error;             // not empty when the command line can't be used
+    QString help;              // not empty when help was asked for
+
+    bool scripted() const { return !scriptPath.isEmpty(); }
+};
+
+CommandLine ParseCommandLine(const QStringList &arguments);
+
+// True when the arguments ask for a run without a window; read before the application
+// exists, to choose the display.
+bool AsksForScript(int argc, char *argv[]);
+
+} // namespace qlon

@@ -1,0 +1,15 @@
+#include "app/Screens.h"
+
+#include "listbuilder/QLONlistBuilder1.h"
+#include "platform/ui/ScreenRegistry.h"
+#include "serversales/QLONlistBuilder2.h"
+
+namespace qlon {
+
+void RegisterScreens()
+{
+    Screens().add(QStringLiteral("QLONlistBuilder1"), [] { return new QLONlistBuilder1; });
+    Screens().add(QStringLiteral("QLONlistBuilder2"), [] { return new QLONlistBuilder2; });
+}
+
+} // namespace qlon

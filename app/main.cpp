@@ -1,0 +1,77 @@
+#include "app/CommandLine.h"
+#include "app/Screens.h"
+#include "core/Clock.h"
+#include "platform/ui/Dialogs.h"
+#include "platform/ui/Program.h"
+#include "platform/ui/ScreenRegistry.h"
+#include "platform/ui/ScriptRunner.h"
+
+#include <QApplication>
+#include <QFile>
+
+namespace {
+
+const QString mainScreen = QStringLiteral("QLONlistBuilder1");
+
+// Runs the script; its status, or the script runner's for a bad line.
+int runScript(const QString &path, QTextStream &out, QTextStream &err)
+{
+    QFile script;
+    const bool opened = path == QLatin1String("-") ? script.open(stdin, QIODevice::ReadOnly) : (script.setFileName(path), script.open(QIODevice::ReadOnly));
+    if (!opened) {
+        err << "qlon: can't read the script " << path << Qt::endl;
+        return qlon::ScriptRunner::BadLine;
+    }
+    return qlon::ScriptRunner(out, err).run(script);
+}
+
+bool saveScreenshots(const QStringList &requests, QTextStream &err)
+{
+    for (const QString &request : requests) {
+        const QString screen = request.section(QLatin1Char('='), 0, 0);
+        const QString path = request.section(QLatin1Char('='), 1);
+        QWidget *widget = qlon::Screens().knows(screen) ? qlon::Screens().touch(screen) : nullptr;
+        if (!widget || !qlon::ScriptRunner::saveScreenshot(widget, path)) {
+            err << "qlon: can't save a picture of " << screen << " to " << path << Qt::endl;
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    if (qlon::AsksForScript(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+
+    const qlon::CommandLine commandLine = qlon::ParseCommandLine(application.arguments());
+    if (!commandLine.help.isEmpty() || !commandLine.error.isEmpty()) {
+        (commandLine.error.isEmpty() ? out : err) << (commandLine.error.isEmpty() ? commandLine.help : QStringLiteral("qlon: ") + commandLine.error) << Qt::endl;
+        return commandLine.error.isEmpty() ? 0 : 2;
+    }
+    if (commandLine.today.isValid())
+        qlon::FixClock(QDateTime(commandLine.today, QTime::currentTime()));
+    if (commandLine.scripted())
+        qlon::Dialogs::useScriptedAnswers(&out);
+
+    qlon::RegisterScreens();
+    // The program starts by loading its main screen; there is no other way in.
+    qlon::RunHandler([] { qlon::Screens().touch(mainScreen); });
+
+    int status = 0;
+    if (commandLine.scripted())
+        status = runScript(commandLine.scriptPath, out, err);
+    if (status == 0 && !saveScreenshots(commandLine.screenshots, err))
+        status = 1;
+    if (!commandLine.scripted() && commandLine.screenshots.isEmpty()) {
+        qlon::Screens().existing(mainScreen)->show();
+        status = application.exec();
+    }
+    qlon::Screens().clear();
+    return status;
+}

@@ -1,0 +1,123 @@
+#include "core/Conversions.h"
+
+#include "core/TextCursor.h"
+
+#include <QByteArray>
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace qlon {
+namespace {
+
+// Converts the plain decimal form built by the readers below; fails for a form without digits
+// and for a magnitude beyond the range of a double.
+std::optional<double> DecimalValue(const QByteArray& number)
+{
+    double value = 0;
+    const auto [end, error] = std::from_chars(number.cbegin(), number.cend(), value);
+    if (error != std::errc() || end != number.cend())
+        return std::nullopt;
+    return value;
+}
+
+QByteArray TakeSign(TextCursor& cursor)
+{
+    return cursor.takeAnyOf(QByteArrayLiteral("+-")) == '-' ? QByteArrayLiteral("-") : QByteArray();
+}
+
+QByteArray TakeGroupedDigits(TextCursor& cursor)
+{
+    QByteArray digits = cursor.takeDigits().toByteArray();
+    while (!digits.isEmpty() && cursor.take(','))
+        digits += cursor.takeDigits();
+    return digits;
+}
+
+// Reads "digits[.digits]" or ".digits" and gives it in plain decimal form, or nothing without a digit.
+QByteArray TakeMantissa(TextCursor& cursor)
+{
+    QByteArray mantissa = TakeGroupedDigits(cursor);
+    if (cursor.take('.'))
+        mantissa += '.' + cursor.takeDigits().toByteArray();
+    return mantissa.size() > mantissa.count('.') ? mantissa : QByteArray();
+}
+
+// Reads an exponent if one stands there; gives "e" and its signed digits, an empty text for none,
+// or nothing when the exponent letter has no digits.
+std::optional<QByteArray> TakeExponent(TextCursor& cursor)
+{
+    if (!cursor.takeAnyOf(QByteArrayLiteral("eE")))
+        return QByteArray();
+    const QByteArray sign = TakeSign(cursor);
+    const QByteArrayView digits = cursor.takeDigits();
+    if (digits.isEmpty())
+        return std::nullopt;
+    return 'e' + sign + digits.toByteArray();
+}
+
+// Appends the next digit, or the first decimal point, to the number; false when neither stands there.
+bool TakeDigitOrFirstPoint(TextCursor& cursor, QByteArray& number)
+{
+    const char next = cursor.peek();
+    if (!TextCursor::isDigit(next) && (next != '.' || number.contains('.')))
+        return false;
+    cursor.take(next);
+    number += next;
+    return true;
+}
+
+double RoundedHalfToEven(double value)
+{
+    const double below = std::floor(value);
+    if (value - below != 0.5)
+        return std::round(value);
+    return std::fmod(below, 2.0) == 0 ? below : below + 1;
+}
+
+} // namespace
+
+double NumericValue(QByteArrayView text)
+{
+    const QByteArrayView blanks(" \t\n");
+    TextCursor cursor(text);
+    cursor.skipAnyOf(blanks);
+    QByteArray number = TakeSign(cursor);
+    do
+        cursor.skipAnyOf(blanks);
+    while (TakeDigitOrFirstPoint(cursor, number));
+    return DecimalValue(number).value_or(0);
+}
+
+std::optional<double> ToNumber(QByteArrayView text)
+{
+    TextCursor cursor(text.trimmed());
+    const bool bracketed = cursor.take('(');
+    QByteArray sign = bracketed ? QByteArrayLiteral("-") : TakeSign(cursor);
+    if (cursor.take('$') && sign.isEmpty())
+        sign = TakeSign(cursor);
+    const QByteArray mantissa = TakeMantissa(cursor);
+    const std::optional<QByteArray> exponent = TakeExponent(cursor);
+    if (mantissa.isEmpty() || !exponent || (bracketed && !cursor.take(')')) || !cursor.atEnd())
+        return std::nullopt;
+    return DecimalValue(sign + mantissa + *exponent);
+}
+
+std::optional<qint32> ToInteger(double value, IntegerWidth width)
+{
+    const double whole = RoundedHalfToEven(value);
+    const double highest = width == IntegerWidth::Bits16 ? std::numeric_limits<qint16>::max()
+                                                         : std::numeric_limits<qint32>::max();
+    if (!(whole >= -highest - 1 && whole <= highest))
+        return std::nullopt;
+    return static_cast<qint32>(whole);
+}
+
+std::optional<qint32> ToInteger(QByteArrayView text, IntegerWidth width)
+{
+    const std::optional<double> value = ToNumber(text);
+    return value ? ToInteger(*value, width) : std::nullopt;
+}
+
+} // namespace qlon

@@ -1,0 +1,164 @@
+#include "core/DateText.h"
+
+#include "core/Format.h"
+#include "core/TextCursor.h"
+
+#include <array>
+
+namespace qlon {
+namespace {
+
+constexpr QByteArrayView Blanks(" \t");
+
+// Where the year, month and day stand among the three numbers of a date.
+struct DateOrder
+{
+    int year;
+    int month;
+    int day;
+};
+
+// Tried in this order; the first that makes a real date wins.
+constexpr std::array<DateOrder, 4> DateOrders{{
+    {2, 0, 1}, // month/day/year
+    {0, 1, 2}, // year/month/day
+    {0, 2, 1}, // year/day/month
+    {2, 1, 0}, // day/month/year
+}};
+
+int FullYear(int year)
+{
+    if (year >= 100)
+        return year;
+    return year < 30 ? 2000 + year : 1900 + year;
+}
+
+std::optional<int> TakeNumber(TextCursor& cursor, qsizetype maxDigits)
+{
+    const QByteArrayView digits = cursor.takeDigits();
+    if (digits.isEmpty() || digits.size() > maxDigits)
+        return std::nullopt;
+    return digits.toInt();
+}
+
+std::optional<std::array<int, 3>> TakeDateNumbers(TextCursor& cursor)
+{
+    std::array<int, 3> numbers{};
+    for (qsizetype index = 0; index < 3; ++index) {
+        const std::optional<int> number = TakeNumber(cursor, 4);
+        if (!number || (index < 2 && !cursor.takeAnyOf("/-.")))
+            return std::nullopt;
+        numbers[index] = *number;
+    }
+    return numbers;
+}
+
+std::optional<QDate> DateInFirstOrder(const std::array<int, 3>& numbers)
+{
+    for (const DateOrder& order : DateOrders) {
+        const QDate date(FullYear(numbers[order.year]), numbers[order.month], numbers[order.day]);
+        if (date.isValid())
+            return date;
+    }
+    return std::nullopt;
+}
+
+// Takes a date if one stands at the cursor; the cursor moves only past a date that reads.
+std::optional<QDate> TakeDate(TextCursor& cursor)
+{
+    TextCursor ahead = cursor;
+    const auto numbers = TakeDateNumbers(ahead);
+    const std::optional<QDate> date = numbers ? DateInFirstOrder(*numbers) : std::nullopt;
+    if (date)
+        cursor = ahead;
+    return date;
+}
+
+// Turns an hour of the twelve-hour clock into one of the day; fails outside 1 to 12.
+std::optional<int> DayHour(int hour, bool afternoon)
+{
+    if (hour < 1 || hour > 12)
+        return std::nullopt;
+    return hour % 12 + (afternoon ? 12 : 0);
+}
+
+// Reads an optional "AM" or "PM" after the time and gives the hour of the day.
+std::optional<int> TakeMeridiemHour(TextCursor& cursor, int hour)
+{
+    cursor.skipAnyOf(Blanks);
+    if (cursor.takeCaseless("am"))
+        return DayHour(hour, false);
+    if (cursor.takeCaseless("pm"))
+        return DayHour(hour, true);
+    return hour;
+}
+
+std::optional<int> TakeSecond(TextCursor& cursor)
+{
+    return cursor.take(':') ? TakeNumber(cursor, 2) : 0;
+}
+
+std::optional<QTime> TakeTime(TextCursor& cursor)
+{
+    const std::optional<int> hour = TakeNumber(cursor, 2);
+    if (!hour || !cursor.take(':'))
+        return std::nullopt;
+    const std::optional<int> minute = TakeNumber(cursor, 2);
+    const std::optional<int> second = minute ? TakeSecond(cursor) : std::nullopt;
+    const std::optional<int> dayHour = second ? TakeMeridiemHour(cursor, *hour) : std::nullopt;
+    if (!dayHour || !QTime::isValid(*dayHour, *minute, *second))
+        return std::nullopt;
+    return QTime(*dayHour, *minute, *second);
+}
+
+struct DateAndTime
+{
+    std::optional<QDate> date;
+    std::optional<QTime> time;
+};
+
+// Reads a whole text as a date, a time, or a date and a blank and a time; fails for anything else.
+std::optional<DateAndTime> ReadDateAndTime(QByteArrayView text)
+{
+    TextCursor cursor(text.trimmed());
+    DateAndTime read;
+    read.date = TakeDate(cursor);
+    if (read.date && !cursor.atEnd() && !cursor.skipAnyOf(Blanks))
+        return std::nullopt;
+    if (!cursor.atEnd()) {
+        read.time = TakeTime(cursor);
+        if (!read.time || !cursor.atEnd())
+            return std::nullopt;
+    }
+    if (!read.date && !read.time)
+        return std::nullopt;
+    return read;
+}
+
+} // namespace
+
+std::optional<QDate> ToDate(QByteArrayView text)
+{
+    const std::optional<DateAndTime> read = ReadDateAndTime(text);
+    return read ? read->date : std::nullopt;
+}
+
+std::optional<QTime> ToTime(QByteArrayView text)
+{
+    const std::optional<DateAndTime> read = ReadDateAndTime(text);
+    if (!read)
+        return std::nullopt;
+    return read->time.value_or(QTime(0, 0));
+}
+
+QByteArray ShortDate(QDate date)
+{
+    return Format(date, "M/D/YYYY");
+}
+
+QByteArray LongTime(QTime time)
+{
+    return Format(time, "H:MM:SS AMPM");
+}
+
+} // namespace qlon

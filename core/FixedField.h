@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+
+namespace qlon {
+
+// Where a fixed text field lies in its record, in bytes.
+struct FieldSpan
+{
+    int offset;
+    int width;
+};
+
+// Blanks only, on both sides: tabs and other white space belong to the text.
+inline QByteArray TrimBlanks(QByteArrayView text)
+{
+    qsizetype first = 0;
+    qsizetype last = text.size();
+    while (first < last && text[first] == ' ')
+        ++first;
+    while (last > first && text[last - 1] == ' ')
+        --last;
+    return text.sliced(first, last - first).toByteArray();
+}
+
+// The text copied from the left, cut at the width or filled up with blanks.
+inline QByteArray PadOrCut(QByteArrayView text, int width)
+{
+    QByteArray field = text.first(qMin<qsizetype>(text.size(), width)).toByteArray();
+    field.append(width - field.size(), ' ');
+    return field;
+}
+
+// The field's bytes as they stand, blanks included.
+inline QByteArray ReadFixed(QByteArrayView record, FieldSpan span)
+{
+    return record.sliced(span.offset, span.width).toByteArray();
+}
+
+inline QByteArray ReadTrimmed(QByteArrayView record, FieldSpan span)
+{
+    return TrimBlanks(record.sliced(span.offset, span.width));
+}
+
+inline void WriteFixed(QByteArray &record, FieldSpan span, QByteArrayView text)
+{
+    record.replace(span.offset, span.width, PadOrCut(text, span.width));
+}
+
+} // namespace qlon

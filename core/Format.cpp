@@ -1,0 +1,244 @@
+#include "core/Format.h"
+
+#include "core/Conversions.h"
+
+#include <QLocale>
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace qlon {
+namespace {
+
+// A number rounded to some decimal places, as digits: the whole part without leading zeros and the
+// fraction without trailing zeros, so that zero has no digits at all.
+struct DecimalDigits
+{
+    bool negative = false;
+    QByteArray whole;
+    QByteArray fraction;
+};
+
+// The shortest decimal text that reads back as the magnitude, so that a stored 1.005 rounds as written.
+QByteArray ShortestDecimal(double magnitude)
+{
+    std::array<char, 400> buffer; // room for any finite double written out in full
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::fixed).ptr;
+    return QByteArray(buffer.data(), end - buffer.data());
+}
+
+void AddOneInLastPlace(QByteArray& digits)
+{
+    qsizetype at = digits.size();
+    while (at > 0 && digits.at(at - 1) == '9')
+        digits[--at] = '0';
+    if (at == 0)
+        digits.prepend('1');
+    else
+        ++digits[at - 1];
+}
+
+QByteArray WithoutLeadingZeros(const QByteArray& digits)
+{
+    qsizetype start = 0;
+    while (start < digits.size() && digits.at(start) == '0')
+        ++start;
+    return digits.sliced(start);
+}
+
+QByteArray WithoutTrailingZeros(const QByteArray& digits)
+{
+    qsizetype end = digits.size();
+    while (end > 0 && digits.at(end - 1) == '0')
+        --end;
+    return digits.first(end);
+}
+
+DecimalDigits Rounded(double value, qsizetype places)
+{
+    const QByteArray text = ShortestDecimal(std::abs(value));
+    const qsizetype point = text.contains('.') ? text.indexOf('.') : text.size();
+    const QByteArray fraction = text.sliced(qMin(point + 1, text.size()));
+    QByteArray digits = text.first(point) + fraction.leftJustified(places, '0', true);
+    if (fraction.size() > places && fraction.at(places) >= '5')
+        AddOneInLastPlace(digits);
+    DecimalDigits rounded;
+    rounded.whole = WithoutLeadingZeros(digits.chopped(places));
+    rounded.fraction = WithoutTrailingZeros(digits.last(places));
+    rounded.negative = value < 0 && !(rounded.whole.isEmpty() && rounded.fraction.isEmpty());
+    return rounded;
+}
+
+QByteArray Grouped(QByteArray digits)
+{
+    for (qsizetype at = digits.size() - 3; at > 0; at -= 3)
+        digits.insert(at, ',');
+    return digits;
+}
+
+// Walks the pattern behind the decimal point: a "#" takes the next decimal, anything else is written
+// as it stands, and the walk ends with the decimals.
+QByteArray FractionText(const QByteArray& fraction, QByteArrayView pattern)
+{
+    QByteArray text;
+    qsizetype next = 0;
+    for (qsizetype at = 0; at < pattern.size() && next < fraction.size(); ++at)
+        text += pattern.at(at) == '#' ? fraction.at(next++) : pattern.at(at);
+    return text;
+}
+
+QByteArray Digits(int number, qsizetype length)
+{
+    const QByteArray digits = QByteArray::number(number);
+    return length >= 2 ? digits.rightJustified(2, '0') : digits;
+}
+
+QByteArray MonthText(QDate date, qsizetype length)
+{
+    if (length <= 2)
+        return Digits(date.month(), length);
+    const auto form = length == 3 ? QLocale::ShortFormat : QLocale::LongFormat;
+    return QLocale::c().monthName(date.month(), form).toLatin1();
+}
+
+QByteArray DayText(QDate date, qsizetype length)
+{
+    if (length <= 2)
+        return Digits(date.day(), length);
+    const auto form = length == 3 ? QLocale::ShortFormat : QLocale::LongFormat;
+    return QLocale::c().dayName(date.dayOfWeek(), form).toLatin1();
+}
+
+QByteArray YearText(QDate date, qsizetype length)
+{
+    return length >= 3 ? QByteArray::number(date.year()) : Digits(date.year() % 100, 2);
+}
+
+QByteArray HourText(QTime time, qsizetype length, bool twelveHour)
+{
+    return Digits(twelveHour ? (time.hour() + 11) % 12 + 1 : time.hour(), length);
+}
+
+QByteArray MeridiemText(QTime time)
+{
+    return time.hour() < 12 ? QByteArrayLiteral("AM") : QByteArrayLiteral("PM");
+}
+
+qsizetype RunLength(QByteArrayView text, qsizetype start)
+{
+    qsizetype end = start;
+    while (end < text.size() && text.at(end) == text.at(start))
+        ++end;
+    return end - start;
+}
+
+// One date-time pattern being written out; the pattern is held in capitals for telling its tokens.
+class DateTimeWriter
+{
+public:
+    DateTimeWriter(QDate date, QTime time, QByteArrayView pattern)
+        : m_date(date), m_time(time), m_pattern(pattern), m_tokens(pattern.toByteArray().toUpper()),
+          m_twelveHour(m_tokens.contains(s_meridiem))
+    {
+    }
+
+    QByteArray text()
+    {
+        QByteArray text;
+        for (qsizetype at = 0; at < m_tokens.size();)
+            at += writeNext(at, text);
+        return text;
+    }
+
+private:
+    static constexpr QByteArrayView s_meridiem{"AMPM"};
+    static constexpr QByteArrayView s_fieldLetters{"MDYHS"};
+
+    // Writes the token or character that starts at the position and gives its length.
+    qsizetype writeNext(qsizetype at, QByteArray& text)
+    {
+        if (m_tokens.sliced(at).startsWith(s_meridiem)) {
+            text += MeridiemText(m_time);
+            return s_meridiem.size();
+        }
+        const char letter = m_tokens.at(at);
+        if (!s_fieldLetters.contains(letter)) {
+            text += m_pattern.at(at);
+            return 1;
+        }
+        const qsizetype length = RunLength(m_tokens, at);
+        text += fieldText(letter, length);
+        m_afterHour = letter == 'H';
+        return length;
+    }
+
+    QByteArray fieldText(char letter, qsizetype length) const
+    {
+        switch (letter) {
+        case 'M':
+            return m_afterHour ? Digits(m_time.minute(), length) : MonthText(m_date, length);
+        case 'D':
+            return DayText(m_date, length);
+        case 'Y':
+            return YearText(m_date, length);
+        case 'H':
+            return HourText(m_time, length, m_twelveHour);
+        default:
+            return Digits(m_time.second(), length);
+        }
+    }
+
+    QDate m_date;
+    QTime m_time;
+    QByteArrayView m_pattern;
+    QByteArray m_tokens;
+    bool m_twelveHour;
+    bool m_afterHour = false;
+};
+
+} // namespace
+
+QByteArray Format(double value, QByteArrayView pattern)
+{
+    const qsizetype point = pattern.contains('.') ? pattern.indexOf('.') : pattern.size();
+    const QByteArrayView fractionPattern = pattern.sliced(qMin(point + 1, pattern.size()));
+    const DecimalDigits number = Rounded(value, fractionPattern.count('#'));
+    QByteArray text = number.negative ? QByteArrayLiteral("-") : QByteArray();
+    text += pattern.first(point).contains(',') ? Grouped(number.whole) : number.whole;
+    if (point < pattern.size())
+        text += '.' + FractionText(number.fraction, fractionPattern);
+    return text;
+}
+
+QByteArray Format(const QDateTime& value, QByteArrayView pattern)
+{
+    return DateTimeWriter(value.date(), value.time(), pattern).text();
+}
+
+QByteArray Format(QDate value, QByteArrayView pattern)
+{
+    return DateTimeWriter(value, QTime(0, 0), pattern).text();
+}
+
+// A lone time stands on the old platform's day zero, 30 December 1899.
+QByteArray Format(QTime value, QByteArrayView pattern)
+{
+    return DateTimeWriter(QDate(1899, 12, 30), value, pattern).text();
+}
+
+QByteArray Currency(double value)
+{
+    const DecimalDigits cents = Rounded(value, 2);
+    const QByteArray whole = cents.whole.isEmpty() ? QByteArrayLiteral("0") : cents.whole;
+    const QByteArray amount = '$' + Grouped(whole) + '.' + cents.fraction.leftJustified(2, '0');
+    return cents.negative ? '(' + amount + ')' : amount;
+}
+
+std::optional<QByteArray> Currency(QByteArrayView text)
+{
+    const std::optional<double> value = ToNumber(text);
+    return value ? std::optional<QByteArray>(Currency(*value)) : std::nullopt;
+}
+
+} // namespace qlon

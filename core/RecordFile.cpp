@@ -1,0 +1,49 @@
+#include "core/RecordFile.h"
+
+#include "core/FixedField.h"
+
+namespace qlon {
+
+qint64 RoundedQuotient(qint64 dividend, qint64 divisor)
+{
+    const qint64 quotient = dividend / divisor;
+    const qint64 twiceRemainder = 2 * (dividend % divisor);
+    if (twiceRemainder > divisor || (twiceRemainder == divisor && quotient % 2 == 1))
+        return quotient + 1;
+    return quotient;
+}
+
+RecordFile::RecordFile(const QString &hostPath, int recordSize)
+    : SiteFile(hostPath)
+    , m_recordSize(recordSize)
+{
+}
+
+qint32 RecordFile::CountRecords() const
+{
+    return static_cast<qint32>(RoundedQuotient(size(), m_recordSize));
+}
+
+qint64 RecordFile::positionOf(qint64 number) const
+{
+    if (number < 1)
+        throw RuntimeError(RuntimeError::BadRecordNumber, hostPath());
+    return (number - 1) * m_recordSize;
+}
+
+QByteArray RecordFile::GetRecord(qint64 number)
+{
+    QByteArray record;
+    if (file().seek(positionOf(number)))
+        record = file().read(m_recordSize);
+    return PadOrCut(record, m_recordSize);
+}
+
+void RecordFile::PutRecord(qint64 number, QByteArrayView record)
+{
+    const QByteArray bytes = PadOrCut(record, m_recordSize);
+    if (!file().seek(positionOf(number)) || file().write(bytes) != bytes.size())
+        throw RuntimeError(RuntimeError::PermissionDenied, hostPath());
+}
+
+} // namespace qlon

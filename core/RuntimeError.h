@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QString>
+
+#include <exception>
+
+namespace qlon {
+
+// A failure that the program doesn't handle: it ends the program with the platform's error
+// text, unless a region that passes over failures catches it.
+class RuntimeError : public std::exception
+{
+public:
+    enum Number {
+        SubscriptOutOfRange = 9,
+        TypeMismatch = 13,
+        BadFileNameOrNumber = 52,
+        FileNotFound = 53,
+        FileAlreadyOpen = 55,
+        InputPastEndOfFile = 62,
+        BadRecordNumber = 63,
+        PermissionDenied = 70,
+        PathFileAccessError = 75,
+        PathNotFound = 76,
+        InvalidPropertyValue = 380,
+    };
+
+    explicit RuntimeError(Number number, QString detail = {});
+
+    Number number() const { return m_number; }
+    // The platform's text for the number, such as "Permission denied".
+    QString description() const;
+    // What the user is shown: "Run-time error '70':" and the description.
+    QString message() const;
+    // Where it happened, for standard error: usually the file's path.
+    const QString &detail() const { return m_detail; }
+
+    const char *what() const noexcept override { return "qlon::RuntimeError"; }
+
+private:
+    Number m_number;
+    QString m_detail;
+};
+
+} // namespace qlon

@@ -1,0 +1,49 @@
+#include "core/SiteFile.h"
+
+#include "platform/FileLock.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace qlon {
+
+SiteFile::SiteFile(const QString &hostPath, QIODevice::OpenMode mode)
+    : m_file(hostPath)
+{
+    if (!m_file.open(mode))
+        failToOpen(mode);
+}
+
+SiteFile::SiteFile(const QString &hostPath)
+    : m_file(hostPath)
+{
+    if (m_file.open(QIODevice::ReadWrite))
+        return;
+    if (!m_file.exists() || !m_file.open(QIODevice::ReadOnly))
+        failToOpen(QIODevice::ReadWrite);
+}
+
+void SiteFile::failToOpen(QIODevice::OpenMode mode) const
+{
+    const QFileInfo info(m_file.fileName());
+    if (!info.dir().exists())
+        throw RuntimeError(RuntimeError::PathNotFound, info.filePath());
+    if (!info.exists() && !mode.testFlag(QIODevice::WriteOnly))
+        throw RuntimeError(RuntimeError::FileNotFound, info.filePath());
+    if (m_file.error() == QFileDevice::OpenError && info.isDir())
+        throw RuntimeError(RuntimeError::PathFileAccessError, info.filePath());
+    throw RuntimeError(RuntimeError::PermissionDenied, info.filePath());
+}
+
+void SiteFile::LockAll()
+{
+    if (!FileLock::lockWhole(m_file))
+        throw RuntimeError(RuntimeError::PermissionDenied, m_file.fileName());
+}
+
+void SiteFile::UnlockAll()
+{
+    FileLock::unlockWhole(m_file);
+}
+
+} // namespace qlon

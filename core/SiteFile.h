@@ -1,0 +1,40 @@
+#pragma once
+
+#include "core/RuntimeError.h"
+
+#include <QFile>
+
+namespace qlon {
+
+// An open file of the site: the common ground of record files and text files.
+class SiteFile
+{
+public:
+    virtual ~SiteFile() = default;
+    SiteFile(const SiteFile &) = delete;
+    SiteFile &operator=(const SiteFile &) = delete;
+
+    // A lock on the whole file against all other access; a file held elsewhere fails with
+    // "Permission denied".
+    void LockAll();
+    void UnlockAll();
+
+    qint64 size() const { return m_file.size(); }
+    QString hostPath() const { return m_file.fileName(); }
+    void close() { m_file.close(); }
+
+protected:
+    SiteFile(const QString &hostPath, QIODevice::OpenMode mode);
+    // A random file opens for reading and writing, or for reading alone when that is all the
+    // file allows; a missing file is created.
+    explicit SiteFile(const QString &hostPath);
+
+    QFile &file() { return m_file; }
+
+private:
+    [[noreturn]] void failToOpen(QIODevice::OpenMode mode) const;
+
+    QFile m_file;
+};
+
+} // namespace qlon

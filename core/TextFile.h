@@ -1,0 +1,35 @@
+#pragma once
+
+#include "core/FieldReader.h"
+#include "core/SiteFile.h"
+
+#include <QByteArrayList>
+
+#include <optional>
+
+namespace qlon {
+
+// A sequential text file of the site: read field by field, or written in lines.
+class TextFile : public SiteFile
+{
+public:
+    enum class Mode { Input, Output, Append };
+
+    // Input fails with "File not found" on a missing file; Output empties or creates the file,
+    // Append creates it.
+    TextFile(const QString &hostPath, Mode mode);
+
+    bool AtEnd();
+    QByteArray ReadField();
+
+    // One line of the texts, each in double quotes, separated by commas. A quote inside a
+    // text is written as it stands: such a value can't be read back whole.
+    void WriteFields(const QByteArrayList &texts);
+    // The text and a line end, without quotes.
+    void PrintLine(QByteArrayView text);
+
+private:
+    std::optional<FieldReader> m_reader;
+};
+
+} // namespace qlon

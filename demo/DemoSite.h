@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+namespace qlon {
+
+// Writes a demonstration site into `driveFolder`, the host folder that drive C: stands for:
+// C:\Quillon\QlonINI.dat, data\ListbuilderINI.dat starting on the week before `today`,
+// data\Departments.dat, and the empty Temp folder that the rebuild writes into.
+// Existing files of the same names are replaced.
+void WriteDemoSite(const QString &driveFolder, QDate today);
+
+} // namespace qlon

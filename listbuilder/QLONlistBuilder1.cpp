@@ -1,0 +1,355 @@
+#include "listbuilder/QLONlistBuilder1.h"
+
+#include "core/Ansi.h"
+#include "core/Clock.h"
+#include "core/DateText.h"
+#include "core/ErrorIgnoring.h"
+#include "core/FileTable.h"
+#include "core/FixedField.h"
+#include "core/HostPath.h"
+#include "platform/InstanceGuard.h"
+#include "platform/ui/Dialogs.h"
+#include "platform/ui/MList.h"
+#include "platform/ui/Program.h"
+#include "platform/ui/VbComboBox.h"
+#include "store/Departments.h"
+#include "store/ProgramGlobals.h"
+#include "store/SiteConfig.h"
+#include "store/StartDates.h"
+
+#include <QButtonGroup>
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace qlon {
+
+namespace {
+
+const QString alreadyRunningText = QStringLiteral(
+    "List Builder is already running, You will need to run your task manager and end all prior instances of it or "
+    "reboot this computer. Should you decide to reboot - after restart you must reboot all the other stations "
+    "connected to this file server.");
+
+template <typename Control>
+Control *named(Control *control, const QString &name)
+{
+    control->setObjectName(name);
+    return control;
+}
+
+QPushButton *button(QWidget *parent, const QString &name, const QString &caption, const QString &toolTip = {})
+{
+    auto *created = named(new QPushButton(caption, parent), name);
+    created->setToolTip(toolTip);
+    return created;
+}
+
+QLabel *label(QWidget *parent, const QString &name, const QString &caption)
+{
+    return named(new QLabel(caption, parent), name);
+}
+
+QString arrayName(const char *name, int index)
+{
+    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
+}
+
+void showScreen(const QString &name)
+{
+    if (QWidget *screen = Screens().touch(name))
+        screen->show();
+}
+
+} // namespace
+
+QLONlistBuilder1::QLONlistBuilder1(QWidget *parent)
+    : QWidget(parent)
+{
+    setWindowTitle(QStringLiteral("Items Sold"));
+    createControls();
+    layOutControls();
+    connectHandlers();
+}
+
+void QLONlistBuilder1::createControls()
+{
+    MList1 = named(new MList(this), QStringLiteral("MList1"));
+    MList1->setColumns({{QStringLiteral("Item"), 150}, {QStringLiteral("Type"), 60}, {QStringLiteral("Price"), 75},
+                        {QStringLiteral("Sold"), 70}, {QStringLiteral("Volume"), 150}, {QStringLiteral("unit"), 40},
+                        {QStringLiteral("Vol"), 40}, {QStringLiteral("Actual"), 20}});
+    MList2 = named(new MList(this), QStringLiteral("MList2"));
+    MList3 = named(new MList(this), QStringLiteral("MList3"));
+    MList4 = named(new MList(this), QStringLiteral("MList4"));
+    for (MList *hidden : {MList2, MList3, MList4})
+        hidden->hide();
+
+    SSFrame1 = named(new QGroupBox(QStringLiteral("Report "), this), QStringLiteral("SSFrame1"));
+    SSOption1 = named(new QRadioButton(QStringLiteral("Food"), SSFrame1), QStringLiteral("SSOption1"));
+    SSOption2 = named(new QRadioButton(QStringLiteral("Bar"), SSFrame1), QStringLiteral("SSOption2"));
+    SSOption3 = named(new QRadioButton(QStringLiteral("Both"), SSFrame1), QStringLiteral("SSOption3"));
+    SSOption5 = named(new QRadioButton(QStringLiteral("Retail"), SSFrame1), QStringLiteral("SSOption5"));
+    SSOption6 = named(new QRadioButton(QStringLiteral("All"), SSFrame1), QStringLiteral("SSOption6"));
+    SSOption7 = named(new QRadioButton(QStringLiteral("Seclect Below"), SSFrame1), QStringLiteral("SSOption7"));
+    Combo1 = named(new VbComboBox(SSFrame1), QStringLiteral("Combo1"));
+    Combo1->setText("More");
+    Command3 = button(SSFrame1, QStringLiteral("Command3"), QStringLiteral("Edit"));
+    SSCommand2 = button(this, QStringLiteral("SSCommand2"), QStringLiteral("Load List"));
+
+    Shape1 = named(new QFrame(this), QStringLiteral("Shape1"));
+    Shape2 = named(new QFrame(this), QStringLiteral("Shape2"));
+    MonthView1 = named(new QCalendarWidget(Shape1), QStringLiteral("MonthView1"));
+    MonthView2 = named(new QCalendarWidget(Shape2), QStringLiteral("MonthView2"));
+    Label2 = label(Shape1, QStringLiteral("Label2"), QStringLiteral("02-02-02"));
+    Label3 = label(Shape2, QStringLiteral("Label3"), QStringLiteral("02-02-02"));
+    SSCommand10 = button(this, QStringLiteral("SSCommand10"), QStringLiteral("Today"));
+    Combo2 = named(new VbComboBox(this), QStringLiteral("Combo2"));
+    Combo2->setText("Combo2");
+    Combo3 = named(new VbComboBox(this), QStringLiteral("Combo3"));
+    Combo3->setText("Combo3");
+
+    SSCommand4 = button(this, QStringLiteral("SSCommand4"), QStringLiteral("Calculate Sales"));
+    Command1 = button(this, QStringLiteral("Command1"), QStringLiteral("Calculate Sales"));
+    SSCommand5 = button(this, QStringLiteral("SSCommand5"), QStringLiteral("Stop"));
+    SSCommand6 = button(this, QStringLiteral("SSCommand6"), QStringLiteral("PRINT"));
+    SSCommand3 = button(this, QStringLiteral("SSCommand3"), QStringLiteral("Remove Items with no Units Sales"));
+    SSCommand7 = button(this, QStringLiteral("SSCommand7"), QStringLiteral("Export Sales"),
+                        QStringLiteral("Export Sales to a comma seperated value file"));
+    SSCommand8 = button(this, QStringLiteral("SSCommand8"), QStringLiteral("Rebuild Items"), QStringLiteral("Build a new list of Items"));
+    SSCommand9 = button(this, QStringLiteral("SSCommand9"), QStringLiteral("Individual Sales"),
+                        QStringLiteral("Build a new list of Items"));
+    SSCommand1 = button(this, QStringLiteral("SSCommand1"), QStringLiteral("Done"));
+    const QString sortCaptions[] = {QStringLiteral("Total Sold"), QStringLiteral("Item Name"), QStringLiteral("Sales Volume"),
+                                    QStringLiteral("No Sort")};
+    for (int index = 0; index < 4; ++index)
+        SSOption4[index] = named(new QRadioButton(sortCaptions[index], this), arrayName("SSOption4", index));
+    SSCheck1 = named(new QCheckBox(QStringLiteral("Don't Show Zero Sales"), this), QStringLiteral("SSCheck1"));
+    Command2 = button(this, QStringLiteral("Command2"), QStringLiteral("Command2"));
+    Command4 = button(this, QStringLiteral("Command4"), QStringLiteral("Command4"));
+
+    const QString captions[] = {QStringLiteral("From "), QStringLiteral("To "), QStringLiteral("Start Time"),
+                                QStringLiteral("End Time"), QStringLiteral("Sort By"), QStringLiteral("Elapsed Time")};
+    for (int index = 0; index < int(Label1.size()); ++index)
+        Label1[index] = label(this, arrayName("Label1", index), captions[index]);
+    Label4[0] = label(this, arrayName("Label4", 0), QStringLiteral("Current"));
+    Label4[1] = label(this, arrayName("Label4", 1), QStringLiteral("Item Count"));
+    Label5 = label(this, QStringLiteral("Label5"), QString());
+    Label6 = label(this, QStringLiteral("Label6"), QString());
+    Label7 = label(this, QStringLiteral("Label7"), QStringLiteral("Label7"));
+    Label8 = label(this, QStringLiteral("Label8"), QStringLiteral("Label8"));
+    Label9 = label(this, QStringLiteral("Label9"), QStringLiteral("Label9"));
+    Label10 = label(this, QStringLiteral("Label10"), QStringLiteral("00:00:00"));
+    Label11 = label(this, QStringLiteral("Label11"), QStringLiteral("Version"));
+    SSPanel3 = named(new QFrame(this), QStringLiteral("SSPanel3"));
+
+    // The first state: nothing loaded yet.
+    SSCommand4->setEnabled(false);
+    SSCommand7->setEnabled(false);
+    SSCommand3->setEnabled(false);
+    SSCommand5->hide();
+    SSCommand6->hide();
+    SSCheck1->hide();
+    Label10->hide();
+    Label1[5]->hide();
+}
+
+void QLONlistBuilder1::layOutControls()
+{
+    auto *reportLayout = new QGridLayout(SSFrame1);
+    const std::array<QRadioButton *, 6> reportOptions = {SSOption1, SSOption2, SSOption3, SSOption5, SSOption6, SSOption7};
+    m_reportOptions = new QButtonGroup(this);
+    for (int index = 0; index < int(reportOptions.size()); ++index) {
+        m_reportOptions->addButton(reportOptions[index]);
+        reportLayout->addWidget(reportOptions[index], index / 2, index % 2);
+    }
+    reportLayout->addWidget(Combo1, 3, 0);
+    reportLayout->addWidget(Command3, 3, 1);
+
+    for (auto [shape, caption, calendar, dateLabel] : {std::tuple{Shape1, Label1[0], MonthView1, Label2},
+                                                       std::tuple{Shape2, Label1[1], MonthView2, Label3}}) {
+        shape->setFrameShape(QFrame::Box);
+        auto *dateLayout = new QVBoxLayout(shape);
+        caption->setParent(shape);
+        dateLayout->addWidget(caption);
+        dateLayout->addWidget(calendar);
+        dateLayout->addWidget(dateLabel);
+    }
+
+    auto *times = new QGridLayout;
+    times->addWidget(Label1[2], 0, 0);
+    times->addWidget(Combo2, 0, 1);
+    times->addWidget(Label1[3], 1, 0);
+    times->addWidget(Combo3, 1, 1);
+    times->addWidget(SSCommand10, 2, 0, 1, 2);
+    times->setRowStretch(3, 1);
+
+    auto *commands = new QVBoxLayout;
+    for (QWidget *command : {static_cast<QWidget *>(SSCommand2), static_cast<QWidget *>(SSCommand4), static_cast<QWidget *>(SSCommand5),
+                             static_cast<QWidget *>(SSCommand6), static_cast<QWidget *>(SSCommand3), static_cast<QWidget *>(SSCommand7),
+                             static_cast<QWidget *>(SSCommand8), static_cast<QWidget *>(SSCommand9), static_cast<QWidget *>(SSCommand1)})
+        commands->addWidget(command);
+    commands->addStretch();
+
+    auto *sorting = new QVBoxLayout;
+    m_sortOptions = new QButtonGroup(this);
+    sorting->addWidget(Label1[4]);
+    for (QRadioButton *option : SSOption4) {
+        m_sortOptions->addButton(option);
+        sorting->addWidget(option);
+    }
+    sorting->addWidget(SSCheck1);
+    sorting->addStretch();
+
+    auto *status = new QHBoxLayout;
+    for (QWidget *part : {static_cast<QWidget *>(Label4[0]), static_cast<QWidget *>(Label6), static_cast<QWidget *>(Label4[1]),
+                          static_cast<QWidget *>(Label5), static_cast<QWidget *>(Label7), static_cast<QWidget *>(Label8),
+                          static_cast<QWidget *>(Label9), static_cast<QWidget *>(Label1[5]), static_cast<QWidget *>(Label10)})
+        status->addWidget(part);
+    status->addStretch();
+    for (QWidget *part : {static_cast<QWidget *>(Label11), static_cast<QWidget *>(Command1), static_cast<QWidget *>(Command2),
+                          static_cast<QWidget *>(Command4), static_cast<QWidget *>(SSPanel3)})
+        status->addWidget(part);
+    SSPanel3->setFrameShape(QFrame::Panel);
+    SSPanel3->setFrameShadow(QFrame::Sunken);
+    SSPanel3->setFixedSize(24, 24);
+
+    auto *screen = new QGridLayout(this);
+    screen->addWidget(SSFrame1, 0, 0);
+    screen->addWidget(Shape1, 0, 1);
+    screen->addWidget(Shape2, 0, 2);
+    screen->addLayout(times, 0, 3);
+    screen->addLayout(commands, 0, 4, 2, 1);
+    screen->addWidget(MList1, 1, 0, 1, 4);
+    screen->addLayout(sorting, 1, 5);
+    screen->addLayout(status, 2, 0, 1, 6);
+    screen->setRowStretch(1, 1);
+}
+
+void QLONlistBuilder1::connectHandlers()
+{
+    OnEvent(Combo1, &VbComboBox::Change, this, [this] { Combo1_Change(); });
+    OnEvent(Combo1, &VbComboBox::Click, this, [this] { Combo1_Change(); });
+    OnEvent(MonthView1, &QCalendarWidget::selectionChanged, this, [this] { MonthView_Click(); });
+    OnEvent(MonthView2, &QCalendarWidget::selectionChanged, this, [this] { MonthView_Click(); });
+    OnEvent(SSCommand10, &QPushButton::clicked, this, [this] { SSCommand10_Click(); });
+    OnEvent(Command3, &QPushButton::clicked, this, [this] { Command3_Click(); });
+    OnEvent(Command2, &QPushButton::clicked, this, [] { showScreen(QStringLiteral("QLONlistBuilder3")); });
+    OnEvent(SSCommand8, &QPushButton::clicked, this, [] { showScreen(QStringLiteral("QlonExit")); });
+    OnEvent(SSCommand1, &QPushButton::clicked, this, [this] { SSCommand1_Click(); });
+}
+
+void QLONlistBuilder1::Form_Load()
+{
+    if (AnotherInstanceRuns()) {
+        Dialogs::showMessage(this, QStringLiteral("Already Running"), alreadyRunningText);
+        EndProgram(1);
+    }
+    Label11->setText(QStringLiteral("Version %1.%2.%3").arg(QLON_VERSION_MAJOR).arg(QLON_VERSION_MINOR).arg(QLON_VERSION_PATCH));
+    ReadConfiguration();
+    // Composed before the worker's load fills in an empty DataRoot, deliberately: a site without
+    // QlonINI.dat looks for its start dates in the working folder, and so doesn't find them.
+    const QString startDatesPath = HostPath(Site().DataRoot + "data\\ListbuilderINI.dat");
+    Screens().touch(QStringLiteral("QLONlistBuilder2"));
+
+    if (!QFileInfo::exists(startDatesPath)) {
+        // The pickers deliberately stay unfilled: Calculate Sales copes with "Combo2" and "Combo3".
+        MonthView1->setSelectedDate(Today());
+        MonthView2->setSelectedDate(Today());
+        showCalendarDates();
+        return;
+    }
+    // From here on a failing statement is left out.
+    StartDates dates;
+    SkipOnFailure([&] {
+        CloseAll();
+        dates = ReadStartDates(startDatesPath);
+    });
+    CloseAll();
+    if (const std::optional<QDate> from = ToDate(dates.from.value_or(QByteArray())))
+        MonthView1->setSelectedDate(*from);
+    if (const std::optional<QDate> to = ToDate(dates.to.value_or(QByteArray())))
+        MonthView2->setSelectedDate(*to);
+    showCalendarDates();
+    EnsureDataRoot();
+    SkipOnFailure([this] { loadDepartments(); });
+    Fill_Times();
+}
+
+void QLONlistBuilder1::loadDepartments()
+{
+    const QString path = HostPath(DataPath("data\\Departments.dat"));
+    if (!QFileInfo::exists(path)) {
+        CloseAll();
+        EnsureDepartmentsFile(path, MainScreenDepartments());
+    }
+    // Blank lines take no position, so Combo1 and CategoryTable stay in step.
+    int position = -1;
+    for (const QByteArray &name : ReadDepartmentNames(path)) {
+        const QByteArray trimmed = TrimBlanks(name);
+        if (trimmed.isEmpty())
+            continue;
+        ++position;
+        Combo1->addEntry(trimmed);
+        SkipOnFailure([&] { Shared().CategoryTable.at(position, 0) = name; });
+    }
+}
+
+void QLONlistBuilder1::Fill_Times()
+{
+    const char *minutes[] = {"00", "10", "15", "20", "25", "30", "35", "40", "45", "50", "55"}; // deliberately no "05"
+    for (const char *halfOfDay : {"am", "pm"}) {
+        for (int hour = 0; hour < 12; ++hour) {
+            const QByteArray hourText = QByteArray::number(hour == 0 ? 12 : hour).rightJustified(2, '0');
+            for (const char *minute : minutes) {
+                const QByteArray line = hourText + ':' + minute + ' ' + halfOfDay;
+                Combo2->addEntry(line);
+                Combo3->addEntry(line);
+            }
+        }
+    }
+    // Deliberately in capitals, and "11:59 PM" is not among the lines.
+    Combo2->setText("12:00 AM");
+    Combo3->setText("11:59 PM");
+}
+
+void QLONlistBuilder1::showCalendarDates()
+{
+    Label2->setText(FromAnsi(ShortDate(MonthView1->selectedDate())));
+    Label3->setText(FromAnsi(ShortDate(MonthView2->selectedDate())));
+}
+
+void QLONlistBuilder1::Combo1_Change()
+{
+    SSOption7->setText(FromAnsi(Combo1->text()));
+}
+
+void QLONlistBuilder1::MonthView_Click()
+{
+    showCalendarDates();
+}
+
+void QLONlistBuilder1::SSCommand10_Click()
+{
+    MonthView1->setSelectedDate(Today());
+    MonthView2->setSelectedDate(Today());
+    showCalendarDates();
+}
+
+void QLONlistBuilder1::Command3_Click()
+{
+    Shared().ScreenMode = "UPCHARGE2";
+    showScreen(QStringLiteral("QlonUpDept"));
+}
+
+void QLONlistBuilder1::SSCommand1_Click()
+{
+    EndProgram(0);
+}
+
+} // namespace qlon

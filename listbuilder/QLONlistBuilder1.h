@@ -1,0 +1,106 @@
+#pragma once
+
+#include "platform/ui/ScreenRegistry.h"
+
+#include <QWidget>
+
+#include <array>
+
+class QButtonGroup;
+class QCalendarWidget;
+class QCheckBox;
+class QFrame;
+class QGroupBox;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+
+namespace qlon {
+
+class MList;
+class VbComboBox;
+
+// The start-up screen, "Items Sold": the manager picks a category, two dates and two times of
+// day, loads the list of items, calculates their sales, sorts, prints or exports the list.
+// Its state lives in its controls, which bear the names by which the rest of the program and
+// the scripts reach them.
+class QLONlistBuilder1 : public QWidget, public LoadedScreen
+{
+    Q_OBJECT
+
+public:
+    explicit QLONlistBuilder1(QWidget *parent = nullptr);
+
+    void Form_Load() override;
+    void Fill_Times();
+
+    // The working list and its hidden scratch lists.
+    MList *MList1;
+    MList *MList2;
+    MList *MList3;
+    MList *MList4;
+
+    QGroupBox *SSFrame1;
+    QRadioButton *SSOption1;
+    QRadioButton *SSOption2;
+    QRadioButton *SSOption3;
+    QRadioButton *SSOption5;
+    QRadioButton *SSOption6;
+    QRadioButton *SSOption7;
+    VbComboBox *Combo1;
+    QPushButton *Command3;
+    QPushButton *SSCommand2;
+
+    QFrame *Shape1;
+    QFrame *Shape2;
+    QCalendarWidget *MonthView1;
+    QCalendarWidget *MonthView2;
+    QLabel *Label2;
+    QLabel *Label3;
+    QPushButton *SSCommand10;
+    VbComboBox *Combo2;
+    VbComboBox *Combo3;
+
+    QPushButton *SSCommand4;
+    QPushButton *Command1;
+    QPushButton *SSCommand5;
+    QPushButton *SSCommand6;
+    QPushButton *SSCommand3;
+    QPushButton *SSCommand7;
+    QPushButton *SSCommand8;
+    QPushButton *SSCommand9;
+    QPushButton *SSCommand1;
+    std::array<QRadioButton *, 4> SSOption4;
+    QCheckBox *SSCheck1;
+    QPushButton *Command2;
+    QPushButton *Command4;
+
+    std::array<QLabel *, 6> Label1;
+    std::array<QLabel *, 2> Label4;
+    QLabel *Label5;
+    QLabel *Label6;
+    QLabel *Label7;
+    QLabel *Label8;
+    QLabel *Label9;
+    QLabel *Label10;
+    QLabel *Label11;
+    QFrame *SSPanel3;
+
+private:
+    void createControls();
+    void layOutControls();
+    void connectHandlers();
+    void showCalendarDates();
+    void loadDepartments();
+
+    void Combo1_Change();
+    void MonthView_Click();
+    void SSCommand10_Click();
+    void Command3_Click();
+    void SSCommand1_Click();
+
+    QButtonGroup *m_reportOptions;
+    QButtonGroup *m_sortOptions;
+};
+
+} // namespace qlon

@@ -1,0 +1,75 @@
+#include "platform/ui/Dialogs.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+
+namespace qlon {
+
+namespace {
+
+QString shownOnOneLine(QString text)
+{
+    return text.replace(QLatin1Char('\r'), QLatin1String("\\r")).replace(QLatin1Char('\n'), QLatin1String("\\n"));
+}
+
+MessageAnswer defaultAnswer(MessageButtons buttons)
+{
+    return buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok;
+}
+
+QMessageBox::StandardButtons standardButtons(MessageButtons buttons)
+{
+    switch (buttons) {
+    case MessageButtons::YesNo: return QMessageBox::Yes | QMessageBox::No;
+    case MessageButtons::OkCancel: return QMessageBox::Ok | QMessageBox::Cancel;
+    case MessageButtons::Ok: break;
+    }
+    return QMessageBox::Ok;
+}
+
+MessageAnswer answerOf(int button)
+{
+    switch (button) {
+    case QMessageBox::Yes: return MessageAnswer::Yes;
+    case QMessageBox::No: return MessageAnswer::No;
+    case QMessageBox::Cancel: return MessageAnswer::Cancel;
+    default: return MessageAnswer::Ok;
+    }
+}
+
+} // namespace
+
+void Dialogs::useScriptedAnswers(QTextStream *out)
+{
+    s_out = out;
+}
+
+MessageAnswer Dialogs::scriptedMessage(const QString &title, const QString &text, MessageButtons buttons)
+{
+    *s_out << "message: " << shownOnOneLine(title) << " | " << shownOnOneLine(text) << Qt::endl;
+    if (s_answers.empty())
+        return defaultAnswer(buttons);
+    const MessageAnswer answer = s_answers.front();
+    s_answers.pop_front();
+    return answer;
+}
+
+MessageAnswer Dialogs::showMessage(QWidget *parent, const QString &title, const QString &text, MessageButtons buttons)
+{
+    if (scripted())
+        return scriptedMessage(title, text, buttons);
+    return answerOf(QMessageBox::information(parent, title, text, standardButtons(buttons)));
+}
+
+QString Dialogs::askSaveFileName(QWidget *parent, const QString &suggestedName, const QString &filter)
+{
+    if (!scripted())
+        return QFileDialog::getSaveFileName(parent, QString(), suggestedName, filter);
+    if (s_saveAs.empty())
+        return {};
+    const QString path = s_saveAs.front();
+    s_saveAs.pop_front();
+    return path;
+}
+
+} // namespace qlon

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+#include <QTextStream>
+
+#include <deque>
+
+class QWidget;
+
+namespace qlon {
+
+enum class MessageButtons { Ok, YesNo, OkCancel };
+enum class MessageAnswer { Ok, Yes, No, Cancel };
+
+// The program's message boxes and file dialogs. On a screen they are Qt's dialogs; when a
+// script drives the program, each one prints what it showed and takes the answer the script
+// gave beforehand, so that no run ever waits for a person.
+class Dialogs
+{
+public:
+    // From here on the dialogs are scripted; their lines go to `out`.
+    static void useScriptedAnswers(QTextStream *out);
+    static bool scripted() { return s_out != nullptr; }
+
+    static void queueAnswer(MessageAnswer answer) { s_answers.push_back(answer); }
+    // A host path, or an empty text for a cancelled dialog.
+    static void queueSaveAs(const QString &hostPath) { s_saveAs.push_back(hostPath); }
+
+    static MessageAnswer showMessage(QWidget *parent, const QString &title, const QString &text,
+                                     MessageButtons buttons = MessageButtons::Ok);
+    // The chosen host path, or an empty text when the user cancels.
+    static QString askSaveFileName(QWidget *parent, const QString &suggestedName, const QString &filter);
+
+private:
+    static MessageAnswer scriptedMessage(const QString &title, const QString &text, MessageButtons buttons);
+
+    static inline QTextStream *s_out = nullptr;
+    static inline std::deque<MessageAnswer> s_answers;
+    static inline std::deque<QString> s_saveAs;
+};
+
+} // namespace qlon

@@ -1,0 +1,78 @@
+#include "platform/ui/Program.h"
+
+#include "core/FileTable.h"
+#include "platform/ui/Dialogs.h"
+
+#include <QTimer>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <utility>
+
+namespace qlon {
+
+namespace {
+int runningHandlers = 0;
+int pendingTimers = 0;
+} // namespace
+
+void EndProgram(int status)
+{
+    CloseAll();
+    std::fflush(stdout);
+    std::fflush(stderr);
+    std::_Exit(status);
+}
+
+void EndWithError(const RuntimeError &error)
+{
+    QTextStream(stderr) << "qlon: " << error.message().simplified()
+                        << (error.detail().isEmpty() ? QString() : QStringLiteral(" (") + error.detail() + QLatin1Char(')'))
+                        << Qt::endl;
+    Dialogs::showMessage(nullptr, ProgramTitle, error.message());
+    EndProgram(1);
+}
+
+void RunHandler(const std::function<void()> &handler)
+{
+    ++runningHandlers;
+    try {
+        handler();
+    } catch (const RuntimeError &error) {
+        EndWithError(error);
+    }
+    --runningHandlers;
+}
+
+int RunningHandlers()
+{
+    return runningHandlers;
+}
+
+void StartOneShot(QObject *context, int milliseconds, const std::function<void()> &handler)
+{
+    ++pendingTimers;
+    auto *timer = new QTimer(context);
+    timer->setSingleShot(true);
+    // A timer whose screen goes before it fires is no longer pending either.
+    auto pending = std::make_shared<bool>(true);
+    const auto settle = [pending] {
+        if (std::exchange(*pending, false))
+            --pendingTimers;
+    };
+    QObject::connect(timer, &QTimer::timeout, context, [timer, handler, settle] {
+        settle();
+        timer->deleteLater();
+        RunHandler(handler);
+    });
+    QObject::connect(timer, &QObject::destroyed, settle);
+    timer->start(milliseconds);
+}
+
+int PendingTimers()
+{
+    return pendingTimers;
+}
+
+} // namespace qlon

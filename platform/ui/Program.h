@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/RuntimeError.h"
+
+#include <QObject>
+
+#include <functional>
+
+namespace qlon {
+
+// The program's title, on its error messages.
+inline const QString ProgramTitle = QStringLiteral("QLONListBuilder");
+
+// Ends the program at once: open files are closed, nothing is asked, nothing else runs.
+[[noreturn]] void EndProgram(int status);
+
+// Shows the platform's text of an error that no one handles, on a message box and on standard
+// error, and ends the program with a non-zero status.
+[[noreturn]] void EndWithError(const RuntimeError &error);
+
+// Runs an event handler of a screen. Handlers may nest, since a long run yields to the event
+// loop; a script waits until none is running.
+void RunHandler(const std::function<void()> &handler);
+int RunningHandlers();
+
+// A one-shot timer of a screen; a script waits until none is pending.
+void StartOneShot(QObject *context, int milliseconds, const std::function<void()> &handler);
+int PendingTimers();
+
+// Connects a signal to a handler that runs through RunHandler.
+template <typename Sender, typename Signal, typename Handler>
+void OnEvent(Sender *sender, Signal signal, QObject *context, Handler handler)
+{
+    QObject::connect(sender, signal, context, [handler] { RunHandler(handler); });
+}
+
+} // namespace qlon

@@ -1,0 +1,52 @@
+#include "platform/ui/ScreenRegistry.h"
+
+namespace qlon {
+
+void ScreenRegistry::add(const QString &name, Factory factory)
+{
+    m_factories[name] = std::move(factory);
+}
+
+QStringList ScreenRegistry::names() const
+{
+    QStringList names;
+    for (const auto &entry : m_factories)
+        names.append(entry.first);
+    return names;
+}
+
+QWidget *ScreenRegistry::touch(const QString &name)
+{
+    if (QWidget *screen = existing(name))
+        return screen;
+    const auto factory = m_factories.find(name);
+    if (factory == m_factories.end())
+        return nullptr;
+    QWidget *screen = factory->second();
+    screen->setObjectName(name);
+    m_screens[name] = screen;
+    if (auto *loaded = dynamic_cast<LoadedScreen *>(screen))
+        loaded->Form_Load();
+    return screen;
+}
+
+QWidget *ScreenRegistry::existing(const QString &name) const
+{
+    const auto screen = m_screens.find(name);
+    return screen == m_screens.end() ? nullptr : screen->second.data();
+}
+
+void ScreenRegistry::clear()
+{
+    for (auto &entry : m_screens)
+        delete entry.second.data();
+    m_screens.clear();
+}
+
+ScreenRegistry &Screens()
+{
+    static ScreenRegistry registry;
+    return registry;
+}
+
+} // namespace qlon

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QIODevice>
+#include <QString>
+#include <QTextStream>
+
+class QWidget;
+
+namespace qlon {
+
+class MList;
+
+// Drives the program from a script, one command a line, by the names of its screens and
+// controls:
+//   click SCREEN.CONTROL          set SCREEN.CONTROL TEXT       pick SCREEN.CONTROL TEXT
+//   get SCREEN.CONTROL [enabled|visible|count|row N|tag N]      rows SCREEN.CONTROL
+//   answer OK|Yes|No|Cancel       save-as PATH|cancel           wait
+//   show SCREEN                   screenshot SCREEN PATH        # a comment
+// Control arrays are named with their index: SSOption4(2).
+class ScriptRunner
+{
+public:
+    enum Status { Completed = 0, BadLine = 2 };
+
+    ScriptRunner(QTextStream &out, QTextStream &err);
+
+    Status run(QIODevice &script);
+
+    // Saves a picture of the screen as a PNG; false when it can't be written.
+    static bool saveScreenshot(QWidget *screen, const QString &path);
+
+private:
+    // An empty text when the line ran; otherwise what was wrong with it.
+    QString execute(const QString &line);
+    QString executeOnControl(const QString &command, const QString &target, const QString &rest);
+
+    void printRows(const MList *list);
+
+    QTextStream &m_out;
+    QTextStream &m_err;
+};
+
+} // namespace qlon

@@ -1,0 +1,53 @@
+#include "store/Departments.h"
+
+#include "core/TextFile.h"
+
+#include <QFileInfo>
+
+namespace qlon {
+
+QByteArrayList MainScreenDepartments()
+{
+    return {"Food", "Beverage", "Catering", "Speicals", "Retail", "Gift Card", "All"};
+}
+
+QByteArrayList ItemEditorDepartments()
+{
+    return MainScreenDepartments();
+}
+
+QByteArrayList ItemsSoldDepartments()
+{
+    return QByteArrayList{"All"} + MainScreenDepartments();
+}
+
+QByteArrayList DepartmentsEditorDepartments()
+{
+    return ItemsSoldDepartments() + QByteArrayList{"Liquor", "Beer", "Wine"};
+}
+
+bool EnsureDepartmentsFile(const QString &hostPath, const QByteArrayList &defaults)
+{
+    if (QFileInfo::exists(hostPath))
+        return false;
+    WriteDepartmentNames(hostPath, defaults);
+    return true;
+}
+
+QByteArrayList ReadDepartmentNames(const QString &hostPath, qsizetype limit)
+{
+    TextFile file(hostPath, TextFile::Mode::Input);
+    QByteArrayList names;
+    while (!file.AtEnd() && names.size() != limit)
+        names.append(file.ReadField());
+    return names;
+}
+
+void WriteDepartmentNames(const QString &hostPath, const QByteArrayList &rows)
+{
+    TextFile file(hostPath, TextFile::Mode::Output);
+    for (const QByteArray &row : rows)
+        file.WriteFields({row});
+}
+
+} // namespace qlon

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "core/RuntimeError.h"
+
+#include <QByteArray>
+
+#include <array>
+
+namespace qlon {
+
+// The table of department values, row i for position i of the main screen's department
+// picker. Calculate Sales uses columns 0 to 2, the server screen columns 1 to 3.
+class CategoryValues
+{
+public:
+    static constexpr int rowCount = 111;
+    static constexpr int columnCount = 4;
+
+    // A position outside the table raises "Subscript out of range".
+    QByteArray &at(int row, int column);
+    void clear() { m_cells = {}; }
+
+private:
+    std::array<std::array<QByteArray, columnCount>, rowCount> m_cells;
+};
+
+// The state that screens share and leave for one another.
+struct ProgramGlobals
+{
+    // The word by which a screen tells another who opened it, or that a stop is asked.
+    QByteArray ScreenMode;
+    CategoryValues CategoryTable;
+    // The list row that Calculate Sales works on.
+    qint32 CurrentRow = 0;
+};
+
+ProgramGlobals &Shared();
+
+} // namespace qlon

@@ -1,0 +1,188 @@
+// The program driven end to end through its scripting mode, as a manager's nightly job would.
+#include "core/RecordFile.h"
+#include "demo/DemoSite.h"
+#include "store/IniRec2300.h"
+#include "tests/support/TempSite.h"
+
+#include <QFileInfo>
+#include <QImage>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace qlon {
+namespace {
+
+struct Outcome
+{
+    int status = -1;
+    QString out;
+    QString err;
+    QStringList lines() const { return out.split(QLatin1Char('\n'), Qt::SkipEmptyParts); }
+};
+
+class ScriptTest : public ::testing::Test
+{
+protected:
+    QStringList arguments(const QStringList &extra = {}) const
+    {
+        return QStringList{QStringLiteral("--drive"), QStringLiteral("C=") + site.driveFolder(), QStringLiteral("--today"),
+                           QStringLiteral("2026-11-23"), QStringLiteral("--script"), QStringLiteral("-")}
+            + extra;
+    }
+
+    Outcome run(const QString &script, const QStringList &extra = {}) const
+    {
+        QProcess process;
+        process.start(QStringLiteral(QLON_PROGRAM), arguments(extra));
+        process.write(script.toUtf8());
+        process.closeWriteChannel();
+        Outcome result;
+        if (!process.waitForFinished(60000))
+            return result;
+        result.status = process.exitCode();
+        result.out = QString::fromUtf8(process.readAllStandardOutput());
+        result.err = QString::fromUtf8(process.readAllStandardError());
+        return result;
+    }
+
+    void writeDemoSite() const { WriteDemoSite(site.driveFolder(), QDate(2026, 11, 23)); }
+
+    test::TempSite site;
+};
+
+TEST_F(ScriptTest, WithoutStartDatesThePickersStayUnfilled)
+{
+    site.write(QStringLiteral("Quillon/QlonINI.dat"), IniRec2300().bytes());
+    const Outcome result = run(QStringLiteral("get QLONlistBuilder1.Combo1\nget QLONlistBuilder1.Combo1 count\n"
+                                          "get QLONlistBuilder1.Combo2\nget QLONlistBuilder1.Combo2 count\n"
+                                          "get QLONlistBuilder1.Combo3\nget QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\n"
+                                          "get QLONlistBuilder1.Label11\n"));
+    EXPECT_EQ(result.status, 0) << result.err.toStdString();
+    EXPECT_EQ(result.lines(), (QStringList{QStringLiteral("More"), QStringLiteral("0"), QStringLiteral("Combo2"), QStringLiteral("0"),
+                                           QStringLiteral("Combo3"), QStringLiteral("11/23/2026"), QStringLiteral("11/23/2026"),
+                                           QStringLiteral("Version 1.0.0")}));
+}
+
+TEST_F(ScriptTest, TheDemoSiteComesUpInTheFirstState)
+{
+    writeDemoSite();
+    const Outcome result = run(QStringLiteral(
+        "get QLONlistBuilder1.Combo1\nget QLONlistBuilder1.Combo1 count\nget QLONlistBuilder1.Combo1 row 2\n"
+        "get QLONlistBuilder1.SSOption7\nget QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\n"
+        "get QLONlistBuilder1.Combo2\nget QLONlistBuilder1.Combo3\nget QLONlistBuilder1.Combo2 count\n"
+        "get QLONlistBuilder1.Combo2 row 10\nget QLONlistBuilder1.Combo2 row 11\nget QLONlistBuilder1.Combo3 row 263\n"
+        "get QLONlistBuilder1.SSCommand4 enabled\nget QLONlistBuilder1.SSCommand5 visible\nget QLONlistBuilder1.SSCommand6 visible\n"
+        "get QLONlistBuilder1.SSCommand7 enabled\nget QLONlistBuilder1.SSCommand3 enabled\nget QLONlistBuilder1.SSCommand2 enabled\n"
+        "get QLONlistBuilder1.MList1 count\nget QLONlistBuilder1.MList2 visible\nget QLONlistBuilder1.SSCommand7\n"
+        "get QLONlistBuilder2.Label2\nget QLONlistBuilder2 visible\n"));
+    ASSERT_EQ(result.status, 0) << result.err.toStdString();
+    EXPECT_EQ(result.lines(),
+              (QStringList{QStringLiteral("More"), QStringLiteral("8"), QStringLiteral("Liquor"), QStringLiteral("Seclect Below"),
+                           QStringLiteral("11/16/2026"), QStringLiteral("11/22/2026"), QStringLiteral("12:00 AM"),
+                           QStringLiteral("11:59 PM"), QStringLiteral("264"), QStringLiteral("12:55 am"), QStringLiteral("01:00 am"),
+                           QStringLiteral("11:55 pm"), QStringLiteral("false"), QStringLiteral("false"), QStringLiteral("false"),
+                           QStringLiteral("false"), QStringLiteral("false"), QStringLiteral("true"), QStringLiteral("0"),
+                           QStringLiteral("false"), QStringLiteral("Export Sales"), QStringLiteral("Loading"), QStringLiteral("false")}));
+}
+
+TEST_F(ScriptTest, TheHourListsHaveNoFiveMinuteLine)
+{
+    writeDemoSite();
+    QString script;
+    for (int row = 0; row < 264; ++row)
+        script += QStringLiteral("get QLONlistBuilder1.Combo3 row %1\n").arg(row);
+    const QStringList lines = run(script).lines();
+    ASSERT_EQ(lines.size(), 264);
+    EXPECT_EQ(lines.filter(QStringLiteral(":05")).size(), 0);
+    EXPECT_EQ(lines.filter(QStringLiteral(" pm")).size(), 132);
+    EXPECT_EQ(lines.first(), QStringLiteral("12:00 am"));
+}
+
+TEST_F(ScriptTest, PickersAndButtonsDoWhatTheUserSees)
+{
+    writeDemoSite();
+    const Outcome result = run(QStringLiteral("pick QLONlistBuilder1.Combo1 Retail\nget QLONlistBuilder1.SSOption7\n"
+                                          "set QLONlistBuilder1.Combo1 Wine\nget QLONlistBuilder1.SSOption7\n"
+                                          "set QLONlistBuilder1.MonthView1 02/29/2024\nget QLONlistBuilder1.Label2\n"
+                                          "get QLONlistBuilder1.Label3\nclick QLONlistBuilder1.SSCommand10\n"
+                                          "get QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\n"
+                                          "click QLONlistBuilder1.SSOption4(2)\nget QLONlistBuilder1.SSOption4(2)\n"
+                                          "click QLONlistBuilder1.SSCommand1\nget QLONlistBuilder1.Label2\n"));
+    EXPECT_EQ(result.status, 0) << result.err.toStdString();
+    EXPECT_EQ(result.lines(), (QStringList{QStringLiteral("Retail"), QStringLiteral("Wine"), QStringLiteral("2/29/2024"),
+                                           QStringLiteral("11/22/2026"), QStringLiteral("11/23/2026"), QStringLiteral("11/23/2026"),
+                                           QStringLiteral("Sales Volume")}))
+        << "Done ends the program at once: the last line never runs";
+}
+
+TEST_F(ScriptTest, ABadLineStopsTheScriptNamingTheLine)
+{
+    writeDemoSite();
+    const struct
+    {
+        const char *line;
+        const char *complaint;
+    } cases[] = {
+        {"get QLONlistBuilder1.NoSuchControl", "unknown control"},
+        {"get NoSuchScreen.Label2", "unknown screen"},
+        {"frobnicate QLONlistBuilder1.Label2", "unknown command"},
+        {"get QLONlistBuilder1.MList1 row 3", "has no row"},
+        {"click QLONlistBuilder1.Label2", "can't be clicked"},
+        {"pick QLONlistBuilder1.Combo1 Nothing Like It", "has no entry"},
+    };
+    for (const auto &test : cases) {
+        const Outcome result = run(QStringLiteral("# a comment\n\nget QLONlistBuilder1.Label11\n") + QLatin1String(test.line) +
+                               QStringLiteral("\nget QLONlistBuilder1.Label11\n"));
+        EXPECT_EQ(result.status, 2) << test.line;
+        EXPECT_EQ(result.lines().size(), 1) << test.line;
+        EXPECT_TRUE(result.err.contains(QStringLiteral("line 4"))) << result.err.toStdString();
+        EXPECT_TRUE(result.err.contains(QLatin1String(test.complaint))) << result.err.toStdString();
+    }
+}
+
+TEST_F(ScriptTest, ASecondInstanceIsRefused)
+{
+    writeDemoSite();
+    QProcess first;
+    first.start(QStringLiteral(QLON_PROGRAM), arguments());
+    ASSERT_TRUE(first.waitForStarted());
+    first.write("get QLONlistBuilder1.Label11\n");
+    ASSERT_TRUE(first.waitForReadyRead(30000)) << "the first instance never came up";
+
+    const Outcome second = run(QStringLiteral("get QLONlistBuilder1.Label11\n"));
+    EXPECT_EQ(second.status, 1);
+    EXPECT_EQ(second.lines(),
+              QStringList{QStringLiteral(
+                  "message: Already Running | List Builder is already running, You will need to run your task manager and end all "
+                  "prior instances of it or reboot this computer. Should you decide to reboot - after restart you must reboot all "
+                  "the other stations connected to this file server.")});
+    first.closeWriteChannel();
+    EXPECT_TRUE(first.waitForFinished(30000));
+    EXPECT_EQ(first.exitCode(), 0);
+}
+
+TEST_F(ScriptTest, ALockedConfigurationEndsTheProgramWithThePlatformsText)
+{
+    writeDemoSite();
+    RecordFile station(site.hostPath(QStringLiteral("Quillon/QlonINI.dat")), IniRec2300::size);
+    station.LockAll();
+    const Outcome result = run(QStringLiteral("get QLONlistBuilder1.Label11\n"));
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.lines(), QStringList{QStringLiteral("message: QLONListBuilder | Run-time error '70':\\r\\n\\r\\nPermission denied")});
+    EXPECT_TRUE(result.err.contains(QStringLiteral("Permission denied"))) << result.err.toStdString();
+}
+
+TEST_F(ScriptTest, ScreenshotsShowTheScreen)
+{
+    writeDemoSite();
+    const QString picture = site.hostPath(QStringLiteral("main.png"));
+    const Outcome result = run(QString(), {QStringLiteral("--screenshot"), QStringLiteral("QLONlistBuilder1=") + picture});
+    EXPECT_EQ(result.status, 0) << result.err.toStdString();
+    const QImage image(picture);
+    EXPECT_GT(image.width(), 600);
+    EXPECT_GT(image.height(), 300);
+}
+
+} // namespace
+} // namespace qlon

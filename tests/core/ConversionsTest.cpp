@@ -1,0 +1,152 @@
+#include "core/Conversions.h"
+
+#include <gtest/gtest.h>
+
+#include <QByteArray>
+
+#include <cmath>
+#include <limits>
+
+namespace qlon {
+namespace {
+
+TEST(ConversionsTest, NumericValueReadsTheLeadingNumber)
+{
+    const struct
+    {
+        const char* text;
+        double expected;
+    } cases[] = {
+        {"12.50", 12.5},
+        {"12 items", 12},
+        {"1,234.50", 1},
+        {"$12.50", 0},
+        {".", 0},
+        {"", 0},
+        {"   ", 0},
+        {"1 2", 12},
+        {"-3.5x", -3.5},
+        {" \t\n7", 7},
+        {"1\n2\t3", 123},
+        {"- 3", -3},
+        {"+4", 4},
+        {"78.", 78},
+        {".5", 0.5},
+        {"12.123.4", 12.123},
+        {"1.2.3", 1.2},
+        {"-", 0},
+        {"1e3", 1},
+        {"\r5", 0},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(NumericValue(c.text), c.expected) << '"' << c.text << '"';
+}
+
+TEST(ConversionsTest, NumericValueOfANumberBeyondDoubleRangeIsZero)
+{
+    EXPECT_EQ(NumericValue(QByteArray(400, '9')), 0);
+}
+
+TEST(ConversionsTest, ToNumberAcceptsOnlyAWholeNumber)
+{
+    const struct
+    {
+        const char* text;
+        std::optional<double> expected;
+    } cases[] = {
+        {"12", 12},
+        {" 12.5 ", 12.5},
+        {"1,234.50", 1234.5},
+        {"$1,234.50", 1234.5},
+        {"-$3", -3},
+        {"$-3", -3},
+        {"+7", 7},
+        {"(12)", -12},
+        {"($1,234.50)", -1234.5},
+        {"1e3", 1000},
+        {"2.5E-1", 0.25},
+        {".5", 0.5},
+        {"78.", 78},
+        {"0", 0},
+        {".", std::nullopt},
+        {"", std::nullopt},
+        {"   ", std::nullopt},
+        {"12 items", std::nullopt},
+        {"abc", std::nullopt},
+        {"$", std::nullopt},
+        {"-", std::nullopt},
+        {"1e", std::nullopt},
+        {"(12", std::nullopt},
+        {"(-12)", std::nullopt},
+        {",5", std::nullopt},
+        {"1-", std::nullopt},
+        {"1 2", std::nullopt},
+        {"1e999", std::nullopt},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(ToNumber(c.text), c.expected) << '"' << c.text << '"';
+}
+
+TEST(ConversionsTest, ToIntegerRoundsHalvesToEvenWithinTheWidth)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double infinity = std::numeric_limits<double>::infinity();
+    const struct
+    {
+        double value;
+        IntegerWidth width;
+        std::optional<qint32> expected;
+    } cases[] = {
+        {2.5, IntegerWidth::Bits32, 2},
+        {3.5, IntegerWidth::Bits32, 4},
+        {-2.5, IntegerWidth::Bits32, -2},
+        {-3.5, IntegerWidth::Bits32, -4},
+        {0.5, IntegerWidth::Bits32, 0},
+        {1.5, IntegerWidth::Bits32, 2},
+        {2.4999, IntegerWidth::Bits32, 2},
+        {2.6, IntegerWidth::Bits32, 3},
+        {-0.4, IntegerWidth::Bits32, 0},
+        {32767, IntegerWidth::Bits16, 32767},
+        {32767.5, IntegerWidth::Bits16, std::nullopt},
+        {-32768.5, IntegerWidth::Bits16, -32768},
+        {-32769, IntegerWidth::Bits16, std::nullopt},
+        {40000, IntegerWidth::Bits32, 40000},
+        {2147483647, IntegerWidth::Bits32, 2147483647},
+        {2147483647.5, IntegerWidth::Bits32, std::nullopt},
+        {-2147483648.0, IntegerWidth::Bits32, -2147483647 - 1},
+        {nan, IntegerWidth::Bits32, std::nullopt},
+        {infinity, IntegerWidth::Bits32, std::nullopt},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(ToInteger(c.value, c.width), c.expected) << c.value;
+}
+
+TEST(ConversionsTest, ToIntegerOfTextFailsForNonNumbers)
+{
+    const struct
+    {
+        const char* text;
+        IntegerWidth width;
+        std::optional<qint32> expected;
+    } cases[] = {
+        {"2.5", IntegerWidth::Bits32, 2},
+        {" 7 ", IntegerWidth::Bits32, 7},
+        {"1,234", IntegerWidth::Bits16, 1234},
+        {"40000", IntegerWidth::Bits16, std::nullopt},
+        {"40000", IntegerWidth::Bits32, 40000},
+        {".", IntegerWidth::Bits32, std::nullopt},
+        {"", IntegerWidth::Bits32, std::nullopt},
+        {"12 items", IntegerWidth::Bits32, std::nullopt},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(ToInteger(c.text, c.width), c.expected) << '"' << c.text << '"';
+}
+
+TEST(ConversionsTest, ToIntegerWidthDefaultsTo32Bits)
+{
+    EXPECT_EQ(ToInteger(40000.0), 40000);
+    EXPECT_EQ(ToInteger("40000"), 40000);
+}
+
+} // namespace
+} // namespace qlon

@@ -1,0 +1,122 @@
+#include "core/FieldReader.h"
+#include "core/RuntimeError.h"
+#include "core/TextFile.h"
+#include "tests/support/TempSite.h"
+
+#include <QBuffer>
+
+#include <gtest/gtest.h>
+
+namespace qlon {
+namespace {
+
+QByteArrayList readAll(QByteArray text)
+{
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    FieldReader reader(buffer);
+    QByteArrayList fields;
+    while (!reader.AtEnd())
+        fields.append(reader.ReadField());
+    return fields;
+}
+
+struct FieldCase
+{
+    const char *text;
+    QByteArrayList fields;
+};
+
+TEST(FieldReaderTest, ReadsFieldsNotLines)
+{
+    const FieldCase cases[] = {
+        {"\"Burger\",\"12\",\"78.\"\r\n", {"Burger", "12", "78."}},
+        {"Total, 12\r\n", {"Total", "12"}},
+        {"\"06/22/2003\",\"06/24/2003\"", {"06/22/2003", "06/24/2003"}},
+        {"\"06/22/2003\"\r\n\"06/24/2003\"\r\n", {"06/22/2003", "06/24/2003"}},
+        {"\"a, b\",c\n", {"a, b", "c"}},
+        {"\"\"\r\n\"Food\"\r\n", {"", "Food"}},
+        {"  \t\"x\"  junk ,y  \r\n", {"x", "y"}},
+        {"one\rtwo\nthree", {"one", "two", "three"}},
+        {"\"unterminated", {"unterminated"}},
+        {"a,,b", {"a", "", "b"}},
+        {"\"Joe's\"", {"Joe's"}},
+        {"", {}},
+    };
+    for (const FieldCase &test : cases)
+        EXPECT_EQ(readAll(test.text), test.fields) << test.text;
+}
+
+TEST(FieldReaderTest, EightFieldsAcrossABrokenLine)
+{
+    const QByteArray text = "\"03/31/04\",\"2\",\"Burger\"\r\n\"6.50\",\"F\",\"6:05 PM\",\"x\",\"y\"\r\n";
+    EXPECT_EQ(readAll(text).size(), 8);
+}
+
+TEST(FieldReaderTest, ReadingPastTheEndFails)
+{
+    QByteArray text = "\"only\"\r\n";
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    FieldReader reader(buffer);
+    EXPECT_EQ(reader.ReadField(), "only");
+    EXPECT_TRUE(reader.AtEnd());
+    try {
+        reader.ReadField();
+        FAIL() << "no error past the end";
+    } catch (const RuntimeError &error) {
+        EXPECT_EQ(error.number(), RuntimeError::InputPastEndOfFile);
+    }
+}
+
+TEST(FieldReaderTest, ReadsAcrossItsOwnBufferBoundaries)
+{
+    QByteArray text;
+    for (int line = 0; line < 20000; ++line)
+        text += "\"Item " + QByteArray::number(line) + "\",\"" + QByteArray::number(line % 7) + "\"\r\n";
+    const QByteArrayList fields = readAll(text);
+    ASSERT_EQ(fields.size(), 40000);
+    EXPECT_EQ(fields[2 * 12345], "Item 12345");
+    EXPECT_EQ(fields.last(), QByteArray::number(19999 % 7));
+}
+
+TEST(TextFileTest, WritesQuotedFieldsAndPlainLines)
+{
+    test::TempSite site;
+    const QString path = site.hostPath(QStringLiteral("TempItems.dat"));
+    {
+        TextFile file(path, TextFile::Mode::Output);
+        file.WriteFields({"ITEMNAME", "UNITS SOLD", "SALES TOTAL"});
+        file.WriteFields({"", "Caf\xe9"});
+        file.PrintLine("plain, line");
+    }
+    {
+        TextFile file(path, TextFile::Mode::Append);
+        file.WriteFields({"Burger", "12", "78."});
+    }
+    EXPECT_EQ(site.read(QStringLiteral("TempItems.dat")),
+              "\"ITEMNAME\",\"UNITS SOLD\",\"SALES TOTAL\"\r\n\"\",\"Caf\xe9\"\r\nplain, line\r\n\"Burger\",\"12\",\"78.\"\r\n");
+
+    TextFile input(path, TextFile::Mode::Input);
+    EXPECT_EQ(input.ReadField(), "ITEMNAME");
+    EXPECT_THROW(input.PrintLine("x"), RuntimeError);
+}
+
+TEST(TextFileTest, OpeningFailuresCarryThePlatformsNumbers)
+{
+    test::TempSite site;
+    const auto numberOf = [](const QString &path, TextFile::Mode mode) {
+        try {
+            TextFile file(path, mode);
+        } catch (const RuntimeError &error) {
+            return int(error.number());
+        }
+        return 0;
+    };
+    EXPECT_EQ(numberOf(site.hostPath(QStringLiteral("missing.dat")), TextFile::Mode::Input), RuntimeError::FileNotFound);
+    EXPECT_EQ(numberOf(site.hostPath(QStringLiteral("no/folder.dat")), TextFile::Mode::Output), RuntimeError::PathNotFound);
+    EXPECT_EQ(numberOf(site.hostPath(QStringLiteral("new.dat")), TextFile::Mode::Append), 0);
+}
+
+} // namespace
+} // namespace qlon

@@ -1,0 +1,102 @@
+#include "core/FixedField.h"
+#include "core/RecordFile.h"
+#include "tests/support/TempSite.h"
+
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+namespace qlon {
+namespace {
+
+TEST(RecordFileTest, CountRoundsHalvesToEven)
+{
+    struct Case { qint64 bytes; qint64 count; };
+    const Case cases[] = {{0, 0}, {249, 0}, {250, 0}, {251, 1}, {500, 1}, {750, 2}, {1250, 2}, {1750, 4}, {2500, 5}};
+    for (const Case &test : cases)
+        EXPECT_EQ(RoundedQuotient(test.bytes, 500), test.count) << test.bytes;
+    EXPECT_EQ(RoundedQuotient(2500, 1000), 2);
+    EXPECT_EQ(RoundedQuotient(3500, 1000), 4);
+}
+
+TEST(RecordFileTest, OpeningCreatesAnEmptyFile)
+{
+    test::TempSite site;
+    const QString path = site.hostPath(QStringLiteral("TempInv.dat"));
+    RecordFile file(path, 500);
+    EXPECT_TRUE(QFileInfo::exists(path));
+    EXPECT_EQ(file.CountRecords(), 0);
+    EXPECT_EQ(file.GetRecord(1), QByteArray(500, ' '));
+}
+
+TEST(RecordFileTest, RecordsRoundTripByteForByteAndGrowTheFile)
+{
+    test::TempSite site;
+    QByteArray original(500, ' ');
+    for (int index = 0; index < 500; ++index)
+        original[index] = char(index % 256); // every byte value, the undefined ones of the code page too
+    const QString path = site.write(QStringLiteral("items.dat"), original + QByteArray(500, 'b'));
+
+    RecordFile file(path, 500);
+    EXPECT_EQ(file.GetRecord(1), original);
+    file.PutRecord(4, "short");
+    EXPECT_EQ(file.CountRecords(), 4);
+    EXPECT_EQ(file.GetRecord(4), PadOrCut("short", 500));
+    EXPECT_EQ(file.GetRecord(2), QByteArray(500, 'b'));
+    file.PutRecord(2, QByteArray(600, 'x'));
+    file.close();
+
+    const QByteArray bytes = site.read(QStringLiteral("items.dat"));
+    ASSERT_EQ(bytes.size(), 2000);
+    EXPECT_EQ(bytes.first(500), original) << "a record not written stays as it was";
+    EXPECT_EQ(bytes.sliced(500, 500), QByteArray(500, 'x'));
+}
+
+TEST(RecordFileTest, ADamagedFileReadsAsItsRoundedCountSays)
+{
+    test::TempSite site;
+    const QString path = site.write(QStringLiteral("short.dat"), QByteArray(1750, 'a'));
+    RecordFile file(path, 500);
+    ASSERT_EQ(file.CountRecords(), 4);
+    EXPECT_EQ(file.GetRecord(4), QByteArray(250, 'a') + QByteArray(250, ' '));
+    EXPECT_EQ(file.GetRecord(9), QByteArray(500, ' '));
+    EXPECT_THROW(file.GetRecord(0), RuntimeError);
+}
+
+TEST(RecordFileTest, AMissingFolderFailsWithPathNotFound)
+{
+    test::TempSite site;
+    try {
+        RecordFile file(site.hostPath(QStringLiteral("Temp/TempInv.dat")), 500);
+        FAIL() << "opened in a missing folder";
+    } catch (const RuntimeError &error) {
+        EXPECT_EQ(error.number(), RuntimeError::PathNotFound);
+        EXPECT_EQ(error.message(), QStringLiteral("Run-time error '76':\r\n\r\nPath not found"));
+    }
+}
+
+TEST(RecordFileTest, AReadOnlyFileIsReadButNeverWritten)
+{
+    test::TempSite site;
+    const QString path = site.write(QStringLiteral("ro.dat"), QByteArray(500, 'r'));
+    QFile::setPermissions(path, QFileDevice::ReadOwner);
+    if (QFileInfo(path).isWritable())
+        GTEST_SKIP() << "running as a user who may write anything";
+    RecordFile file(path, 500);
+    EXPECT_EQ(file.GetRecord(1), QByteArray(500, 'r'));
+    EXPECT_THROW(file.PutRecord(1, "x"), RuntimeError);
+}
+
+TEST(FixedFieldTest, FieldsAreCutAndFilledWithBlanks)
+{
+    QByteArray record(40, '.');
+    WriteFixed(record, {2, 18}, "Eighteen chars ok!");
+    WriteFixed(record, {20, 18}, "Nineteen characters");
+    WriteFixed(record, {38, 2}, "");
+    EXPECT_EQ(record, "..Eighteen chars ok!Nineteen character  ");
+    EXPECT_EQ(ReadTrimmed(record, {20, 18}), "Nineteen character");
+    EXPECT_EQ(TrimBlanks("  \tx y\t  "), "\tx y\t");
+}
+
+} // namespace
+} // namespace qlon

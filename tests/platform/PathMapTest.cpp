@@ -1,0 +1,85 @@
+#include "platform/PathMap.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace qlon {
+namespace {
+
+void touch(const QString &path)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+}
+
+class PathMapTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(root.isValid());
+        paths.mapDrive(QLatin1Char('c'), root.path());
+        touch(root.filePath(QStringLiteral("Quillon/data/LiqModifiers.dat")));
+        touch(root.filePath(QStringLiteral("Quillon/Temp/TempInv.dat")));
+    }
+
+    QTemporaryDir root;
+    PathMap paths;
+};
+
+TEST_F(PathMapTest, FindsEveryNameWithoutRegardToCase)
+{
+    const QString expected = root.filePath(QStringLiteral("Quillon/data/LiqModifiers.dat"));
+    EXPECT_EQ(paths.toHost(QStringLiteral("c:\\Quillon\\data\\liqModifiers.dat")), expected);
+    EXPECT_EQ(paths.toHost(QStringLiteral("C:\\QUILLON\\DATA\\LIQMODIFIERS.DAT")), expected);
+    EXPECT_EQ(paths.toHost(QStringLiteral("c:/quillon/data/LiqModifiers.dat")), expected);
+    EXPECT_EQ(paths.toHost(QStringLiteral("c:\\Quillon\\\\temp\\tempinv.DAT")),
+              root.filePath(QStringLiteral("Quillon/Temp/TempInv.dat")));
+}
+
+TEST_F(PathMapTest, NewNamesKeepTheProgramsSpelling)
+{
+    EXPECT_EQ(paths.toHost(QStringLiteral("C:\\QUILLON\\TempItems.dat")), root.filePath(QStringLiteral("Quillon/TempItems.dat")));
+    EXPECT_EQ(paths.toHost(QStringLiteral("C:\\QUILLON\\New\\Deeper.dat")), root.filePath(QStringLiteral("Quillon/New/Deeper.dat")));
+}
+
+TEST_F(PathMapTest, PrefersTheExactSpellingAmongSeveral)
+{
+    touch(root.filePath(QStringLiteral("Quillon/data/liqModifiers.dat")));
+    EXPECT_EQ(paths.toHost(QStringLiteral("c:\\Quillon\\data\\liqModifiers.dat")),
+              root.filePath(QStringLiteral("Quillon/data/liqModifiers.dat")));
+    EXPECT_EQ(paths.toHost(QStringLiteral("c:\\Quillon\\data\\LiqModifiers.dat")),
+              root.filePath(QStringLiteral("Quillon/data/LiqModifiers.dat")));
+}
+
+TEST_F(PathMapTest, AFolderWithoutTrailingBackslashJoinsIntoTheName)
+{
+    // "D:\SITE" + "data\Departments.dat" names a folder SITEdata: the joining is plain.
+    QTemporaryDir drive;
+    paths.mapDrive(QStringLiteral("D=") + drive.path());
+    EXPECT_EQ(paths.toHost(QStringLiteral("D:\\SITEdata\\Departments.dat")), drive.filePath(QStringLiteral("SITEdata/Departments.dat")));
+}
+
+TEST_F(PathMapTest, DriveOptionsAndDefaults)
+{
+    PathMap fresh;
+    EXPECT_TRUE(fresh.mapDrive(QStringLiteral("e=/srv/pos")));
+    EXPECT_TRUE(fresh.mapDrive(QStringLiteral("F:=/srv/other/")));
+    EXPECT_EQ(fresh.folderOf(QLatin1Char('E')), QStringLiteral("/srv/pos"));
+    EXPECT_EQ(fresh.folderOf(QLatin1Char('f')), QStringLiteral("/srv/other"));
+    EXPECT_EQ(fresh.folderOf(QLatin1Char('G')), PathMap::defaultFolder(QLatin1Char('G')));
+    for (const char *bad : {"", "C", "CC=/x", "=/x", "C=", "1=/x"})
+        EXPECT_FALSE(fresh.mapDrive(QString::fromLatin1(bad))) << bad;
+}
+
+TEST_F(PathMapTest, RelativePathsLieInTheWorkingFolder)
+{
+    EXPECT_EQ(paths.toHost(QStringLiteral("ExportSales.CSV")), QDir::current().filePath(QStringLiteral("ExportSales.CSV")));
+}
+
+} // namespace
+} // namespace qlon

@@ -1,6 +1,7 @@
 #include "platform/ui/MList.h"
 
 #include "core/RuntimeError.h"
+#include "tests/support/Printers.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -15,35 +16,8 @@
 #include <memory>
 #include <ostream>
 
-// Failures show rows as text.
-void PrintTo(const QByteArray &bytes, std::ostream *out)
-{
-    *out << '"' << bytes.toStdString() << '"';
-}
-
 namespace qlon {
 namespace {
-
-// The widgets need an application object; without a display they draw off screen.
-class WidgetApplication : public ::testing::Environment
-{
-public:
-    void SetUp() override
-    {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-            qputenv("QT_QPA_PLATFORM", QByteArrayLiteral("offscreen"));
-        m_application = std::make_unique<QApplication>(m_argc, m_argv);
-    }
-    void TearDown() override { m_application.reset(); }
-
-private:
-    int m_argc = 1;
-    char m_name[18] = "platform_ui_tests";
-    char *m_argv[2] = {m_name, nullptr};
-    std::unique_ptr<QApplication> m_application;
-};
-
-const auto *const widgetApplication = ::testing::AddGlobalTestEnvironment(new WidgetApplication);
 
 using Texts = QList<QByteArray>;
 

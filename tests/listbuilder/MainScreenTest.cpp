@@ -1,0 +1,85 @@
+#include "listbuilder/QLONlistBuilder1.h"
+#include "platform/ui/VbComboBox.h"
+#include "store/ProgramGlobals.h"
+#include "store/SiteConfig.h"
+#include "tests/support/TempSite.h"
+
+#include <QCalendarWidget>
+#include <QLabel>
+
+#include <gtest/gtest.h>
+
+namespace qlon {
+namespace {
+
+class MainScreenTest : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        Screens().add(QStringLiteral("QLONlistBuilder1"), [] { return new QLONlistBuilder1; });
+        Screens().add(QStringLiteral("QLONlistBuilder2"), [] { return new QWidget; });
+    }
+
+    void SetUp() override
+    {
+        Site() = SiteGlobals{};
+        Shared() = ProgramGlobals{};
+        IniRec2300 configuration;
+        configuration.setField(IniRec2300::DataRootField, "c:\\quillon\\");
+        site.write(QStringLiteral("Quillon/QlonINI.dat"), configuration.bytes());
+        site.write(QStringLiteral("Quillon/data/ListbuilderINI.dat"), "\"06/22/2003\",\"06/24/2003\"\r\n");
+    }
+
+    void TearDown() override { Screens().clear(); }
+
+    QLONlistBuilder1 *load() { return Screens().touch<QLONlistBuilder1>(QStringLiteral("QLONlistBuilder1")); }
+
+    test::TempSite site;
+};
+
+TEST_F(MainScreenTest, BlankDepartmentsTakeNoPosition)
+{
+    site.write(QStringLiteral("Quillon/data/Departments.dat"), "\"Food\"\r\n\"\"\r\n\"  Bar \"\r\n\"   \"\r\n\"Retail\"\r\n");
+    QLONlistBuilder1 *screen = load();
+    ASSERT_EQ(screen->Combo1->entryCount(), 3);
+    const QByteArray expected[][2] = {{"Food", "Food"}, {"Bar", "  Bar "}, {"Retail", "Retail"}};
+    for (int position = 0; position < 3; ++position) {
+        EXPECT_EQ(screen->Combo1->entryText(position), expected[position][0]);
+        EXPECT_EQ(Shared().CategoryTable.at(position, 0), expected[position][1]) << "the table keeps the untrimmed name";
+    }
+    EXPECT_TRUE(Shared().CategoryTable.at(3, 0).isEmpty());
+    EXPECT_EQ(screen->Combo1->text(), "More");
+    EXPECT_EQ(screen->Label2->text(), QStringLiteral("6/22/2003"));
+}
+
+TEST_F(MainScreenTest, AMissingDepartmentsFileIsCreatedWithTheMainScreensList)
+{
+    QLONlistBuilder1 *screen = load();
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/data/Departments.dat")),
+              "\"Food\"\r\n\"Beverage\"\r\n\"Catering\"\r\n\"Speicals\"\r\n\"Retail\"\r\n\"Gift Card\"\r\n\"All\"\r\n");
+    EXPECT_EQ(screen->Combo1->entryCount(), 7);
+}
+
+TEST_F(MainScreenTest, DepartmentsPastTheTableStillReachThePicker)
+{
+    QByteArray many;
+    for (int line = 0; line < 120; ++line)
+        many += "\"Dept " + QByteArray::number(line) + "\"\r\n";
+    site.write(QStringLiteral("Quillon/data/Departments.dat"), many);
+    QLONlistBuilder1 *screen = load();
+    EXPECT_EQ(screen->Combo1->entryCount(), 120);
+    EXPECT_EQ(Shared().CategoryTable.at(110, 0), "Dept 110");
+    EXPECT_EQ(screen->Combo2->entryCount(), 264) << "the rest of the load still ran";
+}
+
+TEST_F(MainScreenTest, AnUnreadableStartDateLeavesTheCalendar)
+{
+    site.write(QStringLiteral("Quillon/data/ListbuilderINI.dat"), "\"04/31/04\",\"06/24/2003\"\r\n");
+    QLONlistBuilder1 *screen = load();
+    EXPECT_EQ(screen->Label3->text(), QStringLiteral("6/24/2003"));
+    EXPECT_EQ(screen->Label2->text(), screen->MonthView1->selectedDate().toString(QStringLiteral("M/d/yyyy")));
+}
+
+} // namespace
+} // namespace qlon

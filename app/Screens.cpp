@@ -2,6 +2,7 @@
 
 #include "listbuilder/QLONlistBuilder1.h"
 #include "platform/ui/ScreenRegistry.h"
+#include "rebuild/QlonExit.h"
 #include "serversales/QLONlistBuilder2.h"
 
 namespace qlon {
@@ -10,6 +11,7 @@ void RegisterScreens()
 {
     Screens().add(QStringLiteral("QLONlistBuilder1"), [] { return new QLONlistBuilder1; });
     Screens().add(QStringLiteral("QLONlistBuilder2"), [] { return new QLONlistBuilder2; });
+    Screens().add(QStringLiteral("QlonExit"), [] { return new QlonExit; });
 }
 
 } // namespace qlon

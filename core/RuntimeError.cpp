@@ -11,7 +11,9 @@ RuntimeError::RuntimeError(Number number, QString detail)
 QString RuntimeError::description() const
 {
     switch (m_number) {
+    case Overflow: return QStringLiteral("Overflow");
     case SubscriptOutOfRange: return QStringLiteral("Subscript out of range");
+    case DivisionByZero: return QStringLiteral("Division by zero");
     case TypeMismatch: return QStringLiteral("Type mismatch");
     case BadFileNameOrNumber: return QStringLiteral("Bad file name or number");
     case FileNotFound: return QStringLiteral("File not found");

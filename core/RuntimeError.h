@@ -12,7 +12,9 @@ class RuntimeError : public std::exception
 {
 public:
     enum Number {
+        Overflow = 6,
         SubscriptOutOfRange = 9,
+        DivisionByZero = 11,
         TypeMismatch = 13,
         BadFileNameOrNumber = 52,
         FileNotFound = 53,

@@ -13,6 +13,7 @@
 #include "platform/ui/Program.h"
 #include "platform/ui/VbComboBox.h"
 #include "store/Departments.h"
+#include "store/ItemRec500.h"
 #include "store/ProgramGlobals.h"
 #include "store/SiteConfig.h"
 #include "store/StartDates.h"
@@ -233,6 +234,7 @@ void QLONlistBuilder1::layOutControls()
 
 void QLONlistBuilder1::connectHandlers()
 {
+    OnEvent(SSCommand2, &QPushButton::clicked, this, [this] { SSCommand2_Click(); });
     OnEvent(Combo1, &VbComboBox::Change, this, [this] { Combo1_Change(); });
     OnEvent(Combo1, &VbComboBox::Click, this, [this] { Combo1_Change(); });
     OnEvent(MonthView1, &QCalendarWidget::selectionChanged, this, [this] { MonthView_Click(); });
@@ -322,6 +324,38 @@ void QLONlistBuilder1::showCalendarDates()
 {
     Label2->setText(FromAnsi(ShortDate(MonthView1->selectedDate())));
     Label3->setText(FromAnsi(ShortDate(MonthView2->selectedDate())));
+}
+
+CategoryChoice QLONlistBuilder1::categoryChoice() const
+{
+    CategoryChoice choice;
+    choice.all = SSOption6->isChecked();
+    choice.retail = SSOption5->isChecked();
+    choice.both = SSOption3->isChecked();
+    choice.food = SSOption1->isChecked();
+    choice.bar = SSOption2->isChecked();
+    choice.department = SSOption7->isChecked();
+    choice.departmentCaption = ToAnsi(SSOption7->text());
+    return choice;
+}
+
+void QLONlistBuilder1::SSCommand2_Click()
+{
+    setCursor(Qt::WaitCursor);
+    MList1->clear();
+    const QByteArray listBuilderCopy = DataPath("Temp\\TempInvLB.dat");
+    Shared().ItemListPath = QFileInfo::exists(HostPath(listBuilderCopy)) ? listBuilderCopy : DataPath("Temp\\TempInv.dat");
+    RecordFile &catalogue = Files().OpenRandom(1, HostPath(Shared().ItemListPath), ItemRec500::size);
+    catalogue.LockAll();
+    for (const ListedItem &item : ListItems(catalogue, categoryChoice())) {
+        MList1->addRow(item.text);
+        MList1->setRowTag(MList1->lastAddedRow(), item.tag);
+    }
+    catalogue.UnlockAll();
+    Files().Close(1);
+    Label5->setText(QString::number(MList1->rowCount()));
+    unsetCursor();
+    SSCommand4->setEnabled(true);
 }
 
 void QLONlistBuilder1::Combo1_Change()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "listbuilder/LoadList.h"
 #include "platform/ui/ScreenRegistry.h"
 
 #include <QWidget>
@@ -93,6 +94,9 @@ private:
     void showCalendarDates();
     void loadDepartments();
 
+    CategoryChoice categoryChoice() const;
+
+    void SSCommand2_Click();
     void Combo1_Change();
     void MonthView_Click();
     void SSCommand10_Click();

@@ -30,6 +30,8 @@ struct ProgramGlobals
     // The word by which a screen tells another who opened it, or that a stop is asked.
     QByteArray ScreenMode;
     CategoryValues CategoryTable;
+    // The merged catalogue file that Load List read last.
+    QByteArray ItemListPath;
     // The list row that Calculate Sales works on.
     qint32 CurrentRow = 0;
 };

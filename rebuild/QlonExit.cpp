@@ -1,0 +1,91 @@
+#include "rebuild/QlonExit.h"
+
+#include "core/Yield.h"
+#include "platform/ui/Program.h"
+#include "rebuild/RebuildItems.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+namespace qlon {
+
+namespace {
+
+constexpr int startDelayMilliseconds = 100;
+constexpr int pauseEveryMilliseconds = 20;
+
+QLabel *panel(QWidget *parent, const QString &name, const QString &caption)
+{
+    auto *created = new QLabel(caption, parent);
+    created->setObjectName(name);
+    created->setFrameShape(QFrame::Panel);
+    created->setFrameShadow(QFrame::Raised);
+    created->setAlignment(Qt::AlignCenter);
+    return created;
+}
+
+QLabel *label(QWidget *parent, const QString &name, const QString &caption)
+{
+    auto *created = new QLabel(caption, parent);
+    created->setObjectName(name);
+    return created;
+}
+
+} // namespace
+
+QlonExit::QlonExit(QWidget *parent)
+    : QWidget(parent)
+{
+    setWindowTitle(QStringLiteral("Rebuild Items"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    SSPanel1 = panel(this, QStringLiteral("SSPanel1"), QStringLiteral("Updating Data"));
+    SSPanel2 = panel(this, QStringLiteral("SSPanel2"), QStringLiteral("Just a Moment"));
+    ProgressBar1 = new QProgressBar(this);
+    ProgressBar1->setObjectName(QStringLiteral("ProgressBar1"));
+    Label1 = label(this, QStringLiteral("Label1"), QStringLiteral("Item Count"));
+    Label2 = label(this, QStringLiteral("Label2"), QStringLiteral("000"));
+    Label3 = label(this, QStringLiteral("Label3"), QString());
+
+    auto *count = new QHBoxLayout;
+    count->addWidget(Label1);
+    count->addWidget(Label2);
+    count->addStretch();
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(SSPanel1);
+    layout->addWidget(SSPanel2);
+    layout->addWidget(ProgressBar1);
+    layout->addLayout(count);
+    layout->addWidget(Label3);
+}
+
+void QlonExit::Form_Load()
+{
+    RebuildItems::EmptyTempFiles();
+    // The run starts once the screen has painted.
+    StartOneShot(this, startDelayMilliseconds, [this] { Timer1_Timer(); });
+}
+
+void QlonExit::Timer1_Timer()
+{
+    Label3->setText(QStringLiteral("Building Data"));
+    m_sincePause.start();
+    RebuildItems run({
+        [this](int minimum, int maximum) { ProgressBar1->setRange(minimum, maximum); },
+        [this](int value) { ProgressBar1->setValue(value); },
+        [this](int count) { Label2->setText(QString::number(count)); },
+        [this] { pauseNowAndThen(); },
+    });
+    run.Run();
+    close();
+}
+
+void QlonExit::pauseNowAndThen()
+{
+    if (m_sincePause.elapsed() < pauseEveryMilliseconds)
+        return;
+    Yield();
+    m_sincePause.restart();
+}
+
+} // namespace qlon

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <functional>
+
+namespace qlon {
+
+class RecordFile;
+class TextFile;
+struct CatalogueFile;
+
+// What the run shows while it works; the screen that hosts it fills these in.
+struct RebuildDisplay
+{
+    std::function<void(int minimum, int maximum)> setProgressRange;
+    std::function<void(int value)> setProgress;
+    std::function<void(int count)> showItemCount;
+    // Hands control to the event loop for a moment.
+    std::function<void()> pause;
+};
+
+// Gathers every live item of the button, drink and retail files, with its recipe, into the
+// dense files of Temp\ that Load List reads: Temp\TempInv.dat, Temp\TempInv.IVM,
+// Temp\TempInvLB.DAT, and the list of button titles c:\Quillon\Temp\tList1.dat. The three
+// record files are locked whole for the run. Source files are only read.
+class RebuildItems
+{
+public:
+    explicit RebuildItems(RebuildDisplay display);
+
+    // Empties Temp\TempInv.dat and Temp\TempInv.IVM, as the screen does when it opens.
+    static void EmptyTempFiles();
+
+    void Run();
+
+private:
+    enum class Group { Food, Liquor, Retail };
+
+    void gatherButtons();
+    void gatherLiquor();
+    void gatherRetail();
+    // Gathers the live records of one pair of files; the count shows on the progress bar when
+    // `showRecordProgress` is set.
+    void gatherFile(const CatalogueFile &files, Group group, bool showRecordProgress);
+    void writeItem(const QByteArray &item, const QByteArray &recipe, Group group);
+
+    RebuildDisplay m_display;
+    RecordFile *m_items = nullptr;
+    RecordFile *m_recipes = nullptr;
+    RecordFile *m_listItems = nullptr;
+    TextFile *m_titles = nullptr;
+    qint32 m_itemCount = 0;
+    qint32 m_listCount = 0;
+};
+
+} // namespace qlon

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <array>
+
+namespace qlon {
+
+// An item file of the catalogue and its recipe file, as paths under DataRoot.
+struct CatalogueFile
+{
+    QByteArray items;
+    QByteArray recipes;
+};
+
+// The food buttons: four menu sets (ini\, ini\1\ to ini\3\) of thirteen files each,
+// Button0 to Button11 and ButtonFB, in that order.
+constexpr int ButtonFileCount = 52;
+CatalogueFile ButtonFile(int index);
+
+// The drink files, in the order the rebuild gathers them.
+std::array<CatalogueFile, 7> LiquorFiles();
+
+CatalogueFile RetailFile();
+
+// The modifier lists ini\Mod0.dat to ini\Mod29.dat.
+constexpr int ModifierFileCount = 30;
+CatalogueFile ModifierFile(int index);
+
+inline const QByteArray StockFile = QByteArrayLiteral("data\\LiqInventory.dat");
+
+} // namespace qlon

@@ -242,3 +242,13 @@ std::optional<QByteArray> Currency(QByteArrayView text)
 }
 
 } // namespace qlon
+
+namespace qlon {
+
+QByteArray PlainNumber(double value)
+{
+    QByteArray text = QByteArray::number(value, 'g', 15);
+    return text == "-0" ? QByteArrayLiteral("0") : text;
+}
+
+} // namespace qlon

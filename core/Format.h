@@ -35,3 +35,11 @@ QByteArray Currency(double value);
 std::optional<QByteArray> Currency(QByteArrayView text);
 
 } // namespace qlon
+
+namespace qlon {
+
+// A number as the old platform turned it into plain text: up to fifteen significant digits,
+// no trailing zeros, no point for a whole number ("12", "2.5", "78.45").
+QByteArray PlainNumber(double value);
+
+} // namespace qlon

@@ -2,35 +2,47 @@
 
 namespace qlon {
 
-RuntimeError::RuntimeError(Number number, QString detail)
-    : m_number(number)
-    , m_detail(std::move(detail))
-{
-}
+namespace {
 
-QString RuntimeError::description() const
+QString descriptionOf(RuntimeError::Number number)
 {
-    switch (m_number) {
-    case Overflow: return QStringLiteral("Overflow");
-    case SubscriptOutOfRange: return QStringLiteral("Subscript out of range");
-    case DivisionByZero: return QStringLiteral("Division by zero");
-    case TypeMismatch: return QStringLiteral("Type mismatch");
-    case BadFileNameOrNumber: return QStringLiteral("Bad file name or number");
-    case FileNotFound: return QStringLiteral("File not found");
-    case FileAlreadyOpen: return QStringLiteral("File already open");
-    case InputPastEndOfFile: return QStringLiteral("Input past end of file");
-    case BadRecordNumber: return QStringLiteral("Bad record number");
-    case PermissionDenied: return QStringLiteral("Permission denied");
-    case PathFileAccessError: return QStringLiteral("Path/File access error");
-    case PathNotFound: return QStringLiteral("Path not found");
-    case InvalidPropertyValue: return QStringLiteral("Invalid property value");
+    switch (number) {
+    case RuntimeError::Overflow: return QStringLiteral("Overflow");
+    case RuntimeError::SubscriptOutOfRange: return QStringLiteral("Subscript out of range");
+    case RuntimeError::DivisionByZero: return QStringLiteral("Division by zero");
+    case RuntimeError::TypeMismatch: return QStringLiteral("Type mismatch");
+    case RuntimeError::BadFileNameOrNumber: return QStringLiteral("Bad file name or number");
+    case RuntimeError::FileNotFound: return QStringLiteral("File not found");
+    case RuntimeError::FileAlreadyOpen: return QStringLiteral("File already open");
+    case RuntimeError::InputPastEndOfFile: return QStringLiteral("Input past end of file");
+    case RuntimeError::BadRecordNumber: return QStringLiteral("Bad record number");
+    case RuntimeError::PermissionDenied: return QStringLiteral("Permission denied");
+    case RuntimeError::PathFileAccessError: return QStringLiteral("Path/File access error");
+    case RuntimeError::PathNotFound: return QStringLiteral("Path not found");
+    case RuntimeError::InvalidPropertyValue: return QStringLiteral("Invalid property value");
     }
     return QStringLiteral("Application-defined or object-defined error");
 }
 
+} // namespace
+
+RuntimeError::RuntimeError(Number number, QString detail)
+    : m_number(number)
+    , m_description(descriptionOf(number))
+    , m_detail(std::move(detail))
+{
+}
+
+RuntimeError::RuntimeError(qint64 number, QString description, QString detail)
+    : m_number(number)
+    , m_description(std::move(description))
+    , m_detail(std::move(detail))
+{
+}
+
 QString RuntimeError::message() const
 {
-    return QStringLiteral("Run-time error '%1':\r\n\r\n%2").arg(int(m_number)).arg(description());
+    return QStringLiteral("Run-time error '%1':\r\n\r\n%2").arg(m_number).arg(m_description);
 }
 
 } // namespace qlon

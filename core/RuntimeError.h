@@ -28,10 +28,13 @@ public:
     };
 
     explicit RuntimeError(Number number, QString detail = {});
+    // An error of a component of the platform, such as the database engine, with its own
+    // number and text.
+    RuntimeError(qint64 number, QString description, QString detail);
 
-    Number number() const { return m_number; }
+    qint64 number() const { return m_number; }
     // The platform's text for the number, such as "Permission denied".
-    QString description() const;
+    const QString &description() const { return m_description; }
     // What the user is shown: "Run-time error '70':" and the description.
     QString message() const;
     // Where it happened, for standard error: usually the file's path.
@@ -40,7 +43,8 @@ public:
     const char *what() const noexcept override { return "qlon::RuntimeError"; }
 
 private:
-    Number m_number;
+    qint64 m_number;
+    QString m_description;
     QString m_detail;
 };
 

@@ -3,6 +3,8 @@
 #include "core/Format.h"
 #include "core/RecordFile.h"
 #include "core/TextFile.h"
+#include "demo/DemoCatalogue.h"
+#include "demo/DemoSales.h"
 #include "store/Departments.h"
 #include "store/IniRec2300.h"
 
@@ -58,6 +60,8 @@ void WriteDemoSite(const QString &driveFolder, QDate today)
     RecordFile(site.filePath(QStringLiteral("QlonINI.dat")), IniRec2300::size).PutRecord(1, demoConfiguration().bytes());
     writeStartDates(site.filePath(QStringLiteral("data/ListbuilderINI.dat")), today);
     WriteDepartmentNames(site.filePath(QStringLiteral("data/Departments.dat")), demoDepartments());
+    WriteDemoCatalogue(site.path());
+    WriteDemoSales(site.path(), today);
 }
 
 } // namespace qlon

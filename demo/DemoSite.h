@@ -7,7 +7,8 @@ namespace qlon {
 
 // Writes a demonstration site into `driveFolder`, the host folder that drive C: stands for:
 // C:\Quillon\QlonINI.dat, data\ListbuilderINI.dat starting on the week before `today`,
-// data\Departments.dat, and the empty Temp folder that the rebuild writes into.
+// data\Departments.dat, the catalogue of item, drink and retail files with their recipes and
+// the stock file, and the empty Temp folder that the rebuild writes into.
 // Existing files of the same names are replaced.
 void WriteDemoSite(const QString &driveFolder, QDate today);
 

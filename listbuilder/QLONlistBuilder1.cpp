@@ -6,8 +6,12 @@
 #include "core/ErrorIgnoring.h"
 #include "core/FileTable.h"
 #include "core/FixedField.h"
+#include "core/Format.h"
+#include "core/Yield.h"
+#include "listbuilder/SalesWorker.h"
 #include "core/HostPath.h"
 #include "platform/InstanceGuard.h"
+#include "platform/ui/Controls.h"
 #include "platform/ui/Dialogs.h"
 #include "platform/ui/MList.h"
 #include "platform/ui/Program.h"
@@ -38,28 +42,20 @@ const QString alreadyRunningText = QStringLiteral(
     "reboot this computer. Should you decide to reboot - after restart you must reboot all the other stations "
     "connected to this file server.");
 
-template <typename Control>
-Control *named(Control *control, const QString &name)
-{
-    control->setObjectName(name);
-    return control;
-}
+// The row in work stands out in red; afterwards it takes the look of the others again.
+constexpr quint32 rowInWorkColour = 255;
+constexpr quint32 buttonFaceColour = 0x8000000F;
 
-QPushButton *button(QWidget *parent, const QString &name, const QString &caption, const QString &toolTip = {})
+// The time between two times of day in the form "HH:MM:SS"; a run over midnight shows the
+// distance between the two.
+QString elapsedBetween(const QString &start, const QString &end)
 {
-    auto *created = named(new QPushButton(caption, parent), name);
-    created->setToolTip(toolTip);
-    return created;
-}
-
-QLabel *label(QWidget *parent, const QString &name, const QString &caption)
-{
-    return named(new QLabel(caption, parent), name);
-}
-
-QString arrayName(const char *name, int index)
-{
-    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
+    const std::optional<QTime> from = ToTime(ToAnsi(start));
+    const std::optional<QTime> to = ToTime(ToAnsi(end));
+    if (!from || !to)
+        return QStringLiteral("00:00:00");
+    const int seconds = std::abs(from->secsTo(*to));
+    return FromAnsi(Format(QTime(0, 0).addSecs(seconds), "HH:MM:SS"));
 }
 
 void showScreen(const QString &name)
@@ -81,73 +77,73 @@ QLONlistBuilder1::QLONlistBuilder1(QWidget *parent)
 
 void QLONlistBuilder1::createControls()
 {
-    MList1 = named(new MList(this), QStringLiteral("MList1"));
+    MList1 = Named(new MList(this), QStringLiteral("MList1"));
     MList1->setColumns({{QStringLiteral("Item"), 150}, {QStringLiteral("Type"), 60}, {QStringLiteral("Price"), 75},
                         {QStringLiteral("Sold"), 70}, {QStringLiteral("Volume"), 150}, {QStringLiteral("unit"), 40},
                         {QStringLiteral("Vol"), 40}, {QStringLiteral("Actual"), 20}});
-    MList2 = named(new MList(this), QStringLiteral("MList2"));
-    MList3 = named(new MList(this), QStringLiteral("MList3"));
-    MList4 = named(new MList(this), QStringLiteral("MList4"));
+    MList2 = Named(new MList(this), QStringLiteral("MList2"));
+    MList3 = Named(new MList(this), QStringLiteral("MList3"));
+    MList4 = Named(new MList(this), QStringLiteral("MList4"));
     for (MList *hidden : {MList2, MList3, MList4})
         hidden->hide();
 
-    SSFrame1 = named(new QGroupBox(QStringLiteral("Report "), this), QStringLiteral("SSFrame1"));
-    SSOption1 = named(new QRadioButton(QStringLiteral("Food"), SSFrame1), QStringLiteral("SSOption1"));
-    SSOption2 = named(new QRadioButton(QStringLiteral("Bar"), SSFrame1), QStringLiteral("SSOption2"));
-    SSOption3 = named(new QRadioButton(QStringLiteral("Both"), SSFrame1), QStringLiteral("SSOption3"));
-    SSOption5 = named(new QRadioButton(QStringLiteral("Retail"), SSFrame1), QStringLiteral("SSOption5"));
-    SSOption6 = named(new QRadioButton(QStringLiteral("All"), SSFrame1), QStringLiteral("SSOption6"));
-    SSOption7 = named(new QRadioButton(QStringLiteral("Seclect Below"), SSFrame1), QStringLiteral("SSOption7"));
-    Combo1 = named(new VbComboBox(SSFrame1), QStringLiteral("Combo1"));
+    SSFrame1 = Named(new QGroupBox(QStringLiteral("Report "), this), QStringLiteral("SSFrame1"));
+    SSOption1 = Named(new QRadioButton(QStringLiteral("Food"), SSFrame1), QStringLiteral("SSOption1"));
+    SSOption2 = Named(new QRadioButton(QStringLiteral("Bar"), SSFrame1), QStringLiteral("SSOption2"));
+    SSOption3 = Named(new QRadioButton(QStringLiteral("Both"), SSFrame1), QStringLiteral("SSOption3"));
+    SSOption5 = Named(new QRadioButton(QStringLiteral("Retail"), SSFrame1), QStringLiteral("SSOption5"));
+    SSOption6 = Named(new QRadioButton(QStringLiteral("All"), SSFrame1), QStringLiteral("SSOption6"));
+    SSOption7 = Named(new QRadioButton(QStringLiteral("Seclect Below"), SSFrame1), QStringLiteral("SSOption7"));
+    Combo1 = Named(new VbComboBox(SSFrame1), QStringLiteral("Combo1"));
     Combo1->setText("More");
-    Command3 = button(SSFrame1, QStringLiteral("Command3"), QStringLiteral("Edit"));
-    SSCommand2 = button(this, QStringLiteral("SSCommand2"), QStringLiteral("Load List"));
+    Command3 = MakeButton(SSFrame1, QStringLiteral("Command3"), QStringLiteral("Edit"));
+    SSCommand2 = MakeButton(this, QStringLiteral("SSCommand2"), QStringLiteral("Load List"));
 
-    Shape1 = named(new QFrame(this), QStringLiteral("Shape1"));
-    Shape2 = named(new QFrame(this), QStringLiteral("Shape2"));
-    MonthView1 = named(new QCalendarWidget(Shape1), QStringLiteral("MonthView1"));
-    MonthView2 = named(new QCalendarWidget(Shape2), QStringLiteral("MonthView2"));
-    Label2 = label(Shape1, QStringLiteral("Label2"), QStringLiteral("02-02-02"));
-    Label3 = label(Shape2, QStringLiteral("Label3"), QStringLiteral("02-02-02"));
-    SSCommand10 = button(this, QStringLiteral("SSCommand10"), QStringLiteral("Today"));
-    Combo2 = named(new VbComboBox(this), QStringLiteral("Combo2"));
+    Shape1 = Named(new QFrame(this), QStringLiteral("Shape1"));
+    Shape2 = Named(new QFrame(this), QStringLiteral("Shape2"));
+    MonthView1 = Named(new QCalendarWidget(Shape1), QStringLiteral("MonthView1"));
+    MonthView2 = Named(new QCalendarWidget(Shape2), QStringLiteral("MonthView2"));
+    Label2 = MakeLabel(Shape1, QStringLiteral("Label2"), QStringLiteral("02-02-02"));
+    Label3 = MakeLabel(Shape2, QStringLiteral("Label3"), QStringLiteral("02-02-02"));
+    SSCommand10 = MakeButton(this, QStringLiteral("SSCommand10"), QStringLiteral("Today"));
+    Combo2 = Named(new VbComboBox(this), QStringLiteral("Combo2"));
     Combo2->setText("Combo2");
-    Combo3 = named(new VbComboBox(this), QStringLiteral("Combo3"));
+    Combo3 = Named(new VbComboBox(this), QStringLiteral("Combo3"));
     Combo3->setText("Combo3");
 
-    SSCommand4 = button(this, QStringLiteral("SSCommand4"), QStringLiteral("Calculate Sales"));
-    Command1 = button(this, QStringLiteral("Command1"), QStringLiteral("Calculate Sales"));
-    SSCommand5 = button(this, QStringLiteral("SSCommand5"), QStringLiteral("Stop"));
-    SSCommand6 = button(this, QStringLiteral("SSCommand6"), QStringLiteral("PRINT"));
-    SSCommand3 = button(this, QStringLiteral("SSCommand3"), QStringLiteral("Remove Items with no Units Sales"));
-    SSCommand7 = button(this, QStringLiteral("SSCommand7"), QStringLiteral("Export Sales"),
+    SSCommand4 = MakeButton(this, QStringLiteral("SSCommand4"), QStringLiteral("Calculate Sales"));
+    Command1 = MakeButton(this, QStringLiteral("Command1"), QStringLiteral("Calculate Sales"));
+    SSCommand5 = MakeButton(this, QStringLiteral("SSCommand5"), QStringLiteral("Stop"));
+    SSCommand6 = MakeButton(this, QStringLiteral("SSCommand6"), QStringLiteral("PRINT"));
+    SSCommand3 = MakeButton(this, QStringLiteral("SSCommand3"), QStringLiteral("Remove Items with no Units Sales"));
+    SSCommand7 = MakeButton(this, QStringLiteral("SSCommand7"), QStringLiteral("Export Sales"),
                         QStringLiteral("Export Sales to a comma seperated value file"));
-    SSCommand8 = button(this, QStringLiteral("SSCommand8"), QStringLiteral("Rebuild Items"), QStringLiteral("Build a new list of Items"));
-    SSCommand9 = button(this, QStringLiteral("SSCommand9"), QStringLiteral("Individual Sales"),
+    SSCommand8 = MakeButton(this, QStringLiteral("SSCommand8"), QStringLiteral("Rebuild Items"), QStringLiteral("Build a new list of Items"));
+    SSCommand9 = MakeButton(this, QStringLiteral("SSCommand9"), QStringLiteral("Individual Sales"),
                         QStringLiteral("Build a new list of Items"));
-    SSCommand1 = button(this, QStringLiteral("SSCommand1"), QStringLiteral("Done"));
+    SSCommand1 = MakeButton(this, QStringLiteral("SSCommand1"), QStringLiteral("Done"));
     const QString sortCaptions[] = {QStringLiteral("Total Sold"), QStringLiteral("Item Name"), QStringLiteral("Sales Volume"),
                                     QStringLiteral("No Sort")};
     for (int index = 0; index < 4; ++index)
-        SSOption4[index] = named(new QRadioButton(sortCaptions[index], this), arrayName("SSOption4", index));
-    SSCheck1 = named(new QCheckBox(QStringLiteral("Don't Show Zero Sales"), this), QStringLiteral("SSCheck1"));
-    Command2 = button(this, QStringLiteral("Command2"), QStringLiteral("Command2"));
-    Command4 = button(this, QStringLiteral("Command4"), QStringLiteral("Command4"));
+        SSOption4[index] = Named(new QRadioButton(sortCaptions[index], this), ArrayName("SSOption4", index));
+    SSCheck1 = Named(new QCheckBox(QStringLiteral("Don't Show Zero Sales"), this), QStringLiteral("SSCheck1"));
+    Command2 = MakeButton(this, QStringLiteral("Command2"), QStringLiteral("Command2"));
+    Command4 = MakeButton(this, QStringLiteral("Command4"), QStringLiteral("Command4"));
 
     const QString captions[] = {QStringLiteral("From "), QStringLiteral("To "), QStringLiteral("Start Time"),
                                 QStringLiteral("End Time"), QStringLiteral("Sort By"), QStringLiteral("Elapsed Time")};
     for (int index = 0; index < int(Label1.size()); ++index)
-        Label1[index] = label(this, arrayName("Label1", index), captions[index]);
-    Label4[0] = label(this, arrayName("Label4", 0), QStringLiteral("Current"));
-    Label4[1] = label(this, arrayName("Label4", 1), QStringLiteral("Item Count"));
-    Label5 = label(this, QStringLiteral("Label5"), QString());
-    Label6 = label(this, QStringLiteral("Label6"), QString());
-    Label7 = label(this, QStringLiteral("Label7"), QStringLiteral("Label7"));
-    Label8 = label(this, QStringLiteral("Label8"), QStringLiteral("Label8"));
-    Label9 = label(this, QStringLiteral("Label9"), QStringLiteral("Label9"));
-    Label10 = label(this, QStringLiteral("Label10"), QStringLiteral("00:00:00"));
-    Label11 = label(this, QStringLiteral("Label11"), QStringLiteral("Version"));
-    SSPanel3 = named(new QFrame(this), QStringLiteral("SSPanel3"));
+        Label1[index] = MakeLabel(this, ArrayName("Label1", index), captions[index]);
+    Label4[0] = MakeLabel(this, ArrayName("Label4", 0), QStringLiteral("Current"));
+    Label4[1] = MakeLabel(this, ArrayName("Label4", 1), QStringLiteral("Item Count"));
+    Label5 = MakeLabel(this, QStringLiteral("Label5"), QString());
+    Label6 = MakeLabel(this, QStringLiteral("Label6"), QString());
+    Label7 = MakeLabel(this, QStringLiteral("Label7"), QStringLiteral("Label7"));
+    Label8 = MakeLabel(this, QStringLiteral("Label8"), QStringLiteral("Label8"));
+    Label9 = MakeLabel(this, QStringLiteral("Label9"), QStringLiteral("Label9"));
+    Label10 = MakeLabel(this, QStringLiteral("Label10"), QStringLiteral("00:00:00"));
+    Label11 = MakeLabel(this, QStringLiteral("Label11"), QStringLiteral("Version"));
+    SSPanel3 = Named(new QFrame(this), QStringLiteral("SSPanel3"));
 
     // The first state: nothing loaded yet.
     SSCommand4->setEnabled(false);
@@ -235,6 +231,9 @@ void QLONlistBuilder1::layOutControls()
 void QLONlistBuilder1::connectHandlers()
 {
     OnEvent(SSCommand2, &QPushButton::clicked, this, [this] { SSCommand2_Click(); });
+    OnEvent(SSCommand4, &QPushButton::clicked, this, [this] { SSCommand4_Click(); });
+    OnEvent(Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
+    OnEvent(SSCommand5, &QPushButton::clicked, this, [this] { SSCommand5_Click(); });
     OnEvent(Combo1, &VbComboBox::Change, this, [this] { Combo1_Change(); });
     OnEvent(Combo1, &VbComboBox::Click, this, [this] { Combo1_Change(); });
     OnEvent(MonthView1, &QCalendarWidget::selectionChanged, this, [this] { MonthView_Click(); });
@@ -356,6 +355,124 @@ void QLONlistBuilder1::SSCommand2_Click()
     Label5->setText(QString::number(MList1->rowCount()));
     unsetCursor();
     SSCommand4->setEnabled(true);
+}
+
+void QLONlistBuilder1::SSCommand4_Click()
+{
+    ProgramGlobals &shared = Shared();
+    shared.ScreenMode.clear();
+    for (MList *list : {MList2, MList3, MList4})
+        list->clear();
+    // The values for a screen whose hour lists were never filled.
+    if (Combo2->text() == "Combo2")
+        Combo2->setText("12:00 am");
+    if (Combo3->text() == "Combo3")
+        Combo3->setText("11:59 pm");
+    for (int row = 0; row < categoryRows; ++row) {
+        shared.CategoryTable.at(row, 1) = "0";
+        MList2->addRow("0");
+        MList3->addRow("0");
+    }
+    Label7->clear();
+    Label10->setText(QStringLiteral("00:00:00"));
+    SSCommand7->setEnabled(true);
+    SSCommand5->show();
+    Label8->setText(FromAnsi(Format(TimeOfDay(), "HH:MM:SS")));
+
+    shared.TempItemsPath = DataPath("TempItems.dat");
+    CloseAll();
+    TextFile(HostPath(shared.TempItemsPath), TextFile::Mode::Output).WriteFields({"ITEMNAME", "UNITS SOLD", "SALES TOTAL"});
+    CloseAll();
+    {
+        TextFile trace(HostPath(DataPath("TempItemsRec.dat")), TextFile::Mode::Output);
+        trace.WriteFields({"This the DB REcord Number as the item is added to the list", "", ""});
+        trace.WriteFields({"ITEMNAME", "DB REcord", "UnitSold", "OrderDate", "ReceiptID", " Order Number", "SaleType"});
+    }
+    CloseAll();
+    removeRunRows();
+    Yield();
+    Command1_Click();
+    Yield();
+}
+
+void QLONlistBuilder1::removeRunRows()
+{
+    // The old walk began again from the top after each removal; removing every such row in one
+    // pass leaves the same rows in the same order.
+    for (int row = MList1->rowCount() - 1; row >= 0; --row) {
+        const QByteArray text = MList1->rowText(row);
+        if (text.isEmpty() || text.startsWith("**"))
+            MList1->removeRow(row);
+    }
+}
+
+void QLONlistBuilder1::Command1_Click()
+{
+    ProgramGlobals &shared = Shared();
+    SSCommand3->setEnabled(true);
+    setCursor(Qt::WaitCursor);
+    for (int entry = 0; entry < Combo1->entryCount(); ++entry)
+        Combo1->setEntryNumber(entry, 0);
+    auto *worker = dynamic_cast<SalesWorker *>(Screens().touch(QStringLiteral("QLONlistBuilder2")));
+    worker->BeginRun();
+    auto *workerScreen = Screens().existing(QStringLiteral("QLONlistBuilder2"));
+    const int rows = MList1->rowCount();
+    for (shared.CurrentRow = 0; shared.CurrentRow < rows; ++shared.CurrentRow) {
+        const int row = shared.CurrentRow;
+        const QByteArray tag = MList1->rowTag(row);
+        MList1->setRowColour(row, rowInWorkColour);
+        MList1->setRowSelected(row, true);
+        Label6->setText(QString::number(row + 1));
+        workerScreen->findChild<QLabel *>(QStringLiteral("Label2"))->setText(QStringLiteral("Searching - Just A Moment"));
+        workerScreen->findChild<QLabel *>(QStringLiteral("Label1"))->setText(FromAnsi(tag));
+        worker->Get_Sales();
+        MList1->setRowColour(row, buttonFaceColour);
+        if (Label7->text() == QLatin1String("Stop")) {
+            unsetCursor();
+            return;
+        }
+    }
+    unsetCursor();
+    SSCommand5->hide();
+    Label9->setText(FromAnsi(Format(TimeOfDay(), "HH:MM:SS")));
+    Label10->setText(elapsedBetween(Label8->text(), Label9->text()));
+    Label10->show();
+    Label1[5]->show();
+    SSCommand6->show();
+    // From here on a failing statement is left out.
+    addTotalRows();
+}
+
+void QLONlistBuilder1::addTotalRows()
+{
+    const QByteArray separator(20, '*');
+    MList1->addRow(QByteArray());
+    MList1->addRow(separator);
+    MList4->addRow(separator);
+    QByteArray sales;
+    QByteArray units;
+    for (int entry = 0; entry < Combo1->entryCount(); ++entry) {
+        // Past the last category row the texts of the category before stay.
+        SkipOnFailure([&] { sales = MList2->rowText(entry); });
+        SkipOnFailure([&] { units = MList3->rowText(entry); });
+        const QByteArray name = Combo1->entryText(entry);
+        if (name.isEmpty())
+            continue;
+        QByteArray money;
+        AssignUnlessFailed(money, Currency(QByteArrayView(sales)));
+        const QByteArray total = "**" + name + "|Total|" + units + '|' + units + '|' + money + "|Q8$|Q9$|Q5$";
+        MList1->addRow(total);
+        MList4->addRow(total);
+    }
+    SkipOnFailure([this] { MList1->setRowSelected(MList1->rowCount() - 1, true); });
+}
+
+void QLONlistBuilder1::SSCommand5_Click()
+{
+    SSCommand5->hide();
+    Shared().ScreenMode = "Stop";
+    Label7->setText(QStringLiteral("Stop"));
+    Yield();
 }
 
 void QLONlistBuilder1::Combo1_Change()

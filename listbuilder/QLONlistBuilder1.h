@@ -35,6 +35,9 @@ public:
     void Form_Load() override;
     void Fill_Times();
 
+    // The screen's working globals, named as the rest of the program knows them.
+    static constexpr int categoryRows = 101;
+
     // The working list and its hidden scratch lists.
     MList *MList1;
     MList *MList2;
@@ -97,6 +100,11 @@ private:
     CategoryChoice categoryChoice() const;
 
     void SSCommand2_Click();
+    void SSCommand4_Click();
+    void Command1_Click();
+    void SSCommand5_Click();
+    void removeRunRows();
+    void addTotalRows();
     void Combo1_Change();
     void MonthView_Click();
     void SSCommand10_Click();

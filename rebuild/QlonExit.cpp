@@ -1,6 +1,7 @@
 #include "rebuild/QlonExit.h"
 
 #include "core/Yield.h"
+#include "platform/ui/Controls.h"
 #include "platform/ui/Program.h"
 #include "rebuild/RebuildItems.h"
 
@@ -17,18 +18,10 @@ constexpr int pauseEveryMilliseconds = 20;
 
 QLabel *panel(QWidget *parent, const QString &name, const QString &caption)
 {
-    auto *created = new QLabel(caption, parent);
-    created->setObjectName(name);
+    auto *created = MakeLabel(parent, name, caption);
     created->setFrameShape(QFrame::Panel);
     created->setFrameShadow(QFrame::Raised);
     created->setAlignment(Qt::AlignCenter);
-    return created;
-}
-
-QLabel *label(QWidget *parent, const QString &name, const QString &caption)
-{
-    auto *created = new QLabel(caption, parent);
-    created->setObjectName(name);
     return created;
 }
 
@@ -41,11 +34,10 @@ QlonExit::QlonExit(QWidget *parent)
     setAttribute(Qt::WA_DeleteOnClose);
     SSPanel1 = panel(this, QStringLiteral("SSPanel1"), QStringLiteral("Updating Data"));
     SSPanel2 = panel(this, QStringLiteral("SSPanel2"), QStringLiteral("Just a Moment"));
-    ProgressBar1 = new QProgressBar(this);
-    ProgressBar1->setObjectName(QStringLiteral("ProgressBar1"));
-    Label1 = label(this, QStringLiteral("Label1"), QStringLiteral("Item Count"));
-    Label2 = label(this, QStringLiteral("Label2"), QStringLiteral("000"));
-    Label3 = label(this, QStringLiteral("Label3"), QString());
+    ProgressBar1 = Named(new QProgressBar(this), QStringLiteral("ProgressBar1"));
+    Label1 = MakeLabel(this, QStringLiteral("Label1"), QStringLiteral("Item Count"));
+    Label2 = MakeLabel(this, QStringLiteral("Label2"), QStringLiteral("000"));
+    Label3 = MakeLabel(this, QStringLiteral("Label3"), QString());
 
     auto *count = new QHBoxLayout;
     count->addWidget(Label1);

@@ -1,6 +1,20 @@
 #include "serversales/QLONlistBuilder2.h"
 
+#include "core/Ansi.h"
 #include "core/Clock.h"
+#include "core/Conversions.h"
+#include "core/ErrorIgnoring.h"
+#include "core/FileTable.h"
+#include "core/FixedField.h"
+#include "core/Format.h"
+#include "core/HostPath.h"
+#include "core/Yield.h"
+#include "listbuilder/QLONlistBuilder1.h"
+#include "platform/ui/Dialogs.h"
+#include "platform/ui/Program.h"
+#include "platform/ui/VbComboBox.h"
+#include "store/ProgramGlobals.h"
+#include "platform/ui/Controls.h"
 #include "platform/ui/MList.h"
 #include "store/SiteConfig.h"
 
@@ -14,16 +28,17 @@ namespace qlon {
 
 namespace {
 
-template <typename Control>
-Control *named(Control *control, const QString &name)
+const QByteArray salesDatabase = QByteArrayLiteral("data\\Quillon.mdb");
+
+std::unique_ptr<SalesStore> openSalesDatabase()
 {
-    control->setObjectName(name);
-    return control;
+    const QByteArray path = DataPath(salesDatabase);
+    return OpenSalesStore(HostPath(path), FromAnsi(path));
 }
 
 QLineEdit *textBox(QWidget *parent, const QString &name, const QString &text = {})
 {
-    return named(new QLineEdit(text, parent), name);
+    return Named(new QLineEdit(text, parent), name);
 }
 
 } // namespace
@@ -37,23 +52,23 @@ QLONlistBuilder2::QLONlistBuilder2(QWidget *parent)
     Text3 = textBox(this, QStringLiteral("Text3"));
     Text4 = textBox(this, QStringLiteral("Text4"));
     Text5 = textBox(this, QStringLiteral("Text5"));
-    Label1 = named(new QLabel(QStringLiteral("1000"), this), QStringLiteral("Label1"));
-    Label2 = named(new QLabel(QStringLiteral("Loading"), this), QStringLiteral("Label2"));
+    Label1 = MakeLabel(this, QStringLiteral("Label1"), QStringLiteral("1000"));
+    Label2 = MakeLabel(this, QStringLiteral("Label2"), QStringLiteral("Loading"));
     const QString captions[] = {QStringLiteral("Server"), QStringLiteral("Date"), QStringLiteral("Total Liquor Sales"),
                                 QStringLiteral("Total Sales"), QStringLiteral("Total Food Sales")};
     for (int index = 0; index < int(Label3.size()); ++index)
-        Label3[index] = named(new QLabel(captions[index], this), QStringLiteral("Label3(%1)").arg(index));
-    Label4 = named(new QLabel(this), QStringLiteral("Label4"));
-    Label5 = named(new QLabel(this), QStringLiteral("Label5"));
-    MList1 = named(new MList(this), QStringLiteral("MList1"));
+        Label3[index] = MakeLabel(this, ArrayName("Label3", index), captions[index]);
+    Label4 = MakeLabel(this, QStringLiteral("Label4"));
+    Label5 = MakeLabel(this, QStringLiteral("Label5"));
+    MList1 = Named(new MList(this), QStringLiteral("MList1"));
     MList1->setSeparator(',');
-    MonthView1 = named(new QCalendarWidget(this), QStringLiteral("MonthView1"));
+    MonthView1 = Named(new QCalendarWidget(this), QStringLiteral("MonthView1"));
     MonthView1->hide();
-    Command1 = named(new QPushButton(QStringLiteral("Update"), this), QStringLiteral("Command1"));
-    Command2 = named(new QPushButton(QStringLiteral("Command2"), this), QStringLiteral("Command2"));
-    SSCommand1 = named(new QPushButton(QStringLiteral("Done"), this), QStringLiteral("SSCommand1"));
-    SSCommand2 = named(new QPushButton(QStringLiteral("Print"), this), QStringLiteral("SSCommand2"));
-    SSCommand3 = named(new QPushButton(QStringLiteral("Print List"), this), QStringLiteral("SSCommand3"));
+    Command1 = MakeButton(this, QStringLiteral("Command1"), QStringLiteral("Update"));
+    Command2 = MakeButton(this, QStringLiteral("Command2"), QStringLiteral("Command2"));
+    SSCommand1 = MakeButton(this, QStringLiteral("SSCommand1"), QStringLiteral("Done"));
+    SSCommand2 = MakeButton(this, QStringLiteral("SSCommand2"), QStringLiteral("Print"));
+    SSCommand3 = MakeButton(this, QStringLiteral("SSCommand3"), QStringLiteral("Print List"));
 
     auto *layout = new QGridLayout(this);
     const QList<QWidget *> fields = {Label3[0], Text1, Label3[1], Text2, Label3[3], Text3, Label3[2], Text4, Label3[4], Text5};
@@ -66,12 +81,157 @@ QLONlistBuilder2::QLONlistBuilder2(QWidget *parent)
     layout->addWidget(Label5, 6, 1);
     for (QPushButton *command : {Command1, Command2, SSCommand2, SSCommand3, SSCommand1})
         layout->addWidget(command);
+    OnEvent(Command2, &QPushButton::clicked, this, [this] { BLD_DATA3(); });
 }
 
 void QLONlistBuilder2::Form_Load()
 {
     EnsureDataRoot();
+    // The data control opens on the whole table at start; a database that can't be opened
+    // shows through its error event, and the program goes on.
+    try {
+        openSalesDatabase();
+    } catch (const RuntimeError &error) {
+        Dialogs::showMessage(this, windowTitle(), QStringLiteral("Data error event hit err:") + error.description());
+    }
     MonthView1->setSelectedDate(Today());
+}
+
+QLONlistBuilder1 *QLONlistBuilder2::mainScreen() const
+{
+    return Screens().touch<QLONlistBuilder1>(QStringLiteral("QLONlistBuilder1"));
+}
+
+void QLONlistBuilder2::BeginRun()
+{
+    m_spanSales.reset();
+}
+
+const ItemSales &QLONlistBuilder2::salesOf(const QByteArray &name, const SalesSpan &span)
+{
+    if (!m_spanSales || !(m_readSpan == span)) {
+        const std::unique_ptr<SalesStore> store = openSalesDatabase();
+        m_spanSales = std::make_unique<SpanSales>(*store, span);
+        m_readSpan = span;
+    }
+    return m_spanSales->of(name);
+}
+
+void QLONlistBuilder2::Parse_ListRow()
+{
+    const QByteArray row = mainScreen()->MList1->rowText(Shared().CurrentRow);
+    // A row short of fields leaves the labels with what the row before left there.
+    const QByteArrayList fields = row.split('|');
+    if (fields.size() >= 3)
+        Label4->setText(FromAnsi(fields[1]));
+    if (fields.size() >= 4)
+        Label5->setText(FromAnsi(fields[2]));
+}
+
+void QLONlistBuilder2::Get_Sales()
+{
+    QLONlistBuilder1 *main = mainScreen();
+    ProgramGlobals &shared = Shared();
+    const QString tracePath = HostPath(DataPath("TempItemsRec.dat"));
+    const QByteArray name = TrimBlanks(ToAnsi(Label1->text()));
+    Label2->setText(QStringLiteral("Searching"));
+    const SalesSpan span{ToAnsi(main->Label2->text()), ToAnsi(main->Label3->text()), main->Combo2->text(), main->Combo3->text()};
+    Parse_ListRow();
+    Yield();
+    // A row without a tag looks for a name that no item has.
+    const QByteArray searched = name.isEmpty() ? QByteArrayLiteral("1000") : name;
+    const QByteArray type = ToAnsi(Label4->text());
+    const QByteArray price = ToAnsi(Label5->text());
+    Label2->setText(QStringLiteral("Searching - Just A Moment"));
+    Yield();
+
+    const ItemSales &sales = salesOf(searched, span);
+    {
+        TextFile trace(tracePath, TextFile::Mode::Append);
+        for (const QByteArrayList &line : sales.trace)
+            trace.WriteFields(line);
+    }
+
+    const QByteArray tag = main->MList1->rowTag(shared.CurrentRow);
+    const QByteArray actual = Format(sales.sales, "#########.##");
+    const double total = actual == "." ? 0.0 : NumericValue(actual);
+    shared.LastItemSales = total;
+    shared.LastItemType = type;
+    // Deliberately kept: with no sales the money text can't be made, and the column shows
+    // what its variable held, the receipt of the item's last row read.
+    QByteArray money = sales.lastReceipt;
+    AssignUnlessFailed(money, Currency(actual));
+    const QByteArray units = PlainNumber(sales.units);
+    const QByteArray unitKey = ("0000000000" + units).right(10);
+    const QByteArray volumeKey = ("0000000000" + actual).right(10);
+    TextFile(HostPath(shared.TempItemsPath), TextFile::Mode::Append).WriteFields({tag, units, actual});
+    CloseAll();
+
+    countInCategory(type, total, sales.units);
+
+    const QByteArray text = name + '|' + type + '|' + price + '|' + units + '|' + money + '|' + unitKey + '|' + volumeKey + '|' + actual;
+    main->MList1->setRowText(shared.CurrentRow, text);
+    main->MList1->setRowTag(shared.CurrentRow, name);
+    if (sales.units != 0)
+        main->MList4->addRow(text);
+    Label2->setText(QStringLiteral("Search Completed"));
+}
+
+void QLONlistBuilder2::countInCategory(const QByteArray &type, double sales, double units)
+{
+    QLONlistBuilder1 *main = mainScreen();
+    VbComboBox *categories = main->Combo1;
+    // An item of a type that no entry bears is counted in the first category, with the running
+    // number of the last entry and nothing added: deliberately as the old program did.
+    int position = 0;
+    double number = 0;
+    for (int entry = 0; entry < categories->entryCount(); ++entry) {
+        number = categories->entryNumber(entry);
+        if (TrimBlanks(categories->entryText(entry)) == type) {
+            number += sales;
+            position = entry;
+            break;
+        }
+    }
+    const QByteArray formatted = Format(number, "########.##");
+    SkipOnFailure([&] {
+        if (const std::optional<qint32> whole = ToInteger(QByteArrayView(formatted)))
+            categories->setEntryNumber(position, *whole);
+    });
+    SkipOnFailure([&] {
+        CategoryValues &table = Shared().CategoryTable;
+        table.at(position, 1) = formatted;
+        table.at(position, 0) = type;
+        table.at(position, 2) = PlainNumber(units);
+    });
+    SkipOnFailure([&] {
+        main->MList2->setRowText(position, PlainNumber(NumericValue(main->MList2->rowText(position)) + sales));
+        main->MList3->setRowText(position, PlainNumber(NumericValue(main->MList3->rowText(position)) + units));
+    });
+}
+
+void QLONlistBuilder2::BLD_DATA3()
+{
+    ProgramGlobals &shared = Shared();
+    shared.TempItemsPath = DataPath("TempItems.dat");
+    CloseAll();
+    TextFile dump(HostPath(shared.TempItemsPath), TextFile::Mode::Output);
+    Label2->setText(QStringLiteral("Searching - Just A Moment"));
+    const std::unique_ptr<SalesStore> store = openSalesDatabase();
+    // The dates are fixed: this is a test of the store, not a report.
+    CarriedColumns columns;
+    store->SelectSpan("6/22/2003", "6/24/2003", [&](const SalesRow &row) {
+        columns.take(row, {EmpNumber, OrderDate, Item, UnitPrice, ItemType, Quantity, Time, TableNumber, SaleType});
+        if (columns[ItemType] != "L")
+            columns[ItemType] = "Food";
+        MList1->addRow(columns[EmpNumber] + ',' + columns[OrderDate] + ',' + columns[Item] + ',' + columns[UnitPrice] + ','
+                       + columns[ItemType]);
+        dump.WriteFields({columns[OrderDate], columns[Quantity], columns[Item], columns[UnitPrice], columns[ItemType], columns[Time],
+                          columns[TableNumber], columns[EmpNumber] + " - " + columns[SaleType]});
+        return true;
+    });
+    CloseAll();
+    Label2->setText(QStringLiteral("Search Completed"));
 }
 
 } // namespace qlon

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "listbuilder/SalesWorker.h"
 #include "platform/ui/ScreenRegistry.h"
+#include "serversales/SpanSales.h"
 
 #include <QWidget>
 
@@ -14,11 +16,12 @@ class QPushButton;
 namespace qlon {
 
 class MList;
+class QLONlistBuilder1;
 
 // The hidden worker, "Servers Individual Sales": loaded at start without being shown, it does
 // the sales store's work for the main screen. The main screen writes its Label1 (the item) and
 // Label2 (the status) before each call.
-class QLONlistBuilder2 : public QWidget, public LoadedScreen
+class QLONlistBuilder2 : public QWidget, public LoadedScreen, public SalesWorker
 {
     Q_OBJECT
 
@@ -26,6 +29,13 @@ public:
     explicit QLONlistBuilder2(QWidget *parent = nullptr);
 
     void Form_Load() override;
+    void BeginRun() override;
+    // Counts the sales of the main list's row CurrentRow, the item named by Label1.
+    void Get_Sales() override;
+    // Leaves the type and the price text of the row CurrentRow in Label4 and Label5.
+    void Parse_ListRow();
+    // A test dump of the sales of 22 to 24 June 2003 into TempItems.dat and this screen's list.
+    void BLD_DATA3();
 
     QLineEdit *Text1;
     QLineEdit *Text2;
@@ -44,6 +54,16 @@ public:
     QPushButton *SSCommand1;
     QPushButton *SSCommand2;
     QPushButton *SSCommand3;
+
+private:
+    QLONlistBuilder1 *mainScreen() const;
+    // The item's sales over the span; the span is read once for all rows of a run, and again
+    // when the span changes.
+    const ItemSales &salesOf(const QByteArray &name, const SalesSpan &span);
+    void countInCategory(const QByteArray &type, double sales, double units);
+
+    std::unique_ptr<SpanSales> m_spanSales;
+    SalesSpan m_readSpan;
 };
 
 } // namespace qlon

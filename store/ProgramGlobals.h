@@ -34,6 +34,10 @@ struct ProgramGlobals
     QByteArray ItemListPath;
     // The list row that Calculate Sales works on.
     qint32 CurrentRow = 0;
+    // The report file of the last run, and what the last item counted.
+    QByteArray TempItemsPath;
+    double LastItemSales = 0;
+    QByteArray LastItemType;
 };
 
 ProgramGlobals &Shared();

@@ -59,7 +59,9 @@ TEST_F(ScriptTest, WithoutStartDatesThePickersStayUnfilled)
                                           "get QLONlistBuilder1.Combo3\nget QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\n"
                                           "get QLONlistBuilder1.Label11\n"));
     EXPECT_EQ(result.status, 0) << result.err.toStdString();
-    EXPECT_EQ(result.lines(), (QStringList{QStringLiteral("More"), QStringLiteral("0"), QStringLiteral("Combo2"), QStringLiteral("0"),
+    EXPECT_EQ(result.lines(), (QStringList{QStringLiteral("message: Servers Individual Sales | Data error event hit err:"
+                                                          "Could not find file 'c:\\Quillon\\data\\Quillon.mdb'."),
+                                           QStringLiteral("More"), QStringLiteral("0"), QStringLiteral("Combo2"), QStringLiteral("0"),
                                            QStringLiteral("Combo3"), QStringLiteral("11/23/2026"), QStringLiteral("11/23/2026"),
                                            QStringLiteral("Version 1.0.0")}));
 }
@@ -171,6 +173,48 @@ TEST_F(ScriptTest, ALockedConfigurationEndsTheProgramWithThePlatformsText)
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.lines(), QStringList{QStringLiteral("message: QLONListBuilder | Run-time error '70':\\r\\n\\r\\nPermission denied")});
     EXPECT_TRUE(result.err.contains(QStringLiteral("Permission denied"))) << result.err.toStdString();
+}
+
+// The rows of MList1 after rebuilding and loading with one category option.
+QStringList loadedRows(const QStringList &lines)
+{
+    QStringList rows;
+    for (const QString &line : lines)
+        rows.append(line.section(QLatin1Char('\t'), 0, 0));
+    return rows;
+}
+
+TEST_F(ScriptTest, RebuildThenLoadEachCategoryOfTheDemoSite)
+{
+    writeDemoSite();
+    const QString rebuild = QStringLiteral("click QLONlistBuilder1.SSCommand8\nwait\n");
+    const auto load = [&](const QString &choose) {
+        return loadedRows(run(rebuild + choose + QStringLiteral("\nclick QLONlistBuilder1.SSCommand2\nrows QLONlistBuilder1.MList1\n")).lines());
+    };
+    const QStringList all = load(QStringLiteral("click QLONlistBuilder1.SSOption6"));
+    const QStringList food = load(QStringLiteral("click QLONlistBuilder1.SSOption1"));
+    const QStringList bar = load(QStringLiteral("click QLONlistBuilder1.SSOption2"));
+    const QStringList both = load(QStringLiteral("click QLONlistBuilder1.SSOption3"));
+    const QStringList retail = load(QStringLiteral("click QLONlistBuilder1.SSOption5"));
+    const QStringList wine = load(QStringLiteral("pick QLONlistBuilder1.Combo1 Wine\nclick QLONlistBuilder1.SSOption7"));
+    const QStringList retailBelow = load(QStringLiteral("pick QLONlistBuilder1.Combo1 Retail\nclick QLONlistBuilder1.SSOption7"));
+
+    EXPECT_GT(all.size(), 300);
+    EXPECT_EQ(both.size() + retail.size(), all.size());
+    EXPECT_EQ(retailBelow, retail);
+    EXPECT_FALSE(food.isEmpty());
+    EXPECT_FALSE(bar.isEmpty());
+    EXPECT_FALSE(wine.isEmpty());
+    for (const auto &[rows, type] : {std::pair{food, QStringLiteral("Food")}, std::pair{bar, QStringLiteral("Beverage")},
+                                     std::pair{retail, QStringLiteral("Retail")}, std::pair{wine, QStringLiteral("Wine")}})
+        EXPECT_EQ(rows.filter(QLatin1Char('|') + type + QLatin1Char('|')).size(), rows.size()) << type.toStdString();
+    EXPECT_TRUE(all.contains(QStringLiteral("JoeMs Wings|Food|9.95|0|0")) || !all.filter(QStringLiteral("JoeMs Wings|")).isEmpty());
+    EXPECT_EQ(all.filter(QStringLiteral("House Salad|")), QStringList{QStringLiteral("House Salad|Food|6.95|0|0")});
+    EXPECT_EQ(all.filter(QStringLiteral("Boiled Lobster|")).value(0).section(QLatin1Char('|'), 2, 2), QStringLiteral("0"));
+    EXPECT_EQ(all.filter(QStringLiteral("Daily Feature|")).value(0).section(QLatin1Char('|'), 1, 1), QStringLiteral("Food"));
+    EXPECT_EQ(all.filter(QStringLiteral("'")).size(), 0) << "apostrophes become M";
+    EXPECT_EQ(all.filter(QStringLiteral("Available|")).size(), 0) << "free in the button files";
+    EXPECT_EQ(retail.filter(QStringLiteral("Logo Koozie|")).size(), 1) << "an item in the retail file, under its kitchen text";
 }
 
 TEST_F(ScriptTest, ScreenshotsShowTheScreen)

@@ -1,0 +1,102 @@
+// Calculate Sales over a big span, against a bare GROUP BY of SQLite over the same rows.
+#include "core/FixedField.h"
+#include "serversales/SpanSales.h"
+#include "store/SqliteSalesWriter.h"
+
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+namespace qlon {
+namespace {
+
+constexpr int itemCount = 2000;
+constexpr int rowCount = 1000000;
+
+QByteArray itemName(int index)
+{
+    return "Item " + QByteArray::number(index).rightJustified(4, '0');
+}
+
+// A week of sales, 1,000,000 lines of 2,000 items, all in the span.
+class BigSalesDatabase
+{
+public:
+    BigSalesDatabase()
+    {
+        SqliteSalesWriter writer(path());
+        for (int line = 0; line < rowCount; ++line) {
+            SalesRow row;
+            row[OrderID] = QByteArray::number(line / 4);
+            row[OrderDate] = "2026-11-" + QByteArray::number(16 + line % 7);
+            row[ReceiptID] = "R" + QByteArray::number(line / 4);
+            row[Quantity] = QByteArray::number(1 + line % 3);
+            row[Item] = itemName((line * 7919) % itemCount);
+            row[ItemType] = line % 3 == 0 ? "L" : "F";
+            row[UnitPrice] = QByteArray::number(2.5 + (line % 40) * 0.25, 'f', 2);
+            row[Time] = QByteArray::number(10 + line % 13) + ":" + QByteArray::number(10 + line % 50) + ":00";
+            row[SaleType] = "Dine In";
+            row[OrderNumber] = QByteArray::number(line % 1000);
+            writer.add(row);
+        }
+        writer.commit();
+    }
+
+    QString path() const { return m_folder.filePath(QStringLiteral("Quillon.mdb")); }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+const BigSalesDatabase &database()
+{
+    static const BigSalesDatabase big;
+    return big;
+}
+
+const SalesSpan week{"11/16/2026", "11/23/2026", "12:00 AM", "11:59 PM"};
+
+// The run's work without the screen: the span read once, then every item's figures.
+void BM_CalculateSales(benchmark::State &state)
+{
+    const QString path = database().path();
+    for (auto _ : state) {
+        const std::unique_ptr<SalesStore> store = OpenSalesStore(path);
+        const SpanSales sales(*store, week);
+        double total = 0;
+        for (int index = 0; index < itemCount; ++index)
+            total += sales.of(itemName(index)).sales;
+        benchmark::DoNotOptimize(total);
+    }
+    state.SetItemsProcessed(state.iterations() * rowCount);
+}
+BENCHMARK(BM_CalculateSales)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The yardstick: SQLite's own sums per item over the same rows.
+void BM_GroupByYardstick(benchmark::State &state)
+{
+    sqlite3 *handle = nullptr;
+    sqlite3_open_v2(database().path().toUtf8().constData(), &handle, SQLITE_OPEN_READONLY, nullptr);
+    sqlite3_stmt *query = nullptr;
+    sqlite3_prepare_v2(handle,
+                       "SELECT Item, SUM(UnitPrice), SUM(Quantity) FROM ItemsSold "
+                       "WHERE OrderDate >= '2026-11-16' AND OrderDate <= '2026-11-23 00:00:00' GROUP BY Item",
+                       -1, &query, nullptr);
+    for (auto _ : state) {
+        double total = 0;
+        while (sqlite3_step(query) == SQLITE_ROW)
+            total += sqlite3_column_double(query, 1);
+        sqlite3_reset(query);
+        benchmark::DoNotOptimize(total);
+    }
+    sqlite3_finalize(query);
+    sqlite3_close(handle);
+    state.SetItemsProcessed(state.iterations() * rowCount);
+}
+BENCHMARK(BM_GroupByYardstick)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+} // namespace qlon
+
+BENCHMARK_MAIN();

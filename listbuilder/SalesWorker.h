@@ -1,0 +1,18 @@
+#pragma once
+
+namespace qlon {
+
+// The hidden worker screen, as the main screen uses it during Calculate Sales: before each row
+// the main screen writes the worker's Label1 (the row's tag) and Label2 (its status), then asks
+// it to count the row's sales.
+class SalesWorker
+{
+public:
+    virtual ~SalesWorker() = default;
+
+    // A run starts: sales read for an earlier run no longer count.
+    virtual void BeginRun() = 0;
+    virtual void Get_Sales() = 0;
+};
+
+} // namespace qlon

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "store/SalesStore.h"
+
+#include <QByteArrayList>
+#include <QHash>
+
+namespace qlon {
+
+// The span of a Calculate Sales run as the main screen's texts stand: two dates and two times.
+struct SalesSpan
+{
+    QByteArray fromDate;
+    QByteArray toDate;
+    QByteArray startTime;
+    QByteArray endTime;
+
+    bool operator==(const SalesSpan &) const = default;
+};
+
+// The span filter: one unbroken span from the start time on the from date to the end time on
+// the to date, no daily window. A date or time that can't be read rejects the row.
+bool InSpan(QByteArrayView orderDate, QByteArrayView time, const SalesSpan &span);
+
+// The trimmed texts of the last row read, as a walk over the rows keeps them: a column that is
+// null keeps the text that stood before, since the old walk passed over the failing read.
+class CarriedColumns
+{
+public:
+    void take(const SalesRow &row, std::initializer_list<SalesColumn> columns);
+    const QByteArray &operator[](SalesColumn column) const { return m_texts[column]; }
+    QByteArray &operator[](SalesColumn column) { return m_texts[column]; }
+
+private:
+    std::array<QByteArray, SalesColumnCount> m_texts;
+};
+
+// What the sales rows of one item over the span add up to.
+struct ItemSales
+{
+    double sales = 0;            // the line prices, each rounded to cents, never times the quantity
+    double units = 0;
+    QList<QByteArrayList> trace; // the lines of TempItemsRec.dat, in table order
+    // The receipt of the last row read with the item's name, counted or not; the "Volume" of an
+    // item that sold nothing shows it.
+    QByteArray lastReceipt;
+};
+
+// The sales of every item of a span, read in one pass over the span's rows. Each item gets
+// exactly what a walk of the whole span for that item alone gives: the same sums added in the
+// same order, the same trace lines, and a null value that keeps the text of the item's row
+// before it, as the old walk's variables did.
+class SpanSales
+{
+public:
+    SpanSales(SalesStore &store, const SalesSpan &span);
+
+    // The item's sales; an item without rows sold nothing.
+    const ItemSales &of(const QByteArray &name) const;
+
+private:
+    QHash<QByteArray, ItemSales> m_items;
+};
+
+} // namespace qlon

@@ -1,0 +1,125 @@
+#include "store/SalesStore.h"
+
+#include "core/Ansi.h"
+#include "core/DateText.h"
+#include "store/JetSalesStore.h"
+#include "store/SqliteSalesStore.h"
+
+#include <QFile>
+
+#include <charconv>
+#include <cmath>
+
+namespace qlon {
+namespace {
+
+// The codes under which the engine reports its errors.
+constexpr qint64 EngineFailure = -2147467259;
+constexpr qint64 EngineMissingTable = -2147217865;
+constexpr qint64 EngineBadValue = -2147217913;
+
+constexpr QByteArrayView SqliteSignature("SQLite format 3\0", 16);
+constexpr qsizetype JetSignatureOffset = 4;
+constexpr std::array<QByteArrayView, 2> JetSignatures{"Standard Jet DB", "Standard ACE DB"};
+
+bool IsJetHeader(QByteArrayView header)
+{
+    const QByteArrayView signatureField = header.sliced(qMin(JetSignatureOffset, header.size()));
+    for (QByteArrayView signature : JetSignatures) {
+        if (signatureField.startsWith(signature))
+            return true;
+    }
+    return false;
+}
+
+QByteArray ReadHeader(const QString &hostPath, const QString &shownPath)
+{
+    QFile file(hostPath);
+    if (!file.exists())
+        throw EngineError(QStringLiteral("Could not find file '%1'.").arg(shownPath), hostPath);
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw EngineError(QStringLiteral("The Microsoft Jet database engine cannot open the file '%1'.  It is "
+                                         "already opened exclusively by another user, or you need permission to "
+                                         "view its data.")
+                              .arg(shownPath),
+                          hostPath);
+    }
+    return file.read(JetSignatureOffset + JetSignatures.front().size());
+}
+
+template<typename Number>
+QByteArray ShortestText(Number value)
+{
+    const Number magnitude = std::abs(value);
+    const bool plain = magnitude == 0 || (magnitude >= Number(1e-5) && magnitude < Number(1e15));
+    std::array<char, 64> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                   plain ? std::chars_format::fixed : std::chars_format::scientific)
+                         .ptr;
+    return QByteArray(digits.data(), end - digits.data()).toUpper();
+}
+
+} // namespace
+
+std::unique_ptr<SalesStore> OpenSalesStore(const QString &hostPath, const QString &shownPath)
+{
+    const QString shown = shownPath.isEmpty() ? hostPath : shownPath;
+    const QByteArray header = ReadHeader(hostPath, shown);
+    if (header.startsWith(SqliteSignature))
+        return std::make_unique<SqliteSalesStore>(hostPath);
+    if (IsJetHeader(header))
+        return std::make_unique<JetSalesStore>(hostPath);
+    throw UnrecognizedFormatError(shown);
+}
+
+QByteArray DateTimeText(QDate date, QTime time)
+{
+    if (date == DayZero)
+        return LongTime(time);
+    if (time == QTime(0, 0))
+        return ShortDate(date);
+    return ShortDate(date) + ' ' + LongTime(time);
+}
+
+QByteArray NumberText(double value)
+{
+    return ShortestText(value);
+}
+
+QByteArray NumberText(float value)
+{
+    return ShortestText(value);
+}
+
+DateSpan ReadDateSpan(QByteArrayView from, QByteArrayView to)
+{
+    const std::optional<QDate> fromDate = ToDate(from);
+    const std::optional<QDate> toDate = ToDate(to);
+    if (!fromDate || !toDate) {
+        const QString expression = QStringLiteral("OrderDate BETWEEN #%1# AND #%2#").arg(FromAnsi(from), FromAnsi(to));
+        throw RuntimeError(EngineBadValue,
+                           QStringLiteral("Syntax error in date in query expression '%1'.").arg(expression), {});
+    }
+    return {*fromDate, *toDate};
+}
+
+RuntimeError EngineError(const QString &description, const QString &hostPath)
+{
+    return RuntimeError(EngineFailure, description, hostPath);
+}
+
+RuntimeError UnrecognizedFormatError(const QString &hostPath)
+{
+    return EngineError(QStringLiteral("Unrecognized database format '%1'.").arg(hostPath), hostPath);
+}
+
+RuntimeError MissingTableError(QByteArrayView table, const QString &hostPath)
+{
+    return RuntimeError(EngineMissingTable,
+                        QStringLiteral("The Microsoft Jet database engine cannot find the input table or query "
+                                       "'%1'.  Make sure it exists and that its name is spelled correctly.")
+                            .arg(FromAnsi(table)),
+                        hostPath);
+}
+
+} // namespace qlon

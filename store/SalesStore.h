@@ -1,0 +1,104 @@
+#pragma once
+
+#include "core/RuntimeError.h"
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QDate>
+#include <QString>
+#include <QTime>
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace qlon {
+
+// The columns of the table ItemsSold, in the order of the full select.
+enum SalesColumn {
+    OrderID,
+    OrderDate,
+    ReceiptID,
+    Quantity,
+    Item,
+    ItemType,
+    UnitPrice,
+    Time,
+    SaleType,
+    OrderNumber,
+    POSstation,
+    EmpNumber,
+    TableNumber,
+    SalesColumnCount
+};
+
+inline constexpr QByteArrayView SalesTableName{"ItemsSold"};
+// The column names, in the order of the enumeration.
+inline constexpr std::array<QByteArrayView, SalesColumnCount> SalesColumnNames{
+    "OrderID", "OrderDate", "ReceiptID", "Quantity", "Item", "ItemType", "UnitPrice", "Time",
+    "SaleType", "OrderNumber", "POSstation", "EmpNumber", "TableNumber"};
+
+// A value of a row as text, the way the old platform turned values into text: a date as
+// "3/31/2004", a time of day as "6:05:00 PM", a date with a time as both ("3/31/2004 6:05:00 PM"),
+// a number in its shortest decimal form ("12.5"), a text as it stands (Windows-1252 bytes).
+// A null stays distinct from the empty text.
+using SalesValue = std::optional<QByteArray>;
+using SalesRow = std::array<SalesValue, SalesColumnCount>;
+
+// Called for each row, in table order; returning false stops the walk.
+using SalesVisitor = std::function<bool(const SalesRow &)>;
+
+// The sales table of data\Quillon.mdb, read only. It answers the two queries the program sends:
+// the full select, and the select of a span of dates.
+class SalesStore
+{
+public:
+    virtual ~SalesStore() = default;
+
+    // "select OrderID,...,TableNumber from ItemsSold"
+    virtual void SelectAll(const SalesVisitor &visit) = 0;
+
+    // "SELECT * FROM ItemsSold WHERE OrderDate BETWEEN #from# AND #to#", the two dates as the
+    // screen's texts stand. Both ends are inclusive and compared as date-time values, so a sale
+    // at 6 PM on the to date lies after "#to#", which is midnight. A date text that can't be read
+    // raises the engine's error.
+    virtual void SelectSpan(QByteArrayView from, QByteArrayView to, const SalesVisitor &visit) = 0;
+};
+
+// Opens the database at the host path: a Jet 3 or 4 file (what the sites have) or an SQLite 3
+// file, told apart by their signatures. A file that is neither, or can't be opened, raises the
+// engine's error, which names the file as `shownPath` when given (the site's own path).
+std::unique_ptr<SalesStore> OpenSalesStore(const QString &hostPath, const QString &shownPath = {});
+
+// What the engines share.
+
+// Day zero of the platform's date-time values, 12/30/1899.
+inline constexpr QDate DayZero = QDate::fromJulianDay(2415019);
+
+// A date-time value as the platform writes it: the date alone at midnight ("3/31/2004"), the time
+// alone on day zero, 12/30/1899 ("6:05:00 PM", and "12:00:00 AM" for day zero itself), else both.
+QByteArray DateTimeText(QDate date, QTime time);
+
+// A floating number in the shortest form that reads back as the same number of its type: "12.5",
+// "3", and "0.1" for the single nearest to 0.1; from 1E+15 up and below 1E-05 in the form "1E+15".
+QByteArray NumberText(double value);
+QByteArray NumberText(float value);
+
+// The dates of a span select, read from the screen's texts by the system's date rules.
+struct DateSpan
+{
+    QDate from;
+    QDate to;
+};
+// Raises the engine's syntax error when either text is no date.
+DateSpan ReadDateSpan(QByteArrayView from, QByteArrayView to);
+
+// An error of the engine under its code of general failure, with the engine's text.
+RuntimeError EngineError(const QString &description, const QString &hostPath);
+// The engine's error for a file that is no database of a kind it knows.
+RuntimeError UnrecognizedFormatError(const QString &hostPath);
+// The engine's error for a table or query that the database lacks.
+RuntimeError MissingTableError(QByteArrayView table, const QString &hostPath);
+
+} // namespace qlon

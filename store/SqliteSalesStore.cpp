@@ -1,0 +1,252 @@
+#include "store/SqliteSalesStore.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <charconv>
+
+namespace qlon {
+namespace {
+
+// Any text that doesn't begin with an ISO date is kept out of a span.
+constexpr QByteArrayView SpanCondition(
+    "OrderDate >= ?1 AND OrderDate < ?3 AND (OrderDate < ?2 OR julianday(OrderDate) = julianday(?2))"
+    " AND OrderDate GLOB '[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]*'");
+
+QByteArray SelectStatement(QByteArrayView condition)
+{
+    QByteArray columns;
+    for (QByteArrayView name : SalesColumnNames)
+        columns += (columns.isEmpty() ? "" : ",") + name.toByteArray();
+    QByteArray statement = "SELECT " + columns + " FROM " + SalesTableName.toByteArray();
+    if (!condition.isEmpty())
+        statement += " WHERE " + condition.toByteArray();
+    return statement + " ORDER BY rowid";
+}
+
+// SQLite tells a missing table only in its message.
+bool IsMissingTable(sqlite3 *database)
+{
+    return QByteArrayView(sqlite3_errmsg(database)).startsWith("no such table");
+}
+
+// Whether the text has the shape, in which "0" stands for any digit.
+bool HasShape(QByteArrayView text, QByteArrayView shape)
+{
+    return std::equal(text.begin(), text.end(), shape.begin(), shape.end(), [](char character, char wanted) {
+        return wanted == '0' ? character >= '0' && character <= '9' : character == wanted;
+    });
+}
+
+int DigitsAt(QByteArrayView text, qsizetype start, qsizetype count)
+{
+    int number = 0;
+    for (char digit : text.sliced(start, count))
+        number = number * 10 + (digit - '0');
+    return number;
+}
+
+std::optional<QDate> IsoDate(QByteArrayView text)
+{
+    if (!HasShape(text, "0000-00-00"))
+        return std::nullopt;
+    const QDate date(DigitsAt(text, 0, 4), DigitsAt(text, 5, 2), DigitsAt(text, 8, 2));
+    return date.isValid() ? std::optional(date) : std::nullopt;
+}
+
+std::optional<QTime> IsoTime(QByteArrayView text)
+{
+    if (!HasShape(text, "00:00:00"))
+        return std::nullopt;
+    const QTime time(DigitsAt(text, 0, 2), DigitsAt(text, 3, 2), DigitsAt(text, 6, 2));
+    return time.isValid() ? std::optional(time) : std::nullopt;
+}
+
+std::optional<QByteArray> IsoDateTimeText(QByteArrayView text)
+{
+    constexpr qsizetype DateLength = 10;
+    constexpr qsizetype TimeLength = 8;
+    std::optional<QDate> date = DayZero;
+    std::optional<QTime> time = QTime(0, 0);
+    if (text.size() == TimeLength) {
+        time = IsoTime(text);
+    } else if (text.size() == DateLength) {
+        date = IsoDate(text);
+    } else if (text.size() == DateLength + 1 + TimeLength && (text[DateLength] == ' ' || text[DateLength] == 'T')) {
+        date = IsoDate(text.first(DateLength));
+        time = IsoTime(text.last(TimeLength));
+    } else {
+        return std::nullopt;
+    }
+    if (!date || !time)
+        return std::nullopt;
+    return DateTimeText(*date, *time);
+}
+
+// Copies the bytes into the value, reusing its buffer when the visitor kept no copy of it.
+void Assign(SalesValue &value, QByteArrayView bytes)
+{
+    if (!value || !value->isDetached()) {
+        value.emplace(bytes.data(), bytes.size());
+        return;
+    }
+    value->resize(bytes.size());
+    std::copy_n(bytes.data(), bytes.size(), value->data());
+}
+
+QByteArrayView ColumnBytes(sqlite3_stmt *statement, int column)
+{
+    const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(statement, column));
+    return QByteArrayView(text, sqlite3_column_bytes(statement, column));
+}
+
+void AssignWhole(SalesValue &value, qint64 number)
+{
+    std::array<char, 24> digits;
+    const char *end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    Assign(value, QByteArrayView(digits.data(), end));
+}
+
+// Makes the statement ready for its next run, however the walk ends.
+class ResetAtExit
+{
+public:
+    explicit ResetAtExit(sqlite3_stmt *statement) : m_statement(statement) {}
+    ~ResetAtExit() { sqlite3_reset(m_statement); }
+    ResetAtExit(const ResetAtExit &) = delete;
+    ResetAtExit &operator=(const ResetAtExit &) = delete;
+
+private:
+    sqlite3_stmt *m_statement;
+};
+
+QByteArray IsoText(QDate date)
+{
+    return date.toString(Qt::ISODate).toLatin1();
+}
+
+} // namespace
+
+void SqliteCloser::operator()(sqlite3 *database) const
+{
+    sqlite3_close(database);
+}
+
+void SqliteCloser::operator()(sqlite3_stmt *statement) const
+{
+    sqlite3_finalize(statement);
+}
+
+SqliteDatabase OpenSqlite(const QString &hostPath, int flags)
+{
+    sqlite3 *opened = nullptr;
+    const int result = sqlite3_open_v2(hostPath.toUtf8().constData(), &opened, flags, nullptr);
+    SqliteDatabase database(opened);
+    if (result != SQLITE_OK)
+        throw SqliteError(database.get(), hostPath);
+    return database;
+}
+
+SqliteStatement PrepareSqlite(sqlite3 *database, QByteArrayView sql, const QString &hostPath)
+{
+    sqlite3_stmt *statement = nullptr;
+    if (sqlite3_prepare_v3(database, sql.data(), int(sql.size()), SQLITE_PREPARE_PERSISTENT, &statement, nullptr)
+        != SQLITE_OK)
+        throw SqliteError(database, hostPath);
+    return SqliteStatement(statement);
+}
+
+RuntimeError SqliteError(sqlite3 *database, const QString &hostPath)
+{
+    if (sqlite3_errcode(database) == SQLITE_NOTADB)
+        return UnrecognizedFormatError(hostPath);
+    if (IsMissingTable(database))
+        return MissingTableError(SalesTableName, hostPath);
+    return EngineError(QString::fromUtf8(sqlite3_errmsg(database)), hostPath);
+}
+
+SqliteSalesStore::SqliteSalesStore(const QString &hostPath)
+    : m_hostPath(hostPath)
+    , m_database(OpenSqlite(hostPath, SQLITE_OPEN_READONLY))
+    , m_all(PrepareSqlite(m_database.get(), SelectStatement({}), hostPath))
+    , m_span(PrepareSqlite(m_database.get(), SelectStatement(SpanCondition), hostPath))
+{
+}
+
+void SqliteSalesStore::SelectAll(const SalesVisitor &visit)
+{
+    walk(m_all.get(), visit);
+}
+
+// ISO texts sort as their dates do, so the ends become comparisons of texts: from the from date on,
+// and before the day after the to date, where a value on the to date itself counts only at midnight.
+void SqliteSalesStore::SelectSpan(QByteArrayView from, QByteArrayView to, const SalesVisitor &visit)
+{
+    const DateSpan span = ReadDateSpan(from, to);
+    bindText(1, IsoText(span.from));
+    bindText(2, IsoText(span.to));
+    bindText(3, IsoText(span.to.addDays(1)));
+    walk(m_span.get(), visit);
+}
+
+void SqliteSalesStore::bindText(int parameter, const QByteArray &text)
+{
+    if (sqlite3_bind_text(m_span.get(), parameter, text.constData(), int(text.size()), SQLITE_TRANSIENT) != SQLITE_OK)
+        throw SqliteError(m_database.get(), m_hostPath);
+}
+
+void SqliteSalesStore::walk(sqlite3_stmt *statement, const SalesVisitor &visit)
+{
+    const ResetAtExit reset(statement);
+    for (;;) {
+        const int result = sqlite3_step(statement);
+        if (result == SQLITE_DONE)
+            return;
+        if (result != SQLITE_ROW)
+            throw SqliteError(m_database.get(), m_hostPath);
+        readRow(statement);
+        if (!visit(m_row))
+            return;
+    }
+}
+
+void SqliteSalesStore::readRow(sqlite3_stmt *statement)
+{
+    for (int column = 0; column < SalesColumnCount; ++column)
+        readValue(statement, column);
+}
+
+void SqliteSalesStore::readValue(sqlite3_stmt *statement, int column)
+{
+    SalesValue &value = m_row[column];
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+        value.reset();
+        return;
+    case SQLITE_INTEGER:
+        AssignWhole(value, sqlite3_column_int64(statement, column));
+        return;
+    case SQLITE_FLOAT:
+        value = NumberText(sqlite3_column_double(statement, column));
+        return;
+    default:
+        readText(ColumnBytes(statement, column), column);
+    }
+}
+
+void SqliteSalesStore::readText(QByteArrayView bytes, int column)
+{
+    DateTimeMemo &memo = m_dateTimes[column];
+    if (!memo.iso.isEmpty() && bytes == memo.iso) {
+        m_row[column] = memo.text;
+        return;
+    }
+    if (std::optional<QByteArray> dateTime = IsoDateTimeText(bytes)) {
+        memo = {bytes.toByteArray(), *dateTime};
+        m_row[column] = std::move(dateTime);
+        return;
+    }
+    Assign(m_row[column], bytes);
+}
+
+} // namespace qlon

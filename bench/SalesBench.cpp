@@ -32,7 +32,7 @@ public:
             row[OrderDate] = "2026-11-" + QByteArray::number(16 + line % 7);
             row[ReceiptID] = "R" + QByteArray::number(line / 4);
             row[Quantity] = QByteArray::number(1 + line % 3);
-            row[Item] = itemName((line * 7919) % itemCount);
+            row[Item] = itemName(int((line * 7919LL) % itemCount));
             row[ItemType] = line % 3 == 0 ? "L" : "F";
             row[UnitPrice] = QByteArray::number(2.5 + (line % 40) * 0.25, 'f', 2);
             row[Time] = QByteArray::number(10 + line % 13) + ":" + QByteArray::number(10 + line % 50) + ":00";

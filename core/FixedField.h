@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QByteArrayView>
 
+#include <algorithm>
+
 namespace qlon {
 
 // Where a fixed text field lies in its record, in bytes.
@@ -12,8 +14,8 @@ struct FieldSpan
     int width;
 };
 
-// Blanks only, on both sides: tabs and other white space belong to the text.
-inline QByteArray TrimBlanks(QByteArrayView text)
+// The trimmed text into `target`, whose buffer is reused where it can be.
+inline void AssignTrimmed(QByteArray &target, QByteArrayView text)
 {
     qsizetype first = 0;
     qsizetype last = text.size();
@@ -21,7 +23,16 @@ inline QByteArray TrimBlanks(QByteArrayView text)
         ++first;
     while (last > first && text[last - 1] == ' ')
         --last;
-    return text.sliced(first, last - first).toByteArray();
+    target.resize(last - first);
+    std::copy(text.begin() + first, text.begin() + last, target.begin());
+}
+
+// Blanks only, on both sides: tabs and other white space belong to the text.
+inline QByteArray TrimBlanks(QByteArrayView text)
+{
+    QByteArray trimmed;
+    AssignTrimmed(trimmed, text);
+    return trimmed;
 }
 
 // The text copied from the left, cut at the width or filled up with blanks.

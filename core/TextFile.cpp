@@ -35,23 +35,44 @@ QByteArray TextFile::ReadField()
     return m_reader->ReadField();
 }
 
+namespace {
+void appendQuoted(QByteArray &out, QByteArrayView text, bool first)
+{
+    if (!first)
+        out.append(',');
+    out.append('"').append(text).append('"');
+}
+} // namespace
+
+void AppendQuotedLine(QByteArray &out, std::initializer_list<QByteArrayView> texts)
+{
+    bool first = true;
+    for (QByteArrayView text : texts) {
+        appendQuoted(out, text, first);
+        first = false;
+    }
+    out.append("\r\n");
+}
+
 void TextFile::WriteFields(const QByteArrayList &texts)
 {
     QByteArray line;
-    for (const QByteArray &text : texts) {
-        if (!line.isEmpty())
-            line.append(',');
-        line.append('"').append(text).append('"');
-    }
+    for (qsizetype index = 0; index < texts.size(); ++index)
+        appendQuoted(line, texts[index], index == 0);
     PrintLine(line);
 }
 
 void TextFile::PrintLine(QByteArrayView text)
 {
+    WriteLines(text);
+    WriteLines("\r\n");
+}
+
+void TextFile::WriteLines(QByteArrayView lines)
+{
     if (m_reader)
         throw RuntimeError(RuntimeError::BadFileNameOrNumber, hostPath());
-    file().write(text.data(), text.size());
-    file().write("\r\n", 2);
+    file().write(lines.data(), lines.size());
 }
 
 } // namespace qlon

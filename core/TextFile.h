@@ -27,9 +27,15 @@ public:
     void WriteFields(const QByteArrayList &texts);
     // The text and a line end, without quotes.
     void PrintLine(QByteArrayView text);
+    // Lines already made, each with its line end.
+    void WriteLines(QByteArrayView lines);
 
 private:
     std::optional<FieldReader> m_reader;
 };
+
+// Appends the line WriteFields writes: each text in double quotes, separated by commas, with
+// the line end.
+void AppendQuotedLine(QByteArray &out, std::initializer_list<QByteArrayView> texts);
 
 } // namespace qlon

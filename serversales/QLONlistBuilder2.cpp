@@ -146,11 +146,7 @@ void QLONlistBuilder2::Get_Sales()
     Yield();
 
     const ItemSales &sales = salesOf(searched, span);
-    {
-        TextFile trace(tracePath, TextFile::Mode::Append);
-        for (const QByteArrayList &line : sales.trace)
-            trace.WriteFields(line);
-    }
+    TextFile(tracePath, TextFile::Mode::Append).WriteLines(sales.trace);
 
     const QByteArray tag = main->MList1->rowTag(shared.CurrentRow);
     const QByteArray actual = Format(sales.sales, "#########.##");

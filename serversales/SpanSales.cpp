@@ -5,6 +5,7 @@
 #include "core/ErrorIgnoring.h"
 #include "core/FixedField.h"
 #include "core/Format.h"
+#include "core/TextFile.h"
 
 namespace qlon {
 
@@ -37,42 +38,71 @@ void CarriedColumns::take(const SalesRow &row, std::initializer_list<SalesColumn
 {
     for (SalesColumn column : columns) {
         if (row[column])
-            m_texts[column] = TrimBlanks(*row[column]);
+            AssignTrimmed(m_texts[column], *row[column]);
     }
 }
 
-bool InSpan(QByteArrayView orderDate, QByteArrayView time, const SalesSpan &span)
+SpanFilter::SpanFilter(const SalesSpan &span)
+    : m_from(ToDate(span.fromDate))
+    , m_to(ToDate(span.toDate))
+    , m_start(ToTime(span.startTime))
+    , m_end(ToTime(span.endTime))
 {
-    const std::optional<QDate> date = ToDate(orderDate);
-    const std::optional<QDate> from = ToDate(span.fromDate);
-    const std::optional<QDate> to = ToDate(span.toDate);
-    if (before(date, from) || before(to, date))
+}
+
+std::optional<QDate> SpanFilter::dateOf(const QByteArray &text)
+{
+    auto found = m_dates.constFind(text);
+    if (found == m_dates.constEnd())
+        found = m_dates.insert(text, ToDate(text));
+    return *found;
+}
+
+std::optional<QTime> SpanFilter::timeOf(const QByteArray &text)
+{
+    auto found = m_times.constFind(text);
+    if (found == m_times.constEnd())
+        found = m_times.insert(text, ToTime(text));
+    return *found;
+}
+
+bool SpanFilter::contains(const QByteArray &orderDate, const QByteArray &time)
+{
+    const std::optional<QDate> date = dateOf(orderDate);
+    if (before(date, m_from) || before(m_to, date))
         return false;
-    const std::optional<QTime> rowTime = ToTime(time);
-    return !onDayOutsideHours(date, from, rowTime, ToTime(span.startTime), true)
-        && !onDayOutsideHours(date, to, rowTime, ToTime(span.endTime), false);
+    const std::optional<QTime> rowTime = timeOf(time);
+    return !onDayOutsideHours(date, m_from, rowTime, m_start, true) && !onDayOutsideHours(date, m_to, rowTime, m_end, false);
+}
+
+bool InSpan(const QByteArray &orderDate, const QByteArray &time, const SalesSpan &span)
+{
+    return SpanFilter(span).contains(orderDate, time);
 }
 
 SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
 {
-    QHash<QByteArray, CarriedColumns> carried;
+    SpanFilter filter(span);
+    QHash<QByteArray, double> roundedPrices;
     QByteArray item;
     store.SelectSpan(span.fromDate, span.toDate, [&](const SalesRow &row) {
         // A null item keeps the name of the row before it, whatever item that was.
         if (row[Item])
-            item = TrimBlanks(*row[Item]);
-        CarriedColumns &columns = carried[item];
+            AssignTrimmed(item, *row[Item]);
+        ItemWalk &walk = m_items[item];
+        CarriedColumns &columns = walk.columns;
         columns.take(row, {OrderID, OrderDate, Item, UnitPrice, ItemType, Quantity, Time, ReceiptID, OrderNumber, SaleType});
-        if (item.isEmpty() || !InSpan(columns[OrderDate], columns[Time], span)) {
-            m_items[item].lastReceipt = columns[ReceiptID];
-            return true;
-        }
-        ItemSales &sales = m_items[item];
+        ItemSales &sales = walk.sales;
         sales.lastReceipt = columns[ReceiptID];
-        sales.sales += roundedPrice(columns[UnitPrice]);
+        if (item.isEmpty() || !filter.contains(columns[OrderDate], columns[Time]))
+            return true;
+        auto price = roundedPrices.constFind(columns[UnitPrice]);
+        if (price == roundedPrices.constEnd())
+            price = roundedPrices.insert(columns[UnitPrice], roundedPrice(columns[UnitPrice]));
+        sales.sales += *price;
         sales.units += NumericValue(columns[Quantity]);
-        sales.trace.append({columns[Item], columns[OrderID], columns[Quantity], columns[OrderDate], columns[ReceiptID],
-                            columns[OrderNumber], columns[SaleType]});
+        AppendQuotedLine(sales.trace, {columns[Item], columns[OrderID], columns[Quantity], columns[OrderDate], columns[ReceiptID],
+                                       columns[OrderNumber], columns[SaleType]});
         return true;
     });
 }
@@ -81,7 +111,7 @@ const ItemSales &SpanSales::of(const QByteArray &name) const
 {
     static const ItemSales nothing;
     const auto found = m_items.constFind(name);
-    return found == m_items.constEnd() ? nothing : *found;
+    return found == m_items.constEnd() ? nothing : found->sales;
 }
 
 } // namespace qlon

@@ -3,7 +3,9 @@
 #include "store/SalesStore.h"
 
 #include <QByteArrayList>
+#include <QDate>
 #include <QHash>
+#include <QTime>
 
 namespace qlon {
 
@@ -20,10 +22,31 @@ struct SalesSpan
 
 // The span filter: one unbroken span from the start time on the from date to the end time on
 // the to date, no daily window. A date or time that can't be read rejects the row.
-bool InSpan(QByteArrayView orderDate, QByteArrayView time, const SalesSpan &span);
+class SpanFilter
+{
+public:
+    explicit SpanFilter(const SalesSpan &span);
+
+    bool contains(const QByteArray &orderDate, const QByteArray &time);
+
+private:
+    // The rows of a span repeat their dates and times: each text is read once.
+    std::optional<QDate> dateOf(const QByteArray &text);
+    std::optional<QTime> timeOf(const QByteArray &text);
+
+    std::optional<QDate> m_from;
+    std::optional<QDate> m_to;
+    std::optional<QTime> m_start;
+    std::optional<QTime> m_end;
+    QHash<QByteArray, std::optional<QDate>> m_dates;
+    QHash<QByteArray, std::optional<QTime>> m_times;
+};
+
+bool InSpan(const QByteArray &orderDate, const QByteArray &time, const SalesSpan &span);
 
 // The trimmed texts of the last row read, as a walk over the rows keeps them: a column that is
-// null keeps the text that stood before, since the old walk passed over the failing read.
+// null keeps the text that stood before, since the old walk passed over the failing read. The
+// texts are copied into buffers of their own, which the next rows reuse.
 class CarriedColumns
 {
 public:
@@ -40,7 +63,7 @@ struct ItemSales
 {
     double sales = 0;            // the line prices, each rounded to cents, never times the quantity
     double units = 0;
-    QList<QByteArrayList> trace; // the lines of TempItemsRec.dat, in table order
+    QByteArray trace; // the lines of TempItemsRec.dat, in table order, as the file holds them
     // The receipt of the last row read with the item's name, counted or not; the "Volume" of an
     // item that sold nothing shows it.
     QByteArray lastReceipt;
@@ -59,7 +82,14 @@ public:
     const ItemSales &of(const QByteArray &name) const;
 
 private:
-    QHash<QByteArray, ItemSales> m_items;
+    // What one item's walk keeps: the texts of its last row and its sums.
+    struct ItemWalk
+    {
+        CarriedColumns columns;
+        ItemSales sales;
+    };
+
+    QHash<QByteArray, ItemWalk> m_items;
 };
 
 } // namespace qlon

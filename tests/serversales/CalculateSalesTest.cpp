@@ -1,0 +1,173 @@
+#include "listbuilder/QLONlistBuilder1.h"
+#include "platform/ui/MList.h"
+#include "platform/ui/VbComboBox.h"
+#include "serversales/QLONlistBuilder2.h"
+#include "store/ItemRec500.h"
+#include "store/ProgramGlobals.h"
+#include "store/SiteConfig.h"
+#include "store/SqliteSalesWriter.h"
+#include "tests/support/TempSite.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace qlon {
+namespace {
+
+ItemRec500 item(const QByteArray &title, const QByteArray &department, const QByteArray &price)
+{
+    ItemRec500 record;
+    record.setField(ItemRec500::ButtonTitle, title);
+    record.setField(ItemRec500::Department, department);
+    record.setField(ItemRec500::Price, price);
+    return record;
+}
+
+SalesRow sale(int id, const QByteArray &name, const QByteArray &date, const QByteArray &time, const QByteArray &quantity,
+              const QByteArray &price)
+{
+    SalesRow row;
+    row[OrderID] = QByteArray::number(id);
+    row[OrderDate] = date;
+    row[ReceiptID] = "R" + QByteArray::number(id);
+    row[Quantity] = quantity;
+    row[Item] = name;
+    row[UnitPrice] = price;
+    row[Time] = time;
+    row[SaleType] = "Dine In";
+    row[OrderNumber] = QByteArray::number(id % 100);
+    return row;
+}
+
+class CalculateSalesTest : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        Screens().add(QStringLiteral("QLONlistBuilder1"), [] { return new QLONlistBuilder1; });
+        Screens().add(QStringLiteral("QLONlistBuilder2"), [] { return new QLONlistBuilder2; });
+    }
+
+    void SetUp() override
+    {
+        Site() = SiteGlobals{};
+        Shared() = ProgramGlobals{};
+        IniRec2300 configuration;
+        configuration.setField(IniRec2300::DataRootField, "C:\\Quillon\\");
+        site.write(QStringLiteral("Quillon/QlonINI.dat"), configuration.bytes());
+        site.write(QStringLiteral("Quillon/data/ListbuilderINI.dat"), "\"01/01/2004\",\"01/02/2004\"\r\n");
+        site.write(QStringLiteral("Quillon/data/Departments.dat"), "\"Food\"\r\n\"Beer\"\r\n\"Retail\"\r\n\"Empty\"\r\n");
+        QByteArray catalogue;
+        for (const ItemRec500 &record : {item("Burger", "Food", "6.50"), item("Lager", "Beer", "4.00"), item("Joe's Wings", "Food", "9.95"),
+                                         item("Cap", "Retail", "15.00"), item("Ghost", "Food", "1.00"), item("Odd", "Mystery", "2.00")})
+            catalogue += record.bytes();
+        site.write(QStringLiteral("Quillon/Temp/TempInv.dat"), catalogue);
+
+        SqliteSalesWriter sales(site.hostPath(QStringLiteral("Quillon/data/Quillon.mdb")));
+        sales.add(sale(1, "Burger", "2004-01-01", "19:00:00", "3", "12.00"));
+        sales.add(sale(2, "Burger", "2004-01-01", "12:00:00", "1", "13.5"));
+        sales.add(sale(3, "Lager", "2004-01-02", "01:00:00", "2", "8.00"));
+        sales.add(sale(4, "Joe's Wings", "2004-01-01", "20:00:00", "1", "9.95"));
+        sales.add(sale(5, "Ghost", "2004-01-01", "08:00:00", "1", "1.00"));
+        sales.add(sale(6, "Odd", "2004-01-01", "21:00:00", "1", "2.005"));
+        sales.add(sale(7, "Burger", "2004-01-02", "23:59:30", "1", "6.50"));
+        sales.commit();
+
+        screen = Screens().touch<QLONlistBuilder1>(QStringLiteral("QLONlistBuilder1"));
+        screen->SSOption6->setChecked(true);
+        screen->SSCommand2->click();
+    }
+
+    void TearDown() override { Screens().clear(); }
+
+    void calculate(const char *start = "12:00 am", const char *end = "11:59 pm")
+    {
+        screen->Combo2->setText(start);
+        screen->Combo3->setText(end);
+        screen->SSCommand4->click();
+    }
+
+    QByteArrayList rows() const
+    {
+        QByteArrayList rows;
+        for (int row = 0; row < screen->MList1->rowCount(); ++row)
+            rows.append(screen->MList1->rowText(row));
+        return rows;
+    }
+
+    test::TempSite site;
+    QLONlistBuilder1 *screen = nullptr;
+};
+
+TEST_F(CalculateSalesTest, AFinishedRunFillsTheRowsTheFilesAndTheTotals)
+{
+    calculate("06:00 pm", "11:59 pm");
+    const QByteArrayList expected = {
+        "Burger|Food|6.50|3|$12.00|0000000003|000000012.|12.",
+        "Lager|Beer|4.00|2|$8.00|0000000002|000000008.|8.",
+        "JoeMs Wings|Food|9.95|0||0000000000|000000000.|.",
+        "Cap|Retail|15.00|0||0000000000|000000000.|.",
+        "Ghost|Food|1.00|0|R5|0000000000|000000000.|.",
+        "Odd|Mystery|2.00|1|$2.01|0000000001|0000002.01|2.01",
+        "",
+        "********************",
+        "**Food|Total|4|4|$14.01|Q8$|Q9$|Q5$",
+        "**Beer|Total|2|2|$8.00|Q8$|Q9$|Q5$",
+        "**Retail|Total|0|0|$0.00|Q8$|Q9$|Q5$",
+        "**Empty|Total|0|0|$0.00|Q8$|Q9$|Q5$",
+    };
+    EXPECT_EQ(rows(), expected);
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/TempItems.dat")),
+              "\"ITEMNAME\",\"UNITS SOLD\",\"SALES TOTAL\"\r\n\"Burger\",\"3\",\"12.\"\r\n\"Lager\",\"2\",\"8.\"\r\n"
+              "\"JoeMs Wings\",\"0\",\".\"\r\n\"Cap\",\"0\",\".\"\r\n\"Ghost\",\"0\",\".\"\r\n\"Odd\",\"1\",\"2.01\"\r\n");
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/TempItemsRec.dat")),
+              "\"This the DB REcord Number as the item is added to the list\",\"\",\"\"\r\n"
+              "\"ITEMNAME\",\"DB REcord\",\"UnitSold\",\"OrderDate\",\"ReceiptID\",\" Order Number\",\"SaleType\"\r\n"
+              "\"Burger\",\"1\",\"3\",\"1/1/2004\",\"R1\",\"1\",\"Dine In\"\r\n"
+              "\"Lager\",\"3\",\"2\",\"1/2/2004\",\"R3\",\"3\",\"Dine In\"\r\n"
+              "\"Odd\",\"6\",\"1\",\"1/1/2004\",\"R6\",\"6\",\"Dine In\"\r\n");
+    EXPECT_TRUE(screen->SSCommand6->isVisibleTo(screen)) << "PRINT";
+    EXPECT_TRUE(screen->SSCommand5->isHidden()) << "Stop";
+    EXPECT_EQ(screen->MList4->rowCount(), 3 + 1 + 4);
+    // An unknown type is counted in the first category with the running number of the last one.
+    EXPECT_EQ(Shared().CategoryTable.at(0, 0), "Mystery");
+    EXPECT_EQ(Shared().CategoryTable.at(0, 1), ".");
+    EXPECT_EQ(screen->Combo1->entryNumber(0), 12);
+}
+
+TEST_F(CalculateSalesTest, ASecondRunWithoutLoadListGivesTheSameRows)
+{
+    calculate();
+    const QByteArrayList first = rows();
+    calculate();
+    EXPECT_EQ(rows(), first);
+    EXPECT_EQ(first.count("********************"), 1);
+}
+
+TEST_F(CalculateSalesTest, StopEndsTheRunAfterTheRowInWork)
+{
+    QTimer::singleShot(0, screen->SSCommand5, &QPushButton::click);
+    calculate();
+    EXPECT_EQ(screen->Label7->text(), QStringLiteral("Stop"));
+    EXPECT_EQ(rows().first(), "Burger|Food|6.50|4|$25.50|0000000004|00000025.5|25.5");
+    EXPECT_EQ(rows().at(1), "Lager|Beer|4.00|0|0") << "rows not reached keep their zeros";
+    EXPECT_FALSE(rows().contains("********************"));
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/TempItems.dat")),
+              "\"ITEMNAME\",\"UNITS SOLD\",\"SALES TOTAL\"\r\n\"Burger\",\"4\",\"25.5\"\r\n");
+}
+
+TEST_F(CalculateSalesTest, AnEmptyListStillGetsItsTotals)
+{
+    screen->SSOption7->setChecked(true); // "Seclect Below": no department bears that name
+    screen->SSCommand2->click();
+    calculate();
+    EXPECT_EQ(rows().size(), 2 + 4);
+    EXPECT_EQ(rows().at(2), "**Food|Total|0|0|$0.00|Q8$|Q9$|Q5$");
+}
+
+} // namespace
+} // namespace qlon

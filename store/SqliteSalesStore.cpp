@@ -167,7 +167,7 @@ RuntimeError SqliteError(sqlite3 *database, const QString &hostPath)
 
 SqliteSalesStore::SqliteSalesStore(const QString &hostPath)
     : m_hostPath(hostPath)
-    , m_database(OpenSqlite(hostPath, SQLITE_OPEN_READONLY))
+    , m_database(OpenSqlite(hostPath, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX))
     , m_all(PrepareSqlite(m_database.get(), SelectStatement({}), hostPath))
     , m_span(PrepareSqlite(m_database.get(), SelectStatement(SpanCondition), hostPath))
 {
@@ -236,17 +236,22 @@ void SqliteSalesStore::readValue(sqlite3_stmt *statement, int column)
 
 void SqliteSalesStore::readText(QByteArrayView bytes, int column)
 {
-    DateTimeMemo &memo = m_dateTimes[column];
-    if (!memo.iso.isEmpty() && bytes == memo.iso) {
-        m_row[column] = memo.text;
+    // Only texts of the lengths of ISO dates and times can be date-time values.
+    if (bytes.size() != 8 && bytes.size() != 10 && bytes.size() != 19)
+        return Assign(m_row[column], bytes);
+    QHash<QByteArray, SalesValue> &memo = m_dateTimes[column];
+    const auto known = memo.constFind(QByteArray::fromRawData(bytes.data(), bytes.size()));
+    if (known != memo.constEnd()) {
+        m_row[column] = *known;
         return;
     }
-    if (std::optional<QByteArray> dateTime = IsoDateTimeText(bytes)) {
-        memo = {bytes.toByteArray(), *dateTime};
-        m_row[column] = std::move(dateTime);
-        return;
-    }
-    Assign(m_row[column], bytes);
+    const std::optional<QByteArray> dateTime = IsoDateTimeText(bytes);
+    if (!dateTime)
+        return Assign(m_row[column], bytes);
+    if (memo.size() >= memoLimit)
+        memo.clear();
+    memo.insert(bytes.toByteArray(), dateTime);
+    m_row[column] = dateTime;
 }
 
 } // namespace qlon

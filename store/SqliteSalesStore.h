@@ -2,6 +2,8 @@
 
 #include "store/SalesStore.h"
 
+#include <QHash>
+
 struct sqlite3;
 struct sqlite3_stmt;
 
@@ -51,13 +53,9 @@ private:
     SqliteStatement m_all;
     SqliteStatement m_span;
     SalesRow m_row;
-    // Each column's last ISO text with its text form, for the rows of a day repeat their date.
-    struct DateTimeMemo
-    {
-        QByteArray iso;
-        QByteArray text;
-    };
-    std::array<DateTimeMemo, SalesColumnCount> m_dateTimes;
+    // Each column's ISO texts with their text forms: the rows repeat their dates and times.
+    static constexpr qsizetype memoLimit = 100000;
+    std::array<QHash<QByteArray, SalesValue>, SalesColumnCount> m_dateTimes;
 };
 
 } // namespace qlon

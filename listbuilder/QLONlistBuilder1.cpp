@@ -234,6 +234,8 @@ void QLONlistBuilder1::connectHandlers()
     OnEvent(SSCommand4, &QPushButton::clicked, this, [this] { SSCommand4_Click(); });
     OnEvent(Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
     OnEvent(SSCommand5, &QPushButton::clicked, this, [this] { SSCommand5_Click(); });
+    for (int index = 0; index < int(SSOption4.size()); ++index)
+        OnEvent(SSOption4[index], &QRadioButton::clicked, this, [this, index] { SSOption4_Click(index); });
     OnEvent(Combo1, &VbComboBox::Change, this, [this] { Combo1_Change(); });
     OnEvent(Combo1, &VbComboBox::Click, this, [this] { Combo1_Change(); });
     OnEvent(MonthView1, &QCalendarWidget::selectionChanged, this, [this] { MonthView_Click(); });
@@ -473,6 +475,62 @@ void QLONlistBuilder1::SSCommand5_Click()
     Shared().ScreenMode = "Stop";
     Label7->setText(QStringLiteral("Stop"));
     Yield();
+}
+
+void QLONlistBuilder1::SSOption4_Click(int index)
+{
+    setCursor(Qt::WaitCursor);
+    SSOption4[3]->setEnabled(false);
+    // Setting the hourglass of the analysis screen creates it without showing it; its pointer
+    // stays so, deliberately.
+    if (QWidget *itemsSold = Screens().touch(QStringLiteral("QlonItemsSold")))
+        itemsSold->setCursor(Qt::WaitCursor);
+    switch (index) {
+    case 0: Sort_ByTotalSold(); break;
+    case 1: Sort_ByItemName(); break;
+    case 2: Sort_BySalesVolume(); break;
+    default: break;
+    }
+    unsetCursor();
+}
+
+void QLONlistBuilder1::Sort_ByTotalSold()
+{
+    SkipOnFailure([this] { MList1->setSortSpecification("5d "); });
+    SkipOnFailure([this] { MList1->setSorted(true); });
+}
+
+void QLONlistBuilder1::Sort_ByItemName()
+{
+    MList1->setSortSpecification("0a");
+    MList1->setSorted(true);
+}
+
+void QLONlistBuilder1::Sort_BySalesVolume()
+{
+    Yield();
+    MList1->setSorted(false);
+    SkipOnFailure([this] { MList1->setSorted(true); });
+    SkipOnFailure([this] { MList1->setSortSpecification("6d"); });
+    SkipOnFailure([this] { MList1->setSorted(true); });
+}
+
+void QLONlistBuilder1::Sort_BySold()
+{
+    for (int pass = 0; pass < 2; ++pass) {
+        MList1->setSortSpecification("3d ");
+        MList1->setSorted(true);
+    }
+}
+
+void QLONlistBuilder1::Sort_ByPrice()
+{
+    MList1->setSortSpecification("2d ");
+    MList1->setSorted(false);
+    MList1->setSorted(true);
+    MList1->setComparer(&m_comparer);
+    MList1->setSorted(false);
+    MList1->setSorted(true);
 }
 
 void QLONlistBuilder1::Combo1_Change()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "listbuilder/CSort.h"
 #include "listbuilder/LoadList.h"
 #include "platform/ui/ScreenRegistry.h"
 
@@ -34,6 +35,13 @@ public:
 
     void Form_Load() override;
     void Fill_Times();
+
+    // The sorts of the working list; the last two are offered but no control calls them.
+    void Sort_ByTotalSold();
+    void Sort_ByItemName();
+    void Sort_BySalesVolume();
+    void Sort_BySold();
+    void Sort_ByPrice();
 
     // The screen's working globals, named as the rest of the program knows them.
     static constexpr int categoryRows = 101;
@@ -103,6 +111,7 @@ private:
     void SSCommand4_Click();
     void Command1_Click();
     void SSCommand5_Click();
+    void SSOption4_Click(int index);
     void removeRunRows();
     void addTotalRows();
     void Combo1_Change();
@@ -111,6 +120,7 @@ private:
     void Command3_Click();
     void SSCommand1_Click();
 
+    CSort m_comparer;
     QButtonGroup *m_reportOptions;
     QButtonGroup *m_sortOptions;
 };

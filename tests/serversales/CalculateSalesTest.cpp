@@ -1,3 +1,4 @@
+#include "listbuilder/CSort.h"
 #include "listbuilder/QLONlistBuilder1.h"
 #include "platform/ui/MList.h"
 #include "platform/ui/VbComboBox.h"
@@ -158,6 +159,53 @@ TEST_F(CalculateSalesTest, StopEndsTheRunAfterTheRowInWork)
     EXPECT_FALSE(rows().contains("********************"));
     EXPECT_EQ(site.read(QStringLiteral("Quillon/TempItems.dat")),
               "\"ITEMNAME\",\"UNITS SOLD\",\"SALES TOTAL\"\r\n\"Burger\",\"4\",\"25.5\"\r\n");
+}
+
+TEST_F(CalculateSalesTest, TheSortOptionsOrderTheCalculatedList)
+{
+    Screens().add(QStringLiteral("QlonItemsSold"), [] { return new QWidget; });
+    calculate("06:00 pm", "11:59 pm");
+    screen->SSOption4[0]->click();
+    EXPECT_FALSE(screen->SSOption4[3]->isEnabled()) << "the first sort disables No Sort";
+    EXPECT_NE(Screens().existing(QStringLiteral("QlonItemsSold")), nullptr) << "created, not shown";
+    QByteArrayList sorted = rows();
+    for (int row = 0; row < 4; ++row)
+        EXPECT_TRUE(sorted[row].startsWith("**")) << sorted[row].toStdString();
+    EXPECT_EQ(sorted.mid(4, 3), (QByteArrayList{"Burger|Food|6.50|3|$12.00|0000000003|000000012.|12.",
+                                                "Lager|Beer|4.00|2|$8.00|0000000002|000000008.|8.",
+                                                "Odd|Mystery|2.00|1|$2.01|0000000001|0000002.01|2.01"}));
+    EXPECT_EQ(sorted.mid(sorted.size() - 2), (QByteArrayList{"", "********************"}))
+        << "the empty row and the separator sort to the bottom";
+
+    screen->SSOption4[1]->click();
+    sorted = rows();
+    EXPECT_EQ(sorted.first(), "") << "an empty name ranks first";
+    EXPECT_EQ(sorted.at(1), "********************");
+    EXPECT_TRUE(sorted.at(2).startsWith("**Beer|"));
+    EXPECT_EQ(sorted.last(), "Odd|Mystery|2.00|1|$2.01|0000000001|0000002.01|2.01");
+
+    screen->SSOption4[2]->click();
+    // By text: "0000002.01" ranks above "000000012." although 2.01 is the smaller sum.
+    EXPECT_EQ(rows().mid(4, 2), (QByteArrayList{"Odd|Mystery|2.00|1|$2.01|0000000001|0000002.01|2.01",
+                                               "Burger|Food|6.50|3|$12.00|0000000003|000000012.|12."}));
+    screen->SSOption4[3]->click();
+    EXPECT_TRUE(screen->SSOption4[2]->isChecked()) << "No Sort can't be chosen once disabled";
+}
+
+TEST(CSortTest, ComparesWholeNumbersOfSixteenBitsByTheirRoundedDifference)
+{
+    CSort comparer;
+    struct Case
+    {
+        const char *a;
+        const char *b;
+        int result;
+    };
+    const Case cases[] = {{"10", "3", 7}, {"3", "10", -7}, {"10.2", "10.4", 0}, {"10.2", "10.9", -1}, {"-5", "5", -10}, {"2.5", "0", 2}};
+    for (const Case &test : cases)
+        EXPECT_EQ(comparer.IMSort_CompareColumns(test.a, test.b), test.result) << test.a << " " << test.b;
+    for (const auto &[a, b] : {std::pair{"abc", "1"}, std::pair{"40000", "1"}, std::pair{"30000", "-30000"}, std::pair{".", "1"}})
+        EXPECT_THROW(comparer.IMSort_CompareColumns(a, b), RuntimeError) << a << " " << b;
 }
 
 TEST_F(CalculateSalesTest, AnEmptyListStillGetsItsTotals)

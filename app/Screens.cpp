@@ -2,6 +2,7 @@
 
 #include "itemssold/QlonItemsSold.h"
 #include "listbuilder/QLONlistBuilder1.h"
+#include "listbuilder/QLONlistBuilder3.h"
 #include "platform/ui/ScreenRegistry.h"
 #include "rebuild/QlonExit.h"
 #include "serversales/QLONlistBuilder2.h"
@@ -12,6 +13,7 @@ void RegisterScreens()
 {
     Screens().add(QStringLiteral("QLONlistBuilder1"), [] { return new QLONlistBuilder1; });
     Screens().add(QStringLiteral("QLONlistBuilder2"), [] { return new QLONlistBuilder2; });
+    Screens().add(QStringLiteral("QLONlistBuilder3"), [] { return new QLONlistBuilder3; });
     Screens().add(QStringLiteral("QlonExit"), [] { return new QlonExit; });
     Screens().add(QStringLiteral("QlonItemsSold"), [] { return new QlonItemsSold; });
 }

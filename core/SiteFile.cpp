@@ -47,3 +47,19 @@ void SiteFile::UnlockAll()
 }
 
 } // namespace qlon
+
+namespace qlon {
+
+void FileCopy(const QString &fromHostPath, const QString &toHostPath)
+{
+    QFile source(fromHostPath);
+    if (!source.open(QIODevice::ReadOnly))
+        throw RuntimeError(RuntimeError::FileNotFound, fromHostPath);
+    const QByteArray bytes = source.readAll();
+    QFile target(toHostPath);
+    if (!target.open(QIODevice::ReadWrite) || FileLock::isLockedElsewhere(target) || !target.resize(0)
+        || target.write(bytes) != bytes.size())
+        throw RuntimeError(RuntimeError::PermissionDenied, toHostPath);
+}
+
+} // namespace qlon

@@ -1,6 +1,7 @@
 #include "listbuilder/QLONlistBuilder1.h"
 
 #include "core/Ansi.h"
+#include "core/Conversions.h"
 #include "core/Clock.h"
 #include "core/DateText.h"
 #include "core/ErrorIgnoring.h"
@@ -16,7 +17,9 @@
 #include "platform/ui/MList.h"
 #include "platform/ui/Program.h"
 #include "platform/ui/VbComboBox.h"
+#include "store/CarriedColumns.h"
 #include "store/Departments.h"
+#include "store/SalesStore.h"
 #include "store/ItemRec500.h"
 #include "store/ProgramGlobals.h"
 #include "store/SiteConfig.h"
@@ -234,6 +237,9 @@ void QLONlistBuilder1::connectHandlers()
     OnEvent(SSCommand4, &QPushButton::clicked, this, [this] { SSCommand4_Click(); });
     OnEvent(Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
     OnEvent(SSCommand5, &QPushButton::clicked, this, [this] { SSCommand5_Click(); });
+    OnEvent(SSCommand7, &QPushButton::clicked, this, [this] { SSCommand7_Click(); });
+    OnEvent(SSCommand3, &QPushButton::clicked, this, [this] { SSCommand3_Click(); });
+    OnEvent(Command4, &QPushButton::clicked, this, [this] { BLD_DATA2(); });
     for (int index = 0; index < int(SSOption4.size()); ++index)
         OnEvent(SSOption4[index], &QRadioButton::clicked, this, [this, index] { SSOption4_Click(index); });
     OnEvent(Combo1, &VbComboBox::Change, this, [this] { Combo1_Change(); });
@@ -492,6 +498,79 @@ void QLONlistBuilder1::SSOption4_Click(int index)
     default: break;
     }
     unsetCursor();
+}
+
+void QLONlistBuilder1::SSCommand7_Click()
+{
+    const QString exportName = QStringLiteral("ExportSales.CSV");
+    QString target = Dialogs::askSaveFileName(this, exportName, QStringLiteral("Comma separated values (*.CSV *.csv)"));
+    // Deliberately kept: a cancelled dialog still holds its name, so the copy goes there.
+    if (target.isEmpty())
+        target = HostPath(ToAnsi(exportName));
+    FileCopy(HostPath(DataPath("tempitems.dat")), target);
+}
+
+void QLONlistBuilder1::SSCommand3_Click()
+{
+    setCursor(Qt::WaitCursor);
+    SSCommand3->setEnabled(false);
+    MList1->clear();
+    for (int row = 0; row < MList4->rowCount(); ++row)
+        MList1->addRow(MList4->rowText(row));
+    // From here on a failing statement is left out. The walk doesn't step back after a
+    // removal, deliberately: the row that moves up into the place is never looked at.
+    const int last = MList1->rowCount() - 1;
+    QByteArray text;
+    std::array<qsizetype, 4> bars = {0, 0, 0, 0};
+    QByteArray sold;
+    for (int row = 0; row <= last; ++row) {
+        SkipOnFailure([&] { MList1->setRowSelected(row, true); });
+        SkipOnFailure([&] { text = MList1->rowText(row); });
+        // A row short of separators reads its field where the row before had its own.
+        qsizetype from = 0;
+        for (qsizetype &bar : bars) {
+            const qsizetype found = text.indexOf('|', from);
+            if (found < 0)
+                break;
+            bar = found;
+            from = found + 1;
+        }
+        if (bars[3] > bars[2])
+            sold = text.mid(bars[2] + 1, bars[3] - bars[2] - 1);
+        if (NumericValue(sold) == 0)
+            SkipOnFailure([&] { MList1->removeRow(row); });
+    }
+    unsetCursor();
+}
+
+void QLONlistBuilder1::BLD_DATA2()
+{
+    ProgramGlobals &shared = Shared();
+    // Joined with a backslash of its own: "C:\Quillon\\data\TempItems.dat".
+    shared.TempItemsPath = DataPath("\\data\\TempItems.dat");
+    CloseAll();
+    TextFile dump(HostPath(shared.TempItemsPath), TextFile::Mode::Output);
+    const QByteArray from = ToAnsi(Label2->text());
+    const QByteArray to = ToAnsi(Label3->text());
+    const QByteArray path = DataPath("data\\Quillon.mdb");
+    const std::unique_ptr<SalesStore> store = OpenSalesStore(HostPath(path), FromAnsi(path));
+    const std::optional<QDate> fromDate = ToDate(from);
+    const std::optional<QDate> toDate = ToDate(to);
+    const std::optional<QTime> endTime = ToTime(Combo3->text());
+    CarriedColumns columns;
+    store->SelectSpan(from, to, [&](const SalesRow &row) {
+        columns.take(row, {EmpNumber, OrderDate, Item, UnitPrice, ItemType, Quantity, Time, TableNumber, SaleType});
+        const std::optional<QDate> date = ToDate(columns[OrderDate]);
+        if (!date || !fromDate || *date < *fromDate)
+            return true;
+        // The start time takes no part, deliberately: its test read two values never set.
+        const std::optional<QTime> time = ToTime(columns[Time]);
+        const bool accepted = !toDate || *date < *toDate || (*date <= *toDate && (!time || !endTime || *time <= *endTime));
+        if (accepted)
+            dump.WriteFields(DumpLine(columns));
+        return true;
+    });
+    CloseAll();
 }
 
 void QLONlistBuilder1::Sort_ByTotalSold()

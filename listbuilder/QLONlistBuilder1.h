@@ -112,6 +112,9 @@ private:
     void Command1_Click();
     void SSCommand5_Click();
     void SSOption4_Click(int index);
+    void SSCommand7_Click();
+    void SSCommand3_Click();
+    void BLD_DATA2();
     void removeRunRows();
     void addTotalRows();
     void Combo1_Change();

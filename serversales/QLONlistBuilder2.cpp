@@ -218,12 +218,10 @@ void QLONlistBuilder2::BLD_DATA3()
     CarriedColumns columns;
     store->SelectSpan("6/22/2003", "6/24/2003", [&](const SalesRow &row) {
         columns.take(row, {EmpNumber, OrderDate, Item, UnitPrice, ItemType, Quantity, Time, TableNumber, SaleType});
-        if (columns[ItemType] != "L")
-            columns[ItemType] = "Food";
+        const QByteArrayList line = DumpLine(columns);
         MList1->addRow(columns[EmpNumber] + ',' + columns[OrderDate] + ',' + columns[Item] + ',' + columns[UnitPrice] + ','
                        + columns[ItemType]);
-        dump.WriteFields({columns[OrderDate], columns[Quantity], columns[Item], columns[UnitPrice], columns[ItemType], columns[Time],
-                          columns[TableNumber], columns[EmpNumber] + " - " + columns[SaleType]});
+        dump.WriteFields(line);
         return true;
     });
     CloseAll();

@@ -34,14 +34,6 @@ double roundedPrice(QByteArrayView price)
 
 } // namespace
 
-void CarriedColumns::take(const SalesRow &row, std::initializer_list<SalesColumn> columns)
-{
-    for (SalesColumn column : columns) {
-        if (row[column])
-            AssignTrimmed(m_texts[column], *row[column]);
-    }
-}
-
 SpanFilter::SpanFilter(const SalesSpan &span)
     : m_from(ToDate(span.fromDate))
     , m_to(ToDate(span.toDate))

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/CarriedColumns.h"
 #include "store/SalesStore.h"
 
 #include <QByteArrayList>
@@ -43,20 +44,6 @@ private:
 };
 
 bool InSpan(const QByteArray &orderDate, const QByteArray &time, const SalesSpan &span);
-
-// The trimmed texts of the last row read, as a walk over the rows keeps them: a column that is
-// null keeps the text that stood before, since the old walk passed over the failing read. The
-// texts are copied into buffers of their own, which the next rows reuse.
-class CarriedColumns
-{
-public:
-    void take(const SalesRow &row, std::initializer_list<SalesColumn> columns);
-    const QByteArray &operator[](SalesColumn column) const { return m_texts[column]; }
-    QByteArray &operator[](SalesColumn column) { return m_texts[column]; }
-
-private:
-    std::array<QByteArray, SalesColumnCount> m_texts;
-};
 
 // What the sales rows of one item over the span add up to.
 struct ItemSales

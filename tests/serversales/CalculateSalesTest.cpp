@@ -1,4 +1,7 @@
+#include "core/SiteFile.h"
 #include "listbuilder/CSort.h"
+#include "listbuilder/QLONlistBuilder3.h"
+#include "platform/ui/Dialogs.h"
 #include "listbuilder/QLONlistBuilder1.h"
 #include "platform/ui/MList.h"
 #include "platform/ui/VbComboBox.h"
@@ -9,7 +12,9 @@
 #include "store/SqliteSalesWriter.h"
 #include "tests/support/TempSite.h"
 
+#include <QDir>
 #include <QLabel>
+#include <QTableWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
@@ -51,6 +56,7 @@ protected:
     {
         Screens().add(QStringLiteral("QLONlistBuilder1"), [] { return new QLONlistBuilder1; });
         Screens().add(QStringLiteral("QLONlistBuilder2"), [] { return new QLONlistBuilder2; });
+        Screens().add(QStringLiteral("QLONlistBuilder3"), [] { return new QLONlistBuilder3; });
     }
 
     void SetUp() override
@@ -190,6 +196,55 @@ TEST_F(CalculateSalesTest, TheSortOptionsOrderTheCalculatedList)
                                                "Burger|Food|6.50|3|$12.00|0000000003|000000012.|12."}));
     screen->SSOption4[3]->click();
     EXPECT_TRUE(screen->SSOption4[2]->isChecked()) << "No Sort can't be chosen once disabled";
+}
+
+TEST_F(CalculateSalesTest, ExportCopiesTheRunsFileWhereTheUserSays)
+{
+    calculate();
+    QString shown;
+    QTextStream messages(&shown);
+    Dialogs::useScriptedAnswers(&messages);
+    const QString target = site.hostPath(QStringLiteral("chosen.csv"));
+    Dialogs::queueSaveAs(target);
+    screen->SSCommand7->click();
+    EXPECT_EQ(site.read(QStringLiteral("chosen.csv")), site.read(QStringLiteral("Quillon/TempItems.dat")));
+
+    const QString workingFolder = QDir::currentPath();
+    QDir::setCurrent(site.driveFolder());
+    screen->SSCommand7->click(); // a cancelled dialog
+    QDir::setCurrent(workingFolder);
+    EXPECT_EQ(site.read(QStringLiteral("ExportSales.CSV")), site.read(QStringLiteral("Quillon/TempItems.dat")));
+    Dialogs::useScriptedAnswers(nullptr);
+
+    EXPECT_THROW(FileCopy(site.hostPath(QStringLiteral("no-run-yet.dat")), target), RuntimeError);
+}
+
+TEST_F(CalculateSalesTest, RemovalRebuildsTheListAndPassesOverTheRowBehindEachRemoval)
+{
+    calculate("06:00 pm", "11:59 pm");
+    screen->SSCommand3->click();
+    EXPECT_EQ(rows(), (QByteArrayList{"Burger|Food|6.50|3|$12.00|0000000003|000000012.|12.",
+                                      "Lager|Beer|4.00|2|$8.00|0000000002|000000008.|8.",
+                                      "Odd|Mystery|2.00|1|$2.01|0000000001|0000002.01|2.01", "**Food|Total|4|4|$14.01|Q8$|Q9$|Q5$",
+                                      "**Beer|Total|2|2|$8.00|Q8$|Q9$|Q5$", "**Empty|Total|0|0|$0.00|Q8$|Q9$|Q5$"}));
+    EXPECT_TRUE(screen->MList1->rowTag(0).isEmpty()) << "the tags are gone";
+    EXPECT_FALSE(screen->SSCommand3->isEnabled());
+}
+
+TEST_F(CalculateSalesTest, TheDumpsAndTheGridShowTheSpansRows)
+{
+    screen->Combo3->setText("11:59 pm");
+    screen->Command4->click();
+    const QByteArrayList lines = site.read(QStringLiteral("Quillon/data/TempItems.dat")).split('\n');
+    ASSERT_EQ(lines.size(), 6 + 1) << "the sale after the end time on the to date is left out";
+    EXPECT_EQ(lines.first(), "\"1/1/2004\",\"3\",\"Burger\",\"12\",\"Food\",\"7:00:00 PM\",\"\",\" - Dine In\"\r");
+    EXPECT_EQ(Shared().TempItemsPath, "C:\\QUILLON\\\\data\\TempItems.dat");
+
+    screen->Command2->click();
+    auto *grid = Screens().existing(QStringLiteral("QLONlistBuilder3"));
+    ASSERT_NE(grid, nullptr);
+    grid->findChild<QPushButton *>(QStringLiteral("Command1"))->click();
+    EXPECT_EQ(grid->findChild<QTableWidget *>(QStringLiteral("MSFlexGrid1"))->rowCount(), 7);
 }
 
 TEST(CSortTest, ComparesWholeNumbersOfSixteenBitsByTheirRoundedDifference)

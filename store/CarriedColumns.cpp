@@ -1,0 +1,23 @@
+#include "store/CarriedColumns.h"
+
+#include "core/FixedField.h"
+
+namespace qlon {
+
+void CarriedColumns::take(const SalesRow &row, std::initializer_list<SalesColumn> columns)
+{
+    for (SalesColumn column : columns) {
+        if (row[column])
+            AssignTrimmed(m_texts[column], *row[column]);
+    }
+}
+
+QByteArrayList DumpLine(CarriedColumns &columns)
+{
+    if (columns[ItemType] != "L")
+        columns[ItemType] = "Food";
+    return {columns[OrderDate], columns[Quantity], columns[Item], columns[UnitPrice], columns[ItemType], columns[Time],
+            columns[TableNumber], columns[EmpNumber] + " - " + columns[SaleType]};
+}
+
+} // namespace qlon

@@ -40,7 +40,10 @@ CommandLine ParseCommandLine(const QStringList &arguments)
                                         QStringLiteral("SCREEN=PATH"));
     const QCommandLineOption today(QStringLiteral("today"), QStringLiteral("Takes DATE (YYYY-MM-DD) as today's date."),
                                    QStringLiteral("DATE"));
-    parser.addOptions({drive, script, screenshot, today});
+    const QCommandLineOption writeTemplate(QStringLiteral("write-report-template"),
+                                           QStringLiteral("Writes the default Items Sold report template, ItemsSold.vrd, into "
+                                                          "the site's data root when the site has none, and ends."));
+    parser.addOptions({drive, script, screenshot, today, writeTemplate});
 
     CommandLine commandLine;
     if (!parser.parse(arguments)) {
@@ -54,6 +57,7 @@ CommandLine ParseCommandLine(const QStringList &arguments)
     commandLine.driveMappings = parser.values(drive);
     commandLine.scriptPath = parser.value(script);
     commandLine.screenshots = parser.values(screenshot);
+    commandLine.writeReportTemplate = parser.isSet(writeTemplate);
     if (parser.isSet(today)) {
         commandLine.today = QDate::fromString(parser.value(today), Qt::ISODate);
         if (!commandLine.today.isValid())

@@ -13,6 +13,7 @@ struct CommandLine
     QString scriptPath;        // empty: the screens are shown; "-": standard input
     QStringList screenshots;   // "SCREEN=PATH", one per --screenshot
     QDate today;               // fixes the clock's day when valid
+    bool writeReportTemplate = false;
     QString error;             // not empty when the command line can't be used
     QString help;              // not empty when help was asked for
 

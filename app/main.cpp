@@ -1,6 +1,10 @@
 #include "app/CommandLine.h"
 #include "app/Screens.h"
 #include "core/Clock.h"
+#include "core/FileTable.h"
+#include "core/HostPath.h"
+#include "platform/ui/Report.h"
+#include "store/SiteConfig.h"
 #include "platform/ui/Dialogs.h"
 #include "platform/ui/Program.h"
 #include "platform/ui/ScreenRegistry.h"
@@ -8,6 +12,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFileInfo>
 
 namespace {
 
@@ -23,6 +28,29 @@ int runScript(const QString &path, QTextStream &out, QTextStream &err)
         return qlon::ScriptRunner::BadLine;
     }
     return qlon::ScriptRunner(out, err).run(script);
+}
+
+// Writes ItemsSold.vrd under the site's data root unless one is there; the status of the run.
+int writeReportTemplate(QTextStream &out, QTextStream &err)
+{
+    try {
+        qlon::ReadConfiguration();
+        qlon::CloseAll();
+    } catch (const qlon::RuntimeError &error) {
+        err << "qlon: " << error.message().simplified() << Qt::endl;
+        return 1;
+    }
+    const QString path = qlon::HostPath(qlon::DataPath("ItemsSold.vrd"));
+    if (QFileInfo::exists(path)) {
+        out << "The site has its report template: " << path << Qt::endl;
+        return 0;
+    }
+    if (!qlon::Report::WriteItemsSoldTemplate(path)) {
+        err << "qlon: can't write " << path << Qt::endl;
+        return 1;
+    }
+    out << "Report template written: " << path << Qt::endl;
+    return 0;
 }
 
 bool saveScreenshots(const QStringList &requests, QTextStream &err)
@@ -54,6 +82,8 @@ int main(int argc, char *argv[])
         (commandLine.error.isEmpty() ? out : err) << (commandLine.error.isEmpty() ? commandLine.help : QStringLiteral("qlon: ") + commandLine.error) << Qt::endl;
         return commandLine.error.isEmpty() ? 0 : 2;
     }
+    if (commandLine.writeReportTemplate)
+        return writeReportTemplate(out, err);
     if (commandLine.today.isValid())
         qlon::FixClock(QDateTime(commandLine.today, QTime::currentTime()));
     if (commandLine.scripted())

@@ -245,6 +245,12 @@ std::optional<QByteArray> Currency(QByteArrayView text)
 
 namespace qlon {
 
+double FormattedValue(QByteArrayView text, QByteArrayView pattern)
+{
+    const std::optional<double> number = ToNumber(text);
+    return NumericValue(number ? Format(*number, pattern) : text.toByteArray());
+}
+
 QByteArray PlainNumber(double value)
 {
     QByteArray text = QByteArray::number(value, 'g', 15);

@@ -38,6 +38,10 @@ std::optional<QByteArray> Currency(QByteArrayView text);
 
 namespace qlon {
 
+// The value of a text formatted by a number pattern: a number or a money text ("$1,078.50") is
+// rounded by the pattern; another text stays as it is and counts as its leading number.
+double FormattedValue(QByteArrayView text, QByteArrayView pattern);
+
 // A number as the old platform turned it into plain text: up to fifteen significant digits,
 // no trailing zeros, no point for a whole number ("12", "2.5", "78.45").
 QByteArray PlainNumber(double value);

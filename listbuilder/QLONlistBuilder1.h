@@ -2,11 +2,13 @@
 
 #include "listbuilder/CSort.h"
 #include "listbuilder/LoadList.h"
+#include "platform/ui/Report.h"
 #include "platform/ui/ScreenRegistry.h"
 
 #include <QWidget>
 
 #include <array>
+#include <memory>
 
 class QButtonGroup;
 class QCalendarWidget;
@@ -35,6 +37,9 @@ public:
 
     void Form_Load() override;
     void Fill_Times();
+
+    // Prints the working list three items across, through the template ItemsSold.vrd.
+    void Print_ItemsSold();
 
     // The sorts of the working list; the last two are offered but no control calls them.
     void Sort_ByTotalSold();
@@ -113,6 +118,11 @@ private:
     void SSCommand5_Click();
     void SSOption4_Click(int index);
     void SSCommand7_Click();
+    void SSCommand6_Click();
+    void Inilize_Print();
+    bool InitializeReport(const QByteArray &templatePath);
+    void m_objReport_NewPage();
+    void m_objReport_PrintFooter();
     void SSCommand3_Click();
     void BLD_DATA2();
     void removeRunRows();
@@ -124,6 +134,8 @@ private:
     void SSCommand1_Click();
 
     CSort m_comparer;
+    std::unique_ptr<Report> m_objReport;
+    QString m_reportPdf;
     QButtonGroup *m_reportOptions;
     QButtonGroup *m_sortOptions;
 };

@@ -9,4 +9,7 @@ cmake --build --preset release
 
 site="$PWD/build/demo-site"
 build/release/demo/qlon-demo-site "$site"
+build/release/app/qlon --drive "C=$site" --write-report-template
 build/release/app/qlon --drive "C=$site" --script demo/main-job.qlon
+echo
+echo "The printed report is $site/ItemsSold.pdf and the export $site/ExportSales.CSV."

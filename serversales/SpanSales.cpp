@@ -25,13 +25,6 @@ bool onDayOutsideHours(const std::optional<QDate> &date, const std::optional<QDa
     return *date == *day && (limitIsStart ? *time < *limit : *time > *limit);
 }
 
-// A line's price rounded to cents; a text that is no number counts as its leading number.
-double roundedPrice(QByteArrayView price)
-{
-    const std::optional<double> number = ToNumber(price);
-    return NumericValue(number ? Format(*number, "########.##") : price.toByteArray());
-}
-
 } // namespace
 
 SpanFilter::SpanFilter(const SalesSpan &span)
@@ -90,7 +83,7 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
             return true;
         auto price = roundedPrices.constFind(columns[UnitPrice]);
         if (price == roundedPrices.constEnd())
-            price = roundedPrices.insert(columns[UnitPrice], roundedPrice(columns[UnitPrice]));
+            price = roundedPrices.insert(columns[UnitPrice], FormattedValue(columns[UnitPrice], "########.##"));
         sales.sales += *price;
         sales.units += NumericValue(columns[Quantity]);
         AppendQuotedLine(sales.trace, {columns[Item], columns[OrderID], columns[Quantity], columns[OrderDate], columns[ReceiptID],

@@ -4,6 +4,7 @@
 #include "platform/ui/Dialogs.h"
 #include "platform/ui/MList.h"
 #include "platform/ui/Program.h"
+#include "platform/ui/Report.h"
 #include "platform/ui/ScreenRegistry.h"
 #include "platform/ui/VbComboBox.h"
 
@@ -240,6 +241,10 @@ QString ScriptRunner::execute(const QString &line)
         if (!answer)
             return QStringLiteral("unknown answer ") + target;
         Dialogs::queueAnswer(*answer);
+        return {};
+    }
+    if (command == QLatin1String("print-to-pdf") && !target.isEmpty()) {
+        SetReportPdfPath((target + QLatin1Char(' ') + rest).trimmed());
         return {};
     }
     if (command == QLatin1String("save-as") && !target.isEmpty()) {

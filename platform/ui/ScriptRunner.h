@@ -15,7 +15,8 @@ class MList;
 //   click SCREEN.CONTROL          set SCREEN.CONTROL TEXT       pick SCREEN.CONTROL TEXT
 //   get SCREEN.CONTROL [enabled|visible|count|row N|tag N]      rows SCREEN.CONTROL
 //   answer OK|Yes|No|Cancel       save-as PATH|cancel           wait
-//   show SCREEN                   screenshot SCREEN PATH        # a comment
+//   show SCREEN                   screenshot SCREEN PATH        print-to-pdf PATH
+//   # a comment
 // Control arrays are named with their index: SSOption4(2).
 class ScriptRunner
 {

@@ -84,8 +84,7 @@ ItemSales walkForOneItem(const std::vector<SalesRow> &rows, const QByteArray &na
         sales.lastReceipt = columns[ReceiptID];
         if (columns[Item].isEmpty() || !InSpan(columns[OrderDate], columns[Time], span))
             continue;
-        const std::optional<double> price = ToNumber(columns[UnitPrice]);
-        sales.sales += NumericValue(price ? Format(*price, "########.##") : columns[UnitPrice]);
+        sales.sales += FormattedValue(columns[UnitPrice], "########.##");
         sales.units += NumericValue(columns[Quantity]);
         sales.trace += '"' + QByteArrayList{columns[Item], columns[OrderID], columns[Quantity], columns[OrderDate], columns[ReceiptID],
                                             columns[OrderNumber], columns[SaleType]}

@@ -1,0 +1,281 @@
+#include "platform/ui/Report.h"
+
+#include <QFile>
+#include <QFont>
+#include <QPainter>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QTextStream>
+
+namespace qlon {
+
+namespace {
+
+constexpr double pointsPerInch = 72.0;
+
+Qt::Alignment alignmentNamed(const QString &name)
+{
+    if (name == QLatin1String("right"))
+        return Qt::AlignRight;
+    if (name == QLatin1String("center"))
+        return Qt::AlignHCenter;
+    return Qt::AlignLeft;
+}
+
+// "NAME X Y WIDTH HEIGHT SIZE WEIGHT ALIGN" from the words of a cell or label line.
+std::optional<ReportCell> cellOf(const QStringList &words)
+{
+    if (words.size() < 9)
+        return std::nullopt;
+    bool numbers = true;
+    const auto number = [&](int index) {
+        bool ok = false;
+        const double value = words[index].toDouble(&ok);
+        numbers = numbers && ok;
+        return value;
+    };
+    ReportCell cell;
+    cell.name = words[1];
+    cell.box = QRectF(number(2), number(3), number(4), number(5));
+    cell.fontSize = int(number(6));
+    cell.bold = words[7] == QLatin1String("bold");
+    cell.alignment = alignmentNamed(words[8]) | Qt::AlignVCenter;
+    if (!numbers)
+        return std::nullopt;
+    return cell;
+}
+
+class PrinterOutput : public ReportOutput
+{
+public:
+    explicit PrinterOutput(std::unique_ptr<QPrinter> printer)
+        : m_printer(std::move(printer))
+    {
+    }
+
+    double pageHeight() const override { return m_printer->pageLayout().paintRectPoints().height(); }
+
+    void beginPage(int number) override
+    {
+        if (number == 1) {
+            m_painter.begin(m_printer.get());
+            m_painter.scale(m_printer->logicalDpiX() / pointsPerInch, m_printer->logicalDpiY() / pointsPerInch);
+        } else {
+            m_printer->newPage();
+        }
+    }
+
+    void printSection(const ReportSection &section, double top) override
+    {
+        for (const ReportCell &cell : section.cells) {
+            QFont font(QStringLiteral("Sans Serif"), cell.fontSize);
+            font.setBold(cell.bold);
+            m_painter.setFont(font);
+            m_painter.drawText(cell.box.translated(0, top), int(cell.alignment), cell.value);
+        }
+    }
+
+    void finish() override
+    {
+        if (m_painter.isActive())
+            m_painter.end();
+    }
+
+private:
+    std::unique_ptr<QPrinter> m_printer;
+    QPainter m_painter;
+};
+
+} // namespace
+
+ReportCell *ReportSection::cell(const QString &cellName)
+{
+    for (ReportCell &candidate : cells) {
+        if (candidate.name == cellName)
+            return &candidate;
+    }
+    return nullptr;
+}
+
+Report::Report(std::unique_ptr<ReportOutput> output)
+    : m_output(std::move(output))
+{
+}
+
+Report::~Report() = default;
+
+bool Report::LoadTemplate(const QString &hostPath)
+{
+    m_sections.clear();
+    QFile file(hostPath);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return false;
+    QTextStream lines(&file);
+    while (!lines.atEnd()) {
+        const QString line = lines.readLine().trimmed();
+        const QStringList words = line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        if (words.isEmpty() || line.startsWith(QLatin1Char('#')))
+            continue;
+        if (words[0] == QLatin1String("section") && words.size() == 3) {
+            m_sections.append(ReportSection{words[1], words[2].toDouble(), {}});
+        } else if ((words[0] == QLatin1String("cell") || words[0] == QLatin1String("label")) && !m_sections.isEmpty()) {
+            std::optional<ReportCell> cell = cellOf(words);
+            if (!cell)
+                continue;
+            // A label prints its own text, the rest of its line, and has no name to fill.
+            if (words[0] == QLatin1String("label")) {
+                cell->value = words.mid(9).join(QLatin1Char(' '));
+                cell->name.clear();
+            }
+            m_sections.last().cells.append(*cell);
+        }
+    }
+    return !m_sections.isEmpty();
+}
+
+void Report::setMargins(int top, int bottom)
+{
+    m_topMargin = top;
+    m_bottomMargin = bottom;
+}
+
+ReportSection *Report::section(int index)
+{
+    return index >= 0 && index < m_sections.size() ? &m_sections[index] : nullptr;
+}
+
+ReportSection *Report::section(const QString &name)
+{
+    for (ReportSection &candidate : m_sections) {
+        if (candidate.name.compare(name, Qt::CaseInsensitive) == 0)
+            return &candidate;
+    }
+    return nullptr;
+}
+
+double Report::footerHeight()
+{
+    const ReportSection *footer = section(m_footerName);
+    return footer ? footer->height : 0;
+}
+
+void Report::startPage()
+{
+    ++m_page;
+    m_top = m_topMargin;
+    m_output->beginPage(m_page);
+    if (m_page > 1 && onNewPage)
+        onNewPage();
+}
+
+void Report::endPage()
+{
+    m_inFooter = true;
+    if (onPrintFooter)
+        onPrintFooter();
+    m_inFooter = false;
+}
+
+void Report::PrintSection(const QString &name)
+{
+    const ReportSection *printed = section(name);
+    if (!printed)
+        return;
+    if (printed->name.compare(m_footerName, Qt::CaseInsensitive) == 0) {
+        if (m_inFooter)
+            m_output->printSection(*printed, m_output->pageHeight() - m_bottomMargin - printed->height);
+        return;
+    }
+    if (m_page == 0)
+        startPage();
+    else if (m_top + printed->height > m_output->pageHeight() - m_bottomMargin - footerHeight()) {
+        endPage();
+        startPage();
+    }
+    m_output->printSection(*printed, m_top);
+    m_top += printed->height;
+}
+
+void Report::EndReport()
+{
+    if (m_page > 0)
+        endPage();
+    m_output->finish();
+}
+
+namespace {
+QString reportPdfPath;
+ReportOutputFactory outputFactory;
+} // namespace
+
+void SetReportOutputFactory(ReportOutputFactory factory)
+{
+    outputFactory = std::move(factory);
+}
+
+ReportOutputFactory ReportOutputOverride()
+{
+    return outputFactory;
+}
+
+void SetReportPdfPath(const QString &hostPath)
+{
+    reportPdfPath = hostPath;
+}
+
+QString ReportPdfPath()
+{
+    return reportPdfPath;
+}
+
+std::unique_ptr<ReportOutput> PdfReportOutput(const QString &pdfPath)
+{
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer->setOutputFormat(QPrinter::PdfFormat);
+    printer->setOutputFileName(pdfPath);
+    printer->setPageSize(QPageSize(QPageSize::Letter));
+    return std::make_unique<PrinterOutput>(std::move(printer));
+}
+
+std::unique_ptr<ReportOutput> PrinterReportOutput()
+{
+    const QPrinterInfo defaultPrinter = QPrinterInfo::defaultPrinter();
+    if (defaultPrinter.isNull())
+        return nullptr;
+    return std::make_unique<PrinterOutput>(std::make_unique<QPrinter>(defaultPrinter, QPrinter::HighResolution));
+}
+
+bool Report::WriteItemsSoldTemplate(const QString &hostPath)
+{
+    QFile file(hostPath);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text))
+        return false;
+    QTextStream out(&file);
+    out << "# The Items Sold report: the span on top, the items three across (units, name,\n"
+           "# volume), the grand total, and the page number at the foot of each page.\n"
+           "# section NAME HEIGHT / cell NAME X Y WIDTH HEIGHT SIZE bold|plain left|center|right\n"
+           "# label - X Y WIDTH HEIGHT SIZE bold|plain left|center|right TEXT (lengths in points)\n"
+           "section top 74\n"
+           "label - 36 18 540 22 16 bold center Items Sold\n"
+           "label - 36 44 40 16 10 plain left From\n"
+           "cell T1 76 44 100 16 10 bold left\n"
+           "label - 186 44 24 16 10 plain left To\n"
+           "cell T2 210 44 100 16 10 bold left\n"
+           "cell T3 330 44 246 16 10 bold right\n";
+    for (int group = 0; group < 3; ++group) {
+        const int left = 36 + group * 182;
+        out << (group == 0 ? "section mid 16\n" : "");
+        out << "cell T" << group + 1 << "1 " << left << " 0 30 16 9 plain right\n"
+            << "cell T" << group + 1 << "2 " << left + 34 << " 0 100 16 9 plain left\n"
+            << "cell T" << group + 1 << "3 " << left + 134 << " 0 44 16 9 plain right\n";
+    }
+    out << "section Bottom 34\n"
+           "label - 330 10 140 18 11 bold right Total Sales\n"
+           "cell TS 476 10 100 18 11 bold right\n"
+           "section Footer 24\n"
+           "label - 256 4 40 16 9 plain right Page\n"
+           "cell T13 300 4 40 16 9 plain left\n";
+    return out.status() == QTextStream::Ok;
+}
+
+} // namespace qlon

@@ -1,0 +1,160 @@
+#include "listbuilder/QLONlistBuilder1.h"
+#include "platform/ui/MList.h"
+#include "platform/ui/Report.h"
+#include "store/ProgramGlobals.h"
+#include "store/SiteConfig.h"
+#include "tests/support/TempSite.h"
+
+#include <QLabel>
+
+#include <gtest/gtest.h>
+
+namespace qlon {
+namespace {
+
+// What one printed section showed: its page, its name and its named cells.
+struct Printed
+{
+    int page;
+    QString section;
+    QMap<QString, QString> cells;
+};
+
+class RecordingOutput : public ReportOutput
+{
+public:
+    explicit RecordingOutput(QList<Printed> &record, double pageHeight)
+        : m_record(record), m_pageHeight(pageHeight)
+    {
+    }
+    double pageHeight() const override { return m_pageHeight; }
+    void beginPage(int number) override { m_page = number; }
+    void printSection(const ReportSection &section, double) override
+    {
+        Printed printed{m_page, section.name, {}};
+        for (const ReportCell &cell : section.cells) {
+            if (!cell.name.isEmpty())
+                printed.cells.insert(cell.name, cell.value);
+        }
+        m_record.append(printed);
+    }
+    void finish() override {}
+
+private:
+    QList<Printed> &m_record;
+    double m_pageHeight;
+    int m_page = 0;
+};
+
+class PrintTest : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        Screens().add(QStringLiteral("QLONlistBuilder1"), [] { return new QLONlistBuilder1; });
+        Screens().add(QStringLiteral("QLONlistBuilder2"), [] { return new QWidget; });
+    }
+
+    void SetUp() override
+    {
+        Site() = SiteGlobals{};
+        Shared() = ProgramGlobals{};
+        Site().DataRoot = "C:\\Quillon\\";
+        ASSERT_TRUE(Report::WriteItemsSoldTemplate(site.write(QStringLiteral("Quillon/ItemsSold.vrd"), {})));
+        SetReportOutputFactory([this] { return std::make_unique<RecordingOutput>(printed, pageHeight); });
+        screen = Screens().touch<QLONlistBuilder1>(QStringLiteral("QLONlistBuilder1"));
+        screen->Label2->setText(QStringLiteral("1/1/2004"));
+        screen->Label3->setText(QStringLiteral("1/2/2004"));
+    }
+
+    void TearDown() override
+    {
+        SetReportOutputFactory({});
+        Screens().clear();
+    }
+
+    void print(const QByteArrayList &rows)
+    {
+        screen->MList1->clear();
+        for (const QByteArray &row : rows)
+            screen->MList1->addRow(row);
+        screen->Print_ItemsSold();
+    }
+
+    QStringList sections() const
+    {
+        QStringList names;
+        for (const Printed &section : printed)
+            names.append(section.section);
+        return names;
+    }
+
+    test::TempSite site;
+    QLONlistBuilder1 *screen = nullptr;
+    QList<Printed> printed;
+    double pageHeight = 792;
+};
+
+TEST_F(PrintTest, OneItemFillsTheFirstGroupAndTheTotal)
+{
+    print({"Burger|Food|6.50|12|$78.00|0000000012|000000078.|78."});
+    EXPECT_EQ(sections(), (QStringList{QStringLiteral("top"), QStringLiteral("mid"), QStringLiteral("Bottom"), QStringLiteral("Footer")}));
+    EXPECT_EQ(printed[0].cells.value(QStringLiteral("T1")), QStringLiteral("1/1/2004"));
+    EXPECT_EQ(printed[0].cells.value(QStringLiteral("T3")), QString()) << "the site name isn't read on this road";
+    EXPECT_EQ(printed[1].cells.value(QStringLiteral("T11")), QStringLiteral("12"));
+    EXPECT_EQ(printed[1].cells.value(QStringLiteral("T12")), QStringLiteral("Burger"));
+    EXPECT_EQ(printed[1].cells.value(QStringLiteral("T13")), QStringLiteral("$78.00"));
+    EXPECT_EQ(printed[1].cells.value(QStringLiteral("T21")), QString());
+    EXPECT_EQ(printed[2].cells.value(QStringLiteral("TS")), QStringLiteral("$78.00"));
+    EXPECT_EQ(printed[3].cells.value(QStringLiteral("T13")), QStringLiteral("1"));
+}
+
+TEST_F(PrintTest, ThreeItemsMakeOneFullLineAndAnEmptyOne)
+{
+    print({"A|Food|1|1|$1,000.50|x|x|x", "B|Food|1|2||x|x|x", "C|Food|1|3|$2.25|x|x|x"});
+    EXPECT_EQ(sections().count(QStringLiteral("mid")), 2);
+    EXPECT_EQ(printed[1].cells.value(QStringLiteral("T33")), QStringLiteral("$2.25"));
+    EXPECT_EQ(printed[1].cells.value(QStringLiteral("T23")), QString()) << "an empty Volume prints empty and adds 0";
+    EXPECT_TRUE(printed[2].cells.values().join(QString()).isEmpty());
+    EXPECT_EQ(printed[3].cells.value(QStringLiteral("TS")), QStringLiteral("$1,002.75"));
+}
+
+TEST_F(PrintTest, TotalRowsPrintButDontCountAndRowsWithoutFieldsLeaveGaps)
+{
+    print({"**Food|Total|3|3|$9.00|Q8$|Q9$|Q5$", "Pie|Food|4|3|$9.00|x|x|x", "", "********************"});
+    EXPECT_EQ(printed[1].cells.value(QStringLiteral("T12")), QStringLiteral("**Food"));
+    EXPECT_EQ(printed[1].cells.value(QStringLiteral("T22")), QStringLiteral("Pie"));
+    EXPECT_EQ(printed[1].cells.value(QStringLiteral("T32")), QString()) << "the empty row is a gap";
+    EXPECT_EQ(printed[2].cells.value(QStringLiteral("T11")), QString()) << "so is the separator";
+    EXPECT_EQ(printed.last().section, QStringLiteral("Footer"));
+    EXPECT_EQ(printed.at(printed.size() - 2).cells.value(QStringLiteral("TS")), QStringLiteral("$9.00"));
+}
+
+TEST_F(PrintTest, LaterPagesGetTheTopThroughTheEventAndEveryPageItsNumber)
+{
+    pageHeight = 74 + 16 * 5 + 24 + 10;
+    QByteArrayList rows;
+    for (int item = 0; item < 30; ++item)
+        rows.append("Item " + QByteArray::number(item) + "|Food|1|1|$1.00|x|x|x");
+    print(rows);
+    QStringList footers;
+    int tops = 0;
+    for (const Printed &section : printed) {
+        if (section.section == QLatin1String("Footer"))
+            footers.append(section.cells.value(QStringLiteral("T13")) + QLatin1Char('@') + QString::number(section.page));
+        tops += section.section == QLatin1String("top");
+    }
+    EXPECT_EQ(footers, (QStringList{QStringLiteral("1@1"), QStringLiteral("2@2"), QStringLiteral("3@3")}));
+    EXPECT_EQ(tops, 3);
+    EXPECT_EQ(printed.at(printed.size() - 2).cells.value(QStringLiteral("TS")), QStringLiteral("$30.00"));
+}
+
+TEST_F(PrintTest, AMissingTemplatePrintsNoPage)
+{
+    QFile::remove(site.hostPath(QStringLiteral("Quillon/ItemsSold.vrd")));
+    print({"Burger|Food|6.50|12|$78.00|x|x|x"});
+    EXPECT_TRUE(printed.isEmpty());
+}
+
+} // namespace
+} // namespace qlon

@@ -68,11 +68,14 @@ CommandLine ParseCommandLine(const QStringList &arguments)
     return commandLine;
 }
 
-bool AsksForScript(int argc, char *argv[])
+bool RunsWithoutWindow(int argc, char *argv[])
 {
     for (int index = 1; index < argc; ++index) {
-        if (std::strcmp(argv[index], "--script") == 0 || std::strncmp(argv[index], "--script=", 9) == 0)
-            return true;
+        for (const char *option : {"--script", "--screenshot", "--write-report-template"}) {
+            const std::size_t length = std::strlen(option);
+            if (std::strncmp(argv[index], option, length) == 0 && (argv[index][length] == '\0' || argv[index][length] == '='))
+                return true;
+        }
     }
     return false;
 }

@@ -22,8 +22,8 @@ struct CommandLine
 
 CommandLine ParseCommandLine(const QStringList &arguments);
 
-// True when the arguments ask for a run without a window; read before the application
-// exists, to choose the display.
-bool AsksForScript(int argc, char *argv[]);
+// True when the arguments ask for a run without a window (a script, pictures, the template);
+// read before the application exists, to choose the display.
+bool RunsWithoutWindow(int argc, char *argv[]);
 
 } // namespace qlon

@@ -3,7 +3,7 @@
 #include "core/Clock.h"
 #include "core/FileTable.h"
 #include "core/HostPath.h"
-#include "platform/ui/Report.h"
+#include "store/ReportTemplate.h"
 #include "store/SiteConfig.h"
 #include "platform/ui/Dialogs.h"
 #include "platform/ui/Program.h"
@@ -45,7 +45,7 @@ int writeReportTemplate(QTextStream &out, QTextStream &err)
         out << "The site has its report template: " << path << Qt::endl;
         return 0;
     }
-    if (!qlon::Report::WriteItemsSoldTemplate(path)) {
+    if (!qlon::WriteItemsSoldTemplate(path)) {
         err << "qlon: can't write " << path << Qt::endl;
         return 1;
     }
@@ -71,7 +71,7 @@ bool saveScreenshots(const QStringList &requests, QTextStream &err)
 
 int main(int argc, char *argv[])
 {
-    if (qlon::AsksForScript(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (qlon::RunsWithoutWindow(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QTextStream out(stdout);

@@ -6,6 +6,7 @@
 #include "demo/DemoCatalogue.h"
 #include "demo/DemoSales.h"
 #include "store/Departments.h"
+#include "store/ReportTemplate.h"
 #include "store/IniRec2300.h"
 
 #include <QDir>
@@ -62,6 +63,7 @@ void WriteDemoSite(const QString &driveFolder, QDate today)
     WriteDepartmentNames(site.filePath(QStringLiteral("data/Departments.dat")), demoDepartments());
     WriteDemoCatalogue(site.path());
     WriteDemoSales(site.path(), today);
+    WriteItemsSoldTemplate(site.filePath(QStringLiteral("ItemsSold.vrd")));
 }
 
 } // namespace qlon

@@ -516,7 +516,7 @@ void QLONlistBuilder1::SSCommand6_Click()
     // The other template name is only tested for being a text; that file is never opened.
     if (!DataPath("ItemSold.vrd").isEmpty())
         Print_ItemsSold();
-    if (!m_reportPdf.isEmpty())
+    if (!m_reportPdf.isEmpty() && m_objReport && m_objReport->pageNumber() > 0)
         Dialogs::showMessage(this, QStringLiteral("PRINT"), QStringLiteral("The report is in ") + m_reportPdf);
 }
 

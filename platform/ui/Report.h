@@ -88,9 +88,6 @@ public:
     std::function<void()> onNewPage;
     std::function<void()> onPrintFooter;
 
-    // Writes the template of the Items Sold report.
-    static bool WriteItemsSoldTemplate(const QString &hostPath);
-
 private:
     void startPage();
     void endPage();

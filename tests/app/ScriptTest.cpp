@@ -217,6 +217,38 @@ TEST_F(ScriptTest, RebuildThenLoadEachCategoryOfTheDemoSite)
     EXPECT_EQ(retail.filter(QStringLiteral("Logo Koozie|")).size(), 1) << "an item in the retail file, under its kitchen text";
 }
 
+TEST_F(ScriptTest, TheMainJobPrintsAReadablePdfAndExportsTheRun)
+{
+    writeDemoSite();
+    const QString pdf = site.hostPath(QStringLiteral("report.pdf"));
+    const QString csv = site.hostPath(QStringLiteral("export.csv"));
+    const Outcome result = run(QStringLiteral("click QLONlistBuilder1.SSCommand8\nwait\nclick QLONlistBuilder1.SSOption6\n"
+                                              "click QLONlistBuilder1.SSCommand2\nclick QLONlistBuilder1.SSCommand4\n"
+                                              "click QLONlistBuilder1.SSOption4(0)\nprint-to-pdf ")
+                               + pdf + QStringLiteral("\nclick QLONlistBuilder1.SSCommand6\nsave-as ") + csv
+                               + QStringLiteral("\nclick QLONlistBuilder1.SSCommand7\n"));
+    ASSERT_EQ(result.status, 0) << result.err.toStdString();
+    EXPECT_EQ(result.lines().last(), QStringLiteral("message: PRINT | The report is in ") + pdf);
+    EXPECT_EQ(site.read(QStringLiteral("export.csv")), site.read(QStringLiteral("Quillon/TempItems.dat")));
+    EXPECT_TRUE(site.read(QStringLiteral("report.pdf")).startsWith("%PDF"));
+
+    // Rendered as a person would see it: the first page has ink on it.
+    QProcess render;
+    render.start(QStringLiteral("pdftoppm"), {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("40"), QStringLiteral("-f"),
+                                              QStringLiteral("1"), QStringLiteral("-l"), QStringLiteral("1"), pdf,
+                                              site.hostPath(QStringLiteral("page"))});
+    if (!render.waitForFinished(60000) || render.exitCode() != 0)
+        GTEST_SKIP() << "pdftoppm is not there to render the report";
+    const QImage page(site.hostPath(QStringLiteral("page-1.png")));
+    ASSERT_FALSE(page.isNull());
+    int dark = 0;
+    for (int y = 0; y < page.height(); ++y) {
+        for (int x = 0; x < page.width(); ++x)
+            dark += qGray(page.pixel(x, y)) < 128;
+    }
+    EXPECT_GT(dark, 500) << "the page shows text";
+}
+
 TEST_F(ScriptTest, ScreenshotsShowTheScreen)
 {
     writeDemoSite();

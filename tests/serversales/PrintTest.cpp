@@ -2,6 +2,7 @@
 #include "platform/ui/MList.h"
 #include "platform/ui/Report.h"
 #include "store/ProgramGlobals.h"
+#include "store/ReportTemplate.h"
 #include "store/SiteConfig.h"
 #include "tests/support/TempSite.h"
 
@@ -60,7 +61,7 @@ protected:
         Site() = SiteGlobals{};
         Shared() = ProgramGlobals{};
         Site().DataRoot = "C:\\Quillon\\";
-        ASSERT_TRUE(Report::WriteItemsSoldTemplate(site.write(QStringLiteral("Quillon/ItemsSold.vrd"), {})));
+        ASSERT_TRUE(WriteItemsSoldTemplate(site.write(QStringLiteral("Quillon/ItemsSold.vrd"), {})));
         SetReportOutputFactory([this] { return std::make_unique<RecordingOutput>(printed, pageHeight); });
         screen = Screens().touch<QLONlistBuilder1>(QStringLiteral("QLONlistBuilder1"));
         screen->Label2->setText(QStringLiteral("1/1/2004"));

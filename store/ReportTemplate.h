@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+namespace qlon {
+
+// Writes the default template of the printed Items Sold report, ItemsSold.vrd: the span on top,
+// the items three across, the grand total and the page number. The site owns the file; the
+// program only writes one for a site that has none. False when it can't be written.
+bool WriteItemsSoldTemplate(const QString &hostPath);
+
+} // namespace qlon

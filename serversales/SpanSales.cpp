@@ -37,9 +37,13 @@ SpanFilter::SpanFilter(const SalesSpan &span)
 
 std::optional<QDate> SpanFilter::dateOf(const QByteArray &text)
 {
+    if (text == m_lastDateText)
+        return m_lastDate;
     auto found = m_dates.constFind(text);
     if (found == m_dates.constEnd())
         found = m_dates.insert(text, ToDate(text));
+    m_lastDateText = text;
+    m_lastDate = *found;
     return *found;
 }
 
@@ -78,7 +82,6 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
         CarriedColumns &columns = walk.columns;
         columns.take(row, {OrderID, OrderDate, Item, UnitPrice, ItemType, Quantity, Time, ReceiptID, OrderNumber, SaleType});
         ItemSales &sales = walk.sales;
-        sales.lastReceipt = columns[ReceiptID];
         if (item.isEmpty() || !filter.contains(columns[OrderDate], columns[Time]))
             return true;
         auto price = roundedPrices.constFind(columns[UnitPrice]);
@@ -90,6 +93,9 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
                                        columns[OrderNumber], columns[SaleType]});
         return true;
     });
+    // The receipt an item's walk read last is the one its carried texts hold.
+    for (ItemWalk &walk : m_items)
+        walk.sales.lastReceipt = walk.columns[ReceiptID];
 }
 
 const ItemSales &SpanSales::of(const QByteArray &name) const

@@ -40,6 +40,8 @@ private:
     std::optional<QTime> m_start;
     std::optional<QTime> m_end;
     QHash<QByteArray, std::optional<QDate>> m_dates;
+    QByteArray m_lastDateText;
+    std::optional<QDate> m_lastDate;
     QHash<QByteArray, std::optional<QTime>> m_times;
 };
 

@@ -1117,16 +1117,6 @@ void writeStockFile(const QString &siteFolder)
 
 // The generated catalogue.
 
-QList<CatalogueFile> catalogueSequence()
-{
-    QList<CatalogueFile> files;
-    for (int index = 0; index < ButtonFileCount; ++index)
-        files.append(ButtonFile(index));
-    for (const CatalogueFile &file : LiquorFiles())
-        files.append(file);
-    files.append(RetailFile());
-    return files;
-}
 
 Section generatedSection(int fileIndex)
 {
@@ -1187,7 +1177,7 @@ void WriteDemoCatalogue(const QString &siteFolder)
 
 void WriteGeneratedCatalogue(const QString &siteFolder, int fileCount, int recordsPerFile)
 {
-    const QList<CatalogueFile> files = catalogueSequence();
+    const QList<CatalogueFile> files = GatheredCatalogueFiles();
     for (int index = 0; index < qMin(fileCount, int(files.size())); ++index)
         writeCatalogueFile(siteFolder, files.at(index), generatedSlots(index, recordsPerFile));
 }

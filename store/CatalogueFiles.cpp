@@ -39,6 +39,17 @@ CatalogueFile RetailFile()
     return withSister("data\\RetailItems.dat");
 }
 
+QList<CatalogueFile> GatheredCatalogueFiles()
+{
+    QList<CatalogueFile> files;
+    for (int index = 0; index < ButtonFileCount; ++index)
+        files.append(ButtonFile(index));
+    for (const CatalogueFile &file : LiquorFiles())
+        files.append(file);
+    files.append(RetailFile());
+    return files;
+}
+
 CatalogueFile ModifierFile(int index)
 {
     return withSister("ini\\Mod" + QByteArray::number(index) + ".dat");

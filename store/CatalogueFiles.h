@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 
 #include <array>
 
@@ -22,6 +23,9 @@ CatalogueFile ButtonFile(int index);
 std::array<CatalogueFile, 7> LiquorFiles();
 
 CatalogueFile RetailFile();
+
+// The files the rebuild gathers, in its order: the button files, the drink files, the retail file.
+QList<CatalogueFile> GatheredCatalogueFiles();
 
 // The modifier lists ini\Mod0.dat to ini\Mod29.dat.
 constexpr int ModifierFileCount = 30;

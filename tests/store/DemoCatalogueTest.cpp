@@ -16,18 +16,6 @@
 namespace qlon {
 namespace {
 
-// The files the rebuild gathers, in its order: the button files, the drink files, the retail file.
-QList<CatalogueFile> gatheredSequence()
-{
-    QList<CatalogueFile> files;
-    for (int index = 0; index < ButtonFileCount; ++index)
-        files.append(ButtonFile(index));
-    for (const CatalogueFile &file : LiquorFiles())
-        files.append(file);
-    files.append(RetailFile());
-    return files;
-}
-
 FreeSlotRule ruleOf(qsizetype sequenceIndex)
 {
     if (sequenceIndex < ButtonFileCount)
@@ -37,7 +25,7 @@ FreeSlotRule ruleOf(qsizetype sequenceIndex)
 
 QList<CatalogueFile> allCatalogueFiles()
 {
-    QList<CatalogueFile> files = gatheredSequence();
+    QList<CatalogueFile> files = GatheredCatalogueFiles();
     for (int index = 0; index < ModifierFileCount; ++index)
         files.append(ModifierFile(index));
     return files;
@@ -78,7 +66,7 @@ protected:
     // The gathered files that exist, read back.
     QList<ReadFile> gatheredFiles() const
     {
-        const QList<CatalogueFile> sequence = gatheredSequence();
+        const QList<CatalogueFile> sequence = GatheredCatalogueFiles();
         QList<ReadFile> files;
         for (qsizetype index = 0; index < sequence.size(); ++index)
             if (exists(sequence[index].items))
@@ -323,7 +311,7 @@ TEST_F(DemoCatalogueTest, ItemsWithoutRecipeHaveClearedRows)
 TEST_F(GeneratedCatalogueTest, SixtyFilesOfAThousandRecords)
 {
     WriteGeneratedCatalogue(siteFolder(), 60, 1000);
-    const QList<CatalogueFile> files = gatheredSequence();
+    const QList<CatalogueFile> files = GatheredCatalogueFiles();
     ASSERT_EQ(files.size(), 60);
     for (const CatalogueFile &file : files) {
         EXPECT_EQ(countOf(file.items, ItemRec500::size), 1000) << file.items.constData();

@@ -728,13 +728,13 @@ void QLONlistBuilder1::BLD_DATA2()
 
 void QLONlistBuilder1::Sort_ByTotalSold()
 {
-    SkipOnFailure([this] { MList1->setSortSpecification("5d "); });
+    SkipOnFailure([this] { MList1->setSortKey("5d "); });
     SkipOnFailure([this] { MList1->setSorted(true); });
 }
 
 void QLONlistBuilder1::Sort_ByItemName()
 {
-    MList1->setSortSpecification("0a");
+    MList1->setSortKey("0a");
     MList1->setSorted(true);
 }
 
@@ -743,21 +743,21 @@ void QLONlistBuilder1::Sort_BySalesVolume()
     Yield();
     MList1->setSorted(false);
     SkipOnFailure([this] { MList1->setSorted(true); });
-    SkipOnFailure([this] { MList1->setSortSpecification("6d"); });
+    SkipOnFailure([this] { MList1->setSortKey("6d"); });
     SkipOnFailure([this] { MList1->setSorted(true); });
 }
 
 void QLONlistBuilder1::Sort_BySold()
 {
     for (int pass = 0; pass < 2; ++pass) {
-        MList1->setSortSpecification("3d ");
+        MList1->setSortKey("3d ");
         MList1->setSorted(true);
     }
 }
 
 void QLONlistBuilder1::Sort_ByPrice()
 {
-    MList1->setSortSpecification("2d ");
+    MList1->setSortKey("2d ");
     MList1->setSorted(false);
     MList1->setSorted(true);
     MList1->setComparer(&m_comparer);

@@ -28,18 +28,18 @@ bool isDigit(char byte)
     return byte >= '0' && byte <= '9';
 }
 
-std::optional<SortOrder> readSortOrder(QByteArray specification)
+std::optional<SortOrder> readSortOrder(QByteArray key)
 {
-    while (specification.endsWith(' '))
-        specification.chop(1);
-    if (specification.size() < 2 || !(specification.endsWith('a') || specification.endsWith('d')))
+    while (key.endsWith(' '))
+        key.chop(1);
+    if (key.size() < 2 || !(key.endsWith('a') || key.endsWith('d')))
         return std::nullopt;
-    const QByteArray number = specification.chopped(1);
+    const QByteArray number = key.chopped(1);
     bool isNumber = false;
     const int column = number.toInt(&isNumber);
     if (!isNumber || !std::ranges::all_of(number, isDigit))
         return std::nullopt;
-    return SortOrder{column, specification.endsWith('d')};
+    return SortOrder{column, key.endsWith('d')};
 }
 
 uchar foldedCase(char byte)
@@ -170,12 +170,12 @@ void MList::setRowSelected(int row, bool selected)
     m_view->scrollTo(index);
 }
 
-void MList::setSortSpecification(const QByteArray &specification)
+void MList::setSortKey(const QByteArray &key)
 {
-    const std::optional<SortOrder> order = readSortOrder(specification);
+    const std::optional<SortOrder> order = readSortOrder(key);
     if (!order)
-        throw RuntimeError(RuntimeError::InvalidPropertyValue, FromAnsi(specification));
-    m_sortSpecification = specification;
+        throw RuntimeError(RuntimeError::InvalidPropertyValue, FromAnsi(key));
+    m_sortKey = key;
     m_sortColumn = order->column;
     m_descending = order->descending;
 }

@@ -64,8 +64,8 @@ public:
 
     // The column number from 0, then "a" for ascending or "d" for descending, then any blanks:
     // "5d ", "0a"; "0a" at first. An unreadable text throws RuntimeError::InvalidPropertyValue.
-    QByteArray sortSpecification() const { return m_sortSpecification; }
-    void setSortSpecification(const QByteArray &specification);
+    QByteArray sortKey() const { return m_sortKey; }
+    void setSortKey(const QByteArray &key);
     bool isSorted() const { return m_sorted; }
     // True sorts the rows on the column, every time it is set; false keeps the order as it
     // stands. Without a comparer the column texts compare with ASCII letters of either case
@@ -89,7 +89,7 @@ private:
 
     MListModel *m_model;
     QTreeView *m_view;
-    QByteArray m_sortSpecification = QByteArrayLiteral("0a");
+    QByteArray m_sortKey = QByteArrayLiteral("0a");
     int m_sortColumn = 0;
     bool m_descending = false;
     bool m_sorted = false;

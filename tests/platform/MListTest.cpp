@@ -50,9 +50,9 @@ protected:
         for (const QByteArray &row : rows)
             m_list.addRow(row);
     }
-    void sortBy(const QByteArray &specification)
+    void sortBy(const QByteArray &key)
     {
-        m_list.setSortSpecification(specification);
+        m_list.setSortKey(key);
         m_list.setSorted(true);
     }
 
@@ -319,16 +319,16 @@ TEST_F(MListSortTest, SalesVolumeOrdersFiguresByTextSoMoreDecimalsRankHigher)
                        }));
 }
 
-TEST_F(MListSortTest, UnreadableSpecificationsAreInvalidPropertyValues)
+TEST_F(MListSortTest, UnreadableSortKeysAreInvalidPropertyValues)
 {
-    m_list.setSortSpecification(QByteArrayLiteral("3d "));
+    m_list.setSortKey(QByteArrayLiteral("3d "));
 
     for (const QByteArray &unreadable : Texts{"", "d", "5", "d5", "5x", " 5d", "-1a", "5 d", "99999999999a"}) {
-        EXPECT_EQ(runtimeErrorNumber([&] { m_list.setSortSpecification(unreadable); }),
+        EXPECT_EQ(runtimeErrorNumber([&] { m_list.setSortKey(unreadable); }),
                   RuntimeError::InvalidPropertyValue)
             << unreadable.constData();
     }
-    EXPECT_EQ(m_list.sortSpecification(), QByteArrayLiteral("3d "));
+    EXPECT_EQ(m_list.sortKey(), QByteArrayLiteral("3d "));
 }
 
 TEST_F(MListSortTest, TenThousandRowsSortWithTheirTags)
@@ -427,7 +427,7 @@ TEST_F(MListComparerTest, AFailureOfTheComparerReachesTheCallerAndTheRowsStay)
     addRows({"c|3", "a|$1", "b|2", "d|4"});
     m_list.setRowTag(1, QByteArrayLiteral("dollar"));
     m_list.setComparer(&failing);
-    m_list.setSortSpecification(QByteArrayLiteral("1a"));
+    m_list.setSortKey(QByteArrayLiteral("1a"));
 
     EXPECT_EQ(runtimeErrorNumber([&] { m_list.setSorted(true); }), RuntimeError::TypeMismatch);
     EXPECT_FALSE(m_list.isSorted());

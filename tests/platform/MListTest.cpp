@@ -239,15 +239,6 @@ TEST_F(MListSortTest, AddedRowsTakeTheirPlaceBehindEqualRows)
     EXPECT_EQ(m_list.addRow(QByteArrayLiteral("Tea|6")), 5);
 }
 
-TEST_F(MListSortTest, AddedRowsFollowADescendingOrder)
-{
-    addRows({"0000000012", "0000000030", "0000000002"});
-    sortBy(QByteArrayLiteral("0d"));
-
-    EXPECT_EQ(m_list.addRow(QByteArrayLiteral("0000000012")), 2);
-    EXPECT_EQ(texts(), (Texts{"0000000030", "0000000012", "0000000012", "0000000002"}));
-}
-
 TEST_F(MListSortTest, RewrittenRowsStayWhereTheyAre)
 {
     addRows({"A", "B", "C"});
@@ -265,42 +256,6 @@ TEST_F(MListSortTest, SwitchingSortOffKeepsTheOrderAndAppendsNewRows)
 
     EXPECT_EQ(m_list.addRow(QByteArrayLiteral("0")), 3);
     EXPECT_EQ(texts(), (Texts{"A", "B", "C", "0"}));
-}
-
-TEST_F(MListSortTest, TotalSoldPutsTotalsOnTopAndTheSeparatorAndEmptyRowAtTheBottom)
-{
-    addRows(finishedRun);
-    sortBy(QByteArrayLiteral("5d "));
-
-    // By text: "00000002.5" ranks above "0000000030", as it did in the old list.
-    EXPECT_EQ(texts(), (Texts{
-                           "**Food|Total|14.5|14.5|$85.50|Q8$|Q9$|Q5$",
-                           "**Beverage|Total|30|30|$105.00|Q8$|Q9$|Q5$",
-                           "Pie|Food|3.00|2.5|$7.50|00000002.5|0000007.50|7.5",
-                           "Beer|Beverage|3.50|30|$105.00|0000000030|000000105.|105.",
-                           "Burger|Food|6.50|12|$78.00|0000000012|000000078.|78.",
-                           "Soda|Beverage|1.50|0|$0.00|0000000000|000000000.|0.",
-                           "",
-                           "********************",
-                       }));
-}
-
-TEST_F(MListSortTest, ItemNamePutsTheAsteriskRowsFirstAfterTheEmptyRow)
-{
-    addRows(finishedRun);
-    sortBy(QByteArrayLiteral("0a"));
-
-    // An empty name ranks before every other name.
-    EXPECT_EQ(texts(), (Texts{
-                           "",
-                           "********************",
-                           "**Beverage|Total|30|30|$105.00|Q8$|Q9$|Q5$",
-                           "**Food|Total|14.5|14.5|$85.50|Q8$|Q9$|Q5$",
-                           "Beer|Beverage|3.50|30|$105.00|0000000030|000000105.|105.",
-                           "Burger|Food|6.50|12|$78.00|0000000012|000000078.|78.",
-                           "Pie|Food|3.00|2.5|$7.50|00000002.5|0000007.50|7.5",
-                           "Soda|Beverage|1.50|0|$0.00|0000000000|000000000.|0.",
-                       }));
 }
 
 TEST_F(MListSortTest, SalesVolumeOrdersFiguresByTextSoMoreDecimalsRankHigher)

@@ -13,7 +13,7 @@ namespace {
 
 // Converts the plain decimal form built by the readers below; fails for a form without digits
 // and for a magnitude beyond the range of a double.
-std::optional<double> DecimalValue(const QByteArray& number)
+std::optional<double> decimalValue(const QByteArray& number)
 {
     double value = 0;
     const auto [end, error] = std::from_chars(number.cbegin(), number.cend(), value);
@@ -22,12 +22,12 @@ std::optional<double> DecimalValue(const QByteArray& number)
     return value;
 }
 
-QByteArray TakeSign(TextCursor& cursor)
+QByteArray takeSign(TextCursor& cursor)
 {
     return cursor.takeAnyOf(QByteArrayLiteral("+-")) == '-' ? QByteArrayLiteral("-") : QByteArray();
 }
 
-QByteArray TakeGroupedDigits(TextCursor& cursor)
+QByteArray takeGroupedDigits(TextCursor& cursor)
 {
     QByteArray digits = cursor.takeDigits().toByteArray();
     while (!digits.isEmpty() && cursor.take(','))
@@ -36,9 +36,9 @@ QByteArray TakeGroupedDigits(TextCursor& cursor)
 }
 
 // Reads "digits[.digits]" or ".digits" and gives it in plain decimal form, or nothing without a digit.
-QByteArray TakeMantissa(TextCursor& cursor)
+QByteArray takeMantissa(TextCursor& cursor)
 {
-    QByteArray mantissa = TakeGroupedDigits(cursor);
+    QByteArray mantissa = takeGroupedDigits(cursor);
     if (cursor.take('.'))
         mantissa += '.' + cursor.takeDigits().toByteArray();
     return mantissa.size() > mantissa.count('.') ? mantissa : QByteArray();
@@ -46,11 +46,11 @@ QByteArray TakeMantissa(TextCursor& cursor)
 
 // Reads an exponent if one stands there; gives "e" and its signed digits, an empty text for none,
 // or nothing when the exponent letter has no digits.
-std::optional<QByteArray> TakeExponent(TextCursor& cursor)
+std::optional<QByteArray> takeExponent(TextCursor& cursor)
 {
     if (!cursor.takeAnyOf(QByteArrayLiteral("eE")))
         return QByteArray();
-    const QByteArray sign = TakeSign(cursor);
+    const QByteArray sign = takeSign(cursor);
     const QByteArrayView digits = cursor.takeDigits();
     if (digits.isEmpty())
         return std::nullopt;
@@ -58,7 +58,7 @@ std::optional<QByteArray> TakeExponent(TextCursor& cursor)
 }
 
 // Appends the next digit, or the first decimal point, to the number; false when neither stands there.
-bool TakeDigitOrFirstPoint(TextCursor& cursor, QByteArray& number)
+bool takeDigitOrFirstPoint(TextCursor& cursor, QByteArray& number)
 {
     const char next = cursor.peek();
     if (!TextCursor::isDigit(next) && (next != '.' || number.contains('.')))
@@ -68,7 +68,7 @@ bool TakeDigitOrFirstPoint(TextCursor& cursor, QByteArray& number)
     return true;
 }
 
-double RoundedHalfToEven(double value)
+double roundedHalfToEven(double value)
 {
     const double below = std::floor(value);
     if (value - below != 0.5)
@@ -83,30 +83,30 @@ double NumericValue(QByteArrayView text)
     const QByteArrayView blanks(" \t\n");
     TextCursor cursor(text);
     cursor.skipAnyOf(blanks);
-    QByteArray number = TakeSign(cursor);
+    QByteArray number = takeSign(cursor);
     do
         cursor.skipAnyOf(blanks);
-    while (TakeDigitOrFirstPoint(cursor, number));
-    return DecimalValue(number).value_or(0);
+    while (takeDigitOrFirstPoint(cursor, number));
+    return decimalValue(number).value_or(0);
 }
 
 std::optional<double> ToNumber(QByteArrayView text)
 {
     TextCursor cursor(text.trimmed());
     const bool bracketed = cursor.take('(');
-    QByteArray sign = bracketed ? QByteArrayLiteral("-") : TakeSign(cursor);
+    QByteArray sign = bracketed ? QByteArrayLiteral("-") : takeSign(cursor);
     if (cursor.take('$') && sign.isEmpty())
-        sign = TakeSign(cursor);
-    const QByteArray mantissa = TakeMantissa(cursor);
-    const std::optional<QByteArray> exponent = TakeExponent(cursor);
+        sign = takeSign(cursor);
+    const QByteArray mantissa = takeMantissa(cursor);
+    const std::optional<QByteArray> exponent = takeExponent(cursor);
     if (mantissa.isEmpty() || !exponent || (bracketed && !cursor.take(')')) || !cursor.atEnd())
         return std::nullopt;
-    return DecimalValue(sign + mantissa + *exponent);
+    return decimalValue(sign + mantissa + *exponent);
 }
 
 std::optional<qint32> ToInteger(double value, IntegerWidth width)
 {
-    const double whole = RoundedHalfToEven(value);
+    const double whole = roundedHalfToEven(value);
     const double highest = width == IntegerWidth::Bits16 ? std::numeric_limits<qint16>::max()
                                                          : std::numeric_limits<qint32>::max();
     if (!(whole >= -highest - 1 && whole <= highest))

@@ -8,7 +8,7 @@
 namespace qlon {
 namespace {
 
-constexpr QByteArrayView Blanks(" \t");
+constexpr QByteArrayView blanks(" \t");
 
 // Where the year, month and day stand among the three numbers of a date.
 struct DateOrder
@@ -19,21 +19,21 @@ struct DateOrder
 };
 
 // Tried in this order; the first that makes a real date wins.
-constexpr std::array<DateOrder, 4> DateOrders{{
+constexpr std::array<DateOrder, 4> dateOrders{{
     {2, 0, 1}, // month/day/year
     {0, 1, 2}, // year/month/day
     {0, 2, 1}, // year/day/month
     {2, 1, 0}, // day/month/year
 }};
 
-int FullYear(int year)
+int fullYear(int year)
 {
     if (year >= 100)
         return year;
     return year < 30 ? 2000 + year : 1900 + year;
 }
 
-std::optional<int> TakeNumber(TextCursor& cursor, qsizetype maxDigits)
+std::optional<int> takeNumber(TextCursor& cursor, qsizetype maxDigits)
 {
     const QByteArrayView digits = cursor.takeDigits();
     if (digits.isEmpty() || digits.size() > maxDigits)
@@ -41,11 +41,11 @@ std::optional<int> TakeNumber(TextCursor& cursor, qsizetype maxDigits)
     return digits.toInt();
 }
 
-std::optional<std::array<int, 3>> TakeDateNumbers(TextCursor& cursor)
+std::optional<std::array<int, 3>> takeDateNumbers(TextCursor& cursor)
 {
     std::array<int, 3> numbers{};
     for (qsizetype index = 0; index < 3; ++index) {
-        const std::optional<int> number = TakeNumber(cursor, 4);
+        const std::optional<int> number = takeNumber(cursor, 4);
         if (!number || (index < 2 && !cursor.takeAnyOf("/-.")))
             return std::nullopt;
         numbers[index] = *number;
@@ -53,10 +53,10 @@ std::optional<std::array<int, 3>> TakeDateNumbers(TextCursor& cursor)
     return numbers;
 }
 
-std::optional<QDate> DateInFirstOrder(const std::array<int, 3>& numbers)
+std::optional<QDate> dateInFirstOrder(const std::array<int, 3>& numbers)
 {
-    for (const DateOrder& order : DateOrders) {
-        const QDate date(FullYear(numbers[order.year]), numbers[order.month], numbers[order.day]);
+    for (const DateOrder& order : dateOrders) {
+        const QDate date(fullYear(numbers[order.year]), numbers[order.month], numbers[order.day]);
         if (date.isValid())
             return date;
     }
@@ -64,11 +64,11 @@ std::optional<QDate> DateInFirstOrder(const std::array<int, 3>& numbers)
 }
 
 // Takes a date if one stands at the cursor; the cursor moves only past a date that reads.
-std::optional<QDate> TakeDate(TextCursor& cursor)
+std::optional<QDate> takeDate(TextCursor& cursor)
 {
     TextCursor ahead = cursor;
-    const auto numbers = TakeDateNumbers(ahead);
-    const std::optional<QDate> date = numbers ? DateInFirstOrder(*numbers) : std::nullopt;
+    const auto numbers = takeDateNumbers(ahead);
+    const std::optional<QDate> date = numbers ? dateInFirstOrder(*numbers) : std::nullopt;
     if (date)
         cursor = ahead;
     return date;
@@ -83,9 +83,9 @@ std::optional<int> DayHour(int hour, bool afternoon)
 }
 
 // Reads an optional "AM" or "PM" after the time and gives the hour of the day.
-std::optional<int> TakeMeridiemHour(TextCursor& cursor, int hour)
+std::optional<int> takeMeridiemHour(TextCursor& cursor, int hour)
 {
-    cursor.skipAnyOf(Blanks);
+    cursor.skipAnyOf(blanks);
     if (cursor.takeCaseless("am"))
         return DayHour(hour, false);
     if (cursor.takeCaseless("pm"))
@@ -93,19 +93,19 @@ std::optional<int> TakeMeridiemHour(TextCursor& cursor, int hour)
     return hour;
 }
 
-std::optional<int> TakeSecond(TextCursor& cursor)
+std::optional<int> takeSecond(TextCursor& cursor)
 {
-    return cursor.take(':') ? TakeNumber(cursor, 2) : 0;
+    return cursor.take(':') ? takeNumber(cursor, 2) : 0;
 }
 
-std::optional<QTime> TakeTime(TextCursor& cursor)
+std::optional<QTime> takeTime(TextCursor& cursor)
 {
-    const std::optional<int> hour = TakeNumber(cursor, 2);
+    const std::optional<int> hour = takeNumber(cursor, 2);
     if (!hour || !cursor.take(':'))
         return std::nullopt;
-    const std::optional<int> minute = TakeNumber(cursor, 2);
-    const std::optional<int> second = minute ? TakeSecond(cursor) : std::nullopt;
-    const std::optional<int> dayHour = second ? TakeMeridiemHour(cursor, *hour) : std::nullopt;
+    const std::optional<int> minute = takeNumber(cursor, 2);
+    const std::optional<int> second = minute ? takeSecond(cursor) : std::nullopt;
+    const std::optional<int> dayHour = second ? takeMeridiemHour(cursor, *hour) : std::nullopt;
     if (!dayHour || !QTime::isValid(*dayHour, *minute, *second))
         return std::nullopt;
     return QTime(*dayHour, *minute, *second);
@@ -118,15 +118,15 @@ struct DateAndTime
 };
 
 // Reads a whole text as a date, a time, or a date and a blank and a time; fails for anything else.
-std::optional<DateAndTime> ReadDateAndTime(QByteArrayView text)
+std::optional<DateAndTime> readDateAndTime(QByteArrayView text)
 {
     TextCursor cursor(text.trimmed());
     DateAndTime read;
-    read.date = TakeDate(cursor);
-    if (read.date && !cursor.atEnd() && !cursor.skipAnyOf(Blanks))
+    read.date = takeDate(cursor);
+    if (read.date && !cursor.atEnd() && !cursor.skipAnyOf(blanks))
         return std::nullopt;
     if (!cursor.atEnd()) {
-        read.time = TakeTime(cursor);
+        read.time = takeTime(cursor);
         if (!read.time || !cursor.atEnd())
             return std::nullopt;
     }
@@ -139,13 +139,13 @@ std::optional<DateAndTime> ReadDateAndTime(QByteArrayView text)
 
 std::optional<QDate> ToDate(QByteArrayView text)
 {
-    const std::optional<DateAndTime> read = ReadDateAndTime(text);
+    const std::optional<DateAndTime> read = readDateAndTime(text);
     return read ? read->date : std::nullopt;
 }
 
 std::optional<QTime> ToTime(QByteArrayView text)
 {
-    const std::optional<DateAndTime> read = ReadDateAndTime(text);
+    const std::optional<DateAndTime> read = readDateAndTime(text);
     if (!read)
         return std::nullopt;
     return read->time.value_or(QTime(0, 0));

@@ -21,14 +21,14 @@ struct DecimalDigits
 };
 
 // The shortest decimal text that reads back as the magnitude, so that a stored 1.005 rounds as written.
-QByteArray ShortestDecimal(double magnitude)
+QByteArray shortestDecimal(double magnitude)
 {
     std::array<char, 400> buffer; // room for any finite double written out in full
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::fixed).ptr;
     return QByteArray(buffer.data(), end - buffer.data());
 }
 
-void AddOneInLastPlace(QByteArray& digits)
+void addOneInLastPlace(QByteArray& digits)
 {
     qsizetype at = digits.size();
     while (at > 0 && digits.at(at - 1) == '9')
@@ -39,7 +39,7 @@ void AddOneInLastPlace(QByteArray& digits)
         ++digits[at - 1];
 }
 
-QByteArray WithoutLeadingZeros(const QByteArray& digits)
+QByteArray withoutLeadingZeros(const QByteArray& digits)
 {
     qsizetype start = 0;
     while (start < digits.size() && digits.at(start) == '0')
@@ -47,7 +47,7 @@ QByteArray WithoutLeadingZeros(const QByteArray& digits)
     return digits.sliced(start);
 }
 
-QByteArray WithoutTrailingZeros(const QByteArray& digits)
+QByteArray withoutTrailingZeros(const QByteArray& digits)
 {
     qsizetype end = digits.size();
     while (end > 0 && digits.at(end - 1) == '0')
@@ -57,20 +57,20 @@ QByteArray WithoutTrailingZeros(const QByteArray& digits)
 
 DecimalDigits Rounded(double value, qsizetype places)
 {
-    const QByteArray text = ShortestDecimal(std::abs(value));
+    const QByteArray text = shortestDecimal(std::abs(value));
     const qsizetype point = text.contains('.') ? text.indexOf('.') : text.size();
     const QByteArray fraction = text.sliced(qMin(point + 1, text.size()));
     QByteArray digits = text.first(point) + fraction.leftJustified(places, '0', true);
     if (fraction.size() > places && fraction.at(places) >= '5')
-        AddOneInLastPlace(digits);
+        addOneInLastPlace(digits);
     DecimalDigits rounded;
-    rounded.whole = WithoutLeadingZeros(digits.chopped(places));
-    rounded.fraction = WithoutTrailingZeros(digits.last(places));
+    rounded.whole = withoutLeadingZeros(digits.chopped(places));
+    rounded.fraction = withoutTrailingZeros(digits.last(places));
     rounded.negative = value < 0 && !(rounded.whole.isEmpty() && rounded.fraction.isEmpty());
     return rounded;
 }
 
-QByteArray Grouped(QByteArray digits)
+QByteArray grouped(QByteArray digits)
 {
     for (qsizetype at = digits.size() - 3; at > 0; at -= 3)
         digits.insert(at, ',');
@@ -79,7 +79,7 @@ QByteArray Grouped(QByteArray digits)
 
 // Walks the pattern behind the decimal point: a "#" takes the next decimal, anything else is written
 // as it stands, and the walk ends with the decimals.
-QByteArray FractionText(const QByteArray& fraction, QByteArrayView pattern)
+QByteArray fractionText(const QByteArray& fraction, QByteArrayView pattern)
 {
     QByteArray text;
     qsizetype next = 0;
@@ -94,7 +94,7 @@ QByteArray Digits(int number, qsizetype length)
     return length >= 2 ? digits.rightJustified(2, '0') : digits;
 }
 
-QByteArray MonthText(QDate date, qsizetype length)
+QByteArray monthText(QDate date, qsizetype length)
 {
     if (length <= 2)
         return Digits(date.month(), length);
@@ -102,7 +102,7 @@ QByteArray MonthText(QDate date, qsizetype length)
     return QLocale::c().monthName(date.month(), form).toLatin1();
 }
 
-QByteArray DayText(QDate date, qsizetype length)
+QByteArray dayText(QDate date, qsizetype length)
 {
     if (length <= 2)
         return Digits(date.day(), length);
@@ -110,22 +110,22 @@ QByteArray DayText(QDate date, qsizetype length)
     return QLocale::c().dayName(date.dayOfWeek(), form).toLatin1();
 }
 
-QByteArray YearText(QDate date, qsizetype length)
+QByteArray yearText(QDate date, qsizetype length)
 {
     return length >= 3 ? QByteArray::number(date.year()) : Digits(date.year() % 100, 2);
 }
 
-QByteArray HourText(QTime time, qsizetype length, bool twelveHour)
+QByteArray hourText(QTime time, qsizetype length, bool twelveHour)
 {
     return Digits(twelveHour ? (time.hour() + 11) % 12 + 1 : time.hour(), length);
 }
 
-QByteArray MeridiemText(QTime time)
+QByteArray meridiemText(QTime time)
 {
     return time.hour() < 12 ? QByteArrayLiteral("AM") : QByteArrayLiteral("PM");
 }
 
-qsizetype RunLength(QByteArrayView text, qsizetype start)
+qsizetype runLength(QByteArrayView text, qsizetype start)
 {
     qsizetype end = start;
     while (end < text.size() && text.at(end) == text.at(start))
@@ -159,7 +159,7 @@ private:
     qsizetype writeNext(qsizetype at, QByteArray& text)
     {
         if (m_tokens.sliced(at).startsWith(s_meridiem)) {
-            text += MeridiemText(m_time);
+            text += meridiemText(m_time);
             return s_meridiem.size();
         }
         const char letter = m_tokens.at(at);
@@ -167,7 +167,7 @@ private:
             text += m_pattern.at(at);
             return 1;
         }
-        const qsizetype length = RunLength(m_tokens, at);
+        const qsizetype length = runLength(m_tokens, at);
         text += fieldText(letter, length);
         m_afterHour = letter == 'H';
         return length;
@@ -177,13 +177,13 @@ private:
     {
         switch (letter) {
         case 'M':
-            return m_afterHour ? Digits(m_time.minute(), length) : MonthText(m_date, length);
+            return m_afterHour ? Digits(m_time.minute(), length) : monthText(m_date, length);
         case 'D':
-            return DayText(m_date, length);
+            return dayText(m_date, length);
         case 'Y':
-            return YearText(m_date, length);
+            return yearText(m_date, length);
         case 'H':
-            return HourText(m_time, length, m_twelveHour);
+            return hourText(m_time, length, m_twelveHour);
         default:
             return Digits(m_time.second(), length);
         }
@@ -205,9 +205,9 @@ QByteArray Format(double value, QByteArrayView pattern)
     const QByteArrayView fractionPattern = pattern.sliced(qMin(point + 1, pattern.size()));
     const DecimalDigits number = Rounded(value, fractionPattern.count('#'));
     QByteArray text = number.negative ? QByteArrayLiteral("-") : QByteArray();
-    text += pattern.first(point).contains(',') ? Grouped(number.whole) : number.whole;
+    text += pattern.first(point).contains(',') ? grouped(number.whole) : number.whole;
     if (point < pattern.size())
-        text += '.' + FractionText(number.fraction, fractionPattern);
+        text += '.' + fractionText(number.fraction, fractionPattern);
     return text;
 }
 
@@ -231,7 +231,7 @@ QByteArray Currency(double value)
 {
     const DecimalDigits cents = Rounded(value, 2);
     const QByteArray whole = cents.whole.isEmpty() ? QByteArrayLiteral("0") : cents.whole;
-    const QByteArray amount = '$' + Grouped(whole) + '.' + cents.fraction.leftJustified(2, '0');
+    const QByteArray amount = '$' + grouped(whole) + '.' + cents.fraction.leftJustified(2, '0');
     return cents.negative ? '(' + amount + ')' : amount;
 }
 

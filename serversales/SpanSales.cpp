@@ -80,7 +80,7 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
             AssignTrimmed(item, *row[Item]);
         ItemWalk &walk = m_items[item];
         CarriedColumns &columns = walk.columns;
-        columns.take(row, {OrderID, OrderDate, Item, UnitPrice, ItemType, Quantity, Time, ReceiptID, OrderNumber, SaleType});
+        columns.take(row, {OrderID, OrderDate, Item, UnitPrice, Quantity, Time, ReceiptID, OrderNumber, SaleType});
         ItemSales &sales = walk.sales;
         if (item.isEmpty() || !filter.contains(columns[OrderDate], columns[Time]))
             return true;

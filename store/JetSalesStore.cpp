@@ -18,11 +18,11 @@ namespace {
 // Room for a value's text in UTF-8; libmdb cuts longer texts without warning. A mebibyte holds a
 // memo of a third of a million characters. libmdb takes this much from the heap for each text it
 // converts but writes only what the text needs, so the size costs no time.
-constexpr size_t BindSize = 1 << 20;
+constexpr size_t bindSize = 1 << 20;
 // A row's offset on its page keeps flags in the bits above these.
-constexpr int RowOffsetMask = 0x1fff;
-constexpr int SecondsPerDay = 24 * 60 * 60;
-constexpr qint64 CurrencyScale = 10000;
+constexpr int rowOffsetMask = 0x1fff;
+constexpr int secondsPerDay = 24 * 60 * 60;
+constexpr qint64 currencyScale = 10000;
 
 struct HandleCloser
 {
@@ -35,11 +35,11 @@ struct TableFreer
 };
 
 // A Currency value counts ten-thousandths; written exactly, without trailing zeros.
-QByteArray CurrencyText(qint64 tenThousandths)
+QByteArray currencyText(qint64 tenThousandths)
 {
     const quint64 magnitude = tenThousandths < 0 ? 0 - quint64(tenThousandths) : quint64(tenThousandths);
-    QByteArray text = QByteArray::number(magnitude / CurrencyScale);
-    const quint64 fraction = magnitude % CurrencyScale;
+    QByteArray text = QByteArray::number(magnitude / currencyScale);
+    const quint64 fraction = magnitude % currencyScale;
     if (fraction != 0) {
         QByteArray decimals = QByteArray::number(fraction).rightJustified(4, '0');
         while (decimals.endsWith('0'))
@@ -50,7 +50,7 @@ QByteArray CurrencyText(qint64 tenThousandths)
 }
 
 // Types whose stored bytes are read here; libmdb's text serves for the others.
-bool IsReadRaw(int type)
+bool isReadRaw(int type)
 {
     switch (type) {
     case MDB_BOOL:
@@ -68,7 +68,7 @@ bool IsReadRaw(int type)
     }
 }
 
-MdbColumn *ColumnAt(MdbTableDef *table, unsigned int index)
+MdbColumn *columnAt(MdbTableDef *table, unsigned int index)
 {
     return static_cast<MdbColumn *>(g_ptr_array_index(table->columns, index));
 }
@@ -132,7 +132,7 @@ void JetTable::Reader::open(const QString &hostPath, QByteArrayView name)
     m_handle.reset(mdb_open(QFile::encodeName(hostPath).constData(), MDB_NOFLAGS));
     if (!m_handle || !mdb_read_catalog(m_handle.get(), MDB_TABLE))
         throw UnrecognizedFormatError(hostPath);
-    mdb_set_bind_size(m_handle.get(), BindSize);
+    mdb_set_bind_size(m_handle.get(), bindSize);
     QByteArray utf8Name = FromAnsi(name).toUtf8();
     m_table.reset(mdb_read_table_by_name(m_handle.get(), utf8Name.data(), MDB_TABLE));
     if (!m_table)
@@ -145,7 +145,7 @@ JetTable::Reader::Selected JetTable::Reader::select(QByteArrayView name)
 {
     const QString wanted = FromAnsi(name);
     for (unsigned int index = 0; index < m_table->num_cols; ++index) {
-        MdbColumn *column = ColumnAt(m_table.get(), index);
+        MdbColumn *column = columnAt(m_table.get(), index);
         if (wanted.compare(QString::fromUtf8(column->name), Qt::CaseInsensitive) == 0) {
             bind(index);
             return {column, index};
@@ -157,9 +157,9 @@ JetTable::Reader::Selected JetTable::Reader::select(QByteArrayView name)
 void JetTable::Reader::bind(unsigned int index)
 {
     Binding &binding = m_bindings[index];
-    if (binding.text || IsReadRaw(ColumnAt(m_table.get(), index)->col_type))
+    if (binding.text || isReadRaw(columnAt(m_table.get(), index)->col_type))
         return;
-    binding.text.reset(new char[BindSize]);
+    binding.text.reset(new char[bindSize]);
     mdb_bind_column(m_table.get(), int(index) + 1, binding.text.get(), &binding.length);
 }
 
@@ -203,7 +203,7 @@ void JetTable::Reader::crackRow()
     // The fetch has moved past the row that it read, which is still on the current page.
     if (mdb_find_row(m_handle.get(), int(m_table->cur_row) - 1, &start, &size) != 0)
         return;
-    if (mdb_crack_row(m_table.get(), start & RowOffsetMask, size, m_fields.data()) < 0)
+    if (mdb_crack_row(m_table.get(), start & rowOffsetMask, size, m_fields.data()) < 0)
         return;
     for (const MdbField &field : m_fields)
         m_nullInRow[field.colnum] = field.is_null;
@@ -244,7 +244,7 @@ QByteArray JetTable::Reader::text(const MdbColumn &column) const
     case MDB_DOUBLE:
         return NumberText(mdb_get_double(page, start));
     case MDB_MONEY:
-        return CurrencyText(qFromLittleEndian<qint64>(page + start));
+        return currencyText(qFromLittleEndian<qint64>(page + start));
     case MDB_DATETIME: {
         const QDateTime value = JetDateTime(mdb_get_double(page, start));
         return DateTimeText(value.date(), value.time());
@@ -257,7 +257,7 @@ QByteArray JetTable::Reader::text(const MdbColumn &column) const
 QDateTime JetDateTime(double serial)
 {
     const double days = std::trunc(serial);
-    const long seconds = std::lround(std::abs(serial - days) * SecondsPerDay);
+    const long seconds = std::lround(std::abs(serial - days) * secondsPerDay);
     return QDateTime(DayZero.addDays(qint64(days)), QTime(0, 0), Qt::UTC).addSecs(seconds);
 }
 
@@ -290,7 +290,7 @@ std::optional<QDateTime> JetTable::dateTime(qsizetype column) const
 
 namespace {
 
-QByteArrayList SalesColumnList()
+QByteArrayList salesColumnList()
 {
     QByteArrayList names;
     for (QByteArrayView name : SalesColumnNames)
@@ -306,7 +306,7 @@ QDateTime Midnight(QDate date)
 } // namespace
 
 JetSalesStore::JetSalesStore(const QString &hostPath, QByteArrayView table)
-    : m_table(hostPath, table, SalesColumnList())
+    : m_table(hostPath, table, salesColumnList())
 {
 }
 

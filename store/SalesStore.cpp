@@ -14,25 +14,25 @@ namespace qlon {
 namespace {
 
 // The codes under which the engine reports its errors.
-constexpr qint64 EngineFailure = -2147467259;
-constexpr qint64 EngineMissingTable = -2147217865;
-constexpr qint64 EngineBadValue = -2147217913;
+constexpr qint64 engineFailure = -2147467259;
+constexpr qint64 engineMissingTable = -2147217865;
+constexpr qint64 engineBadValue = -2147217913;
 
-constexpr QByteArrayView SqliteSignature("SQLite format 3\0", 16);
-constexpr qsizetype JetSignatureOffset = 4;
-constexpr std::array<QByteArrayView, 2> JetSignatures{"Standard Jet DB", "Standard ACE DB"};
+constexpr QByteArrayView sqliteSignature("SQLite format 3\0", 16);
+constexpr qsizetype jetSignatureOffset = 4;
+constexpr std::array<QByteArrayView, 2> jetSignatures{"Standard Jet DB", "Standard ACE DB"};
 
-bool IsJetHeader(QByteArrayView header)
+bool isJetHeader(QByteArrayView header)
 {
-    const QByteArrayView signatureField = header.sliced(qMin(JetSignatureOffset, header.size()));
-    for (QByteArrayView signature : JetSignatures) {
+    const QByteArrayView signatureField = header.sliced(qMin(jetSignatureOffset, header.size()));
+    for (QByteArrayView signature : jetSignatures) {
         if (signatureField.startsWith(signature))
             return true;
     }
     return false;
 }
 
-QByteArray ReadHeader(const QString &hostPath, const QString &shownPath)
+QByteArray readHeader(const QString &hostPath, const QString &shownPath)
 {
     QFile file(hostPath);
     if (!file.exists())
@@ -44,11 +44,11 @@ QByteArray ReadHeader(const QString &hostPath, const QString &shownPath)
                               .arg(shownPath),
                           hostPath);
     }
-    return file.read(JetSignatureOffset + JetSignatures.front().size());
+    return file.read(jetSignatureOffset + jetSignatures.front().size());
 }
 
 template<typename Number>
-QByteArray ShortestText(Number value)
+QByteArray shortestText(Number value)
 {
     const Number magnitude = std::abs(value);
     const bool plain = magnitude == 0 || (magnitude >= Number(1e-5) && magnitude < Number(1e15));
@@ -64,10 +64,10 @@ QByteArray ShortestText(Number value)
 std::unique_ptr<SalesStore> OpenSalesStore(const QString &hostPath, const QString &shownPath)
 {
     const QString shown = shownPath.isEmpty() ? hostPath : shownPath;
-    const QByteArray header = ReadHeader(hostPath, shown);
-    if (header.startsWith(SqliteSignature))
+    const QByteArray header = readHeader(hostPath, shown);
+    if (header.startsWith(sqliteSignature))
         return std::make_unique<SqliteSalesStore>(hostPath);
-    if (IsJetHeader(header))
+    if (isJetHeader(header))
         return std::make_unique<JetSalesStore>(hostPath);
     throw UnrecognizedFormatError(shown);
 }
@@ -83,12 +83,12 @@ QByteArray DateTimeText(QDate date, QTime time)
 
 QByteArray NumberText(double value)
 {
-    return ShortestText(value);
+    return shortestText(value);
 }
 
 QByteArray NumberText(float value)
 {
-    return ShortestText(value);
+    return shortestText(value);
 }
 
 DateSpan ReadDateSpan(QByteArrayView from, QByteArrayView to)
@@ -97,7 +97,7 @@ DateSpan ReadDateSpan(QByteArrayView from, QByteArrayView to)
     const std::optional<QDate> toDate = ToDate(to);
     if (!fromDate || !toDate) {
         const QString expression = QStringLiteral("OrderDate BETWEEN #%1# AND #%2#").arg(FromAnsi(from), FromAnsi(to));
-        throw RuntimeError(EngineBadValue,
+        throw RuntimeError(engineBadValue,
                            QStringLiteral("Syntax error in date in query expression '%1'.").arg(expression), {});
     }
     return {*fromDate, *toDate};
@@ -105,7 +105,7 @@ DateSpan ReadDateSpan(QByteArrayView from, QByteArrayView to)
 
 RuntimeError EngineError(const QString &description, const QString &hostPath)
 {
-    return RuntimeError(EngineFailure, description, hostPath);
+    return RuntimeError(engineFailure, description, hostPath);
 }
 
 RuntimeError UnrecognizedFormatError(const QString &hostPath)
@@ -115,7 +115,7 @@ RuntimeError UnrecognizedFormatError(const QString &hostPath)
 
 RuntimeError MissingTableError(QByteArrayView table, const QString &hostPath)
 {
-    return RuntimeError(EngineMissingTable,
+    return RuntimeError(engineMissingTable,
                         QStringLiteral("The Microsoft Jet database engine cannot find the input table or query "
                                        "'%1'.  Make sure it exists and that its name is spelled correctly.")
                             .arg(FromAnsi(table)),

@@ -9,11 +9,11 @@ namespace qlon {
 namespace {
 
 // Any text that doesn't begin with an ISO date is kept out of a span.
-constexpr QByteArrayView SpanCondition(
+constexpr QByteArrayView spanCondition(
     "OrderDate >= ?1 AND OrderDate < ?3 AND (OrderDate < ?2 OR julianday(OrderDate) = julianday(?2))"
     " AND OrderDate GLOB '[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]*'");
 
-QByteArray SelectStatement(QByteArrayView condition)
+QByteArray selectStatement(QByteArrayView condition)
 {
     QByteArray columns;
     for (QByteArrayView name : SalesColumnNames)
@@ -25,20 +25,20 @@ QByteArray SelectStatement(QByteArrayView condition)
 }
 
 // SQLite tells a missing table only in its message.
-bool IsMissingTable(sqlite3 *database)
+bool isMissingTable(sqlite3 *database)
 {
     return QByteArrayView(sqlite3_errmsg(database)).startsWith("no such table");
 }
 
 // Whether the text has the shape, in which "0" stands for any digit.
-bool HasShape(QByteArrayView text, QByteArrayView shape)
+bool hasShape(QByteArrayView text, QByteArrayView shape)
 {
     return std::equal(text.begin(), text.end(), shape.begin(), shape.end(), [](char character, char wanted) {
         return wanted == '0' ? character >= '0' && character <= '9' : character == wanted;
     });
 }
 
-int DigitsAt(QByteArrayView text, qsizetype start, qsizetype count)
+int digitsAt(QByteArrayView text, qsizetype start, qsizetype count)
 {
     int number = 0;
     for (char digit : text.sliced(start, count))
@@ -46,35 +46,35 @@ int DigitsAt(QByteArrayView text, qsizetype start, qsizetype count)
     return number;
 }
 
-std::optional<QDate> IsoDate(QByteArrayView text)
+std::optional<QDate> isoDate(QByteArrayView text)
 {
-    if (!HasShape(text, "0000-00-00"))
+    if (!hasShape(text, "0000-00-00"))
         return std::nullopt;
-    const QDate date(DigitsAt(text, 0, 4), DigitsAt(text, 5, 2), DigitsAt(text, 8, 2));
+    const QDate date(digitsAt(text, 0, 4), digitsAt(text, 5, 2), digitsAt(text, 8, 2));
     return date.isValid() ? std::optional(date) : std::nullopt;
 }
 
-std::optional<QTime> IsoTime(QByteArrayView text)
+std::optional<QTime> isoTime(QByteArrayView text)
 {
-    if (!HasShape(text, "00:00:00"))
+    if (!hasShape(text, "00:00:00"))
         return std::nullopt;
-    const QTime time(DigitsAt(text, 0, 2), DigitsAt(text, 3, 2), DigitsAt(text, 6, 2));
+    const QTime time(digitsAt(text, 0, 2), digitsAt(text, 3, 2), digitsAt(text, 6, 2));
     return time.isValid() ? std::optional(time) : std::nullopt;
 }
 
-std::optional<QByteArray> IsoDateTimeText(QByteArrayView text)
+std::optional<QByteArray> isoDateTimeText(QByteArrayView text)
 {
-    constexpr qsizetype DateLength = 10;
-    constexpr qsizetype TimeLength = 8;
+    constexpr qsizetype dateLength = 10;
+    constexpr qsizetype timeLength = 8;
     std::optional<QDate> date = DayZero;
     std::optional<QTime> time = QTime(0, 0);
-    if (text.size() == TimeLength) {
-        time = IsoTime(text);
-    } else if (text.size() == DateLength) {
-        date = IsoDate(text);
-    } else if (text.size() == DateLength + 1 + TimeLength && (text[DateLength] == ' ' || text[DateLength] == 'T')) {
-        date = IsoDate(text.first(DateLength));
-        time = IsoTime(text.last(TimeLength));
+    if (text.size() == timeLength) {
+        time = isoTime(text);
+    } else if (text.size() == dateLength) {
+        date = isoDate(text);
+    } else if (text.size() == dateLength + 1 + timeLength && (text[dateLength] == ' ' || text[dateLength] == 'T')) {
+        date = isoDate(text.first(dateLength));
+        time = isoTime(text.last(timeLength));
     } else {
         return std::nullopt;
     }
@@ -84,7 +84,7 @@ std::optional<QByteArray> IsoDateTimeText(QByteArrayView text)
 }
 
 // Copies the bytes into the value, reusing its buffer when the visitor kept no copy of it.
-void Assign(SalesValue &value, QByteArrayView bytes)
+void assign(SalesValue &value, QByteArrayView bytes)
 {
     if (!value || !value->isDetached()) {
         value.emplace(bytes.data(), bytes.size());
@@ -94,17 +94,17 @@ void Assign(SalesValue &value, QByteArrayView bytes)
     std::copy_n(bytes.data(), bytes.size(), value->data());
 }
 
-QByteArrayView ColumnBytes(sqlite3_stmt *statement, int column)
+QByteArrayView columnBytes(sqlite3_stmt *statement, int column)
 {
     const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(statement, column));
     return QByteArrayView(text, sqlite3_column_bytes(statement, column));
 }
 
-void AssignWhole(SalesValue &value, qint64 number)
+void assignWhole(SalesValue &value, qint64 number)
 {
     std::array<char, 24> digits;
     const char *end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    Assign(value, QByteArrayView(digits.data(), end));
+    assign(value, QByteArrayView(digits.data(), end));
 }
 
 // Makes the statement ready for its next run, however the walk ends.
@@ -120,7 +120,7 @@ private:
     sqlite3_stmt *m_statement;
 };
 
-QByteArray IsoText(QDate date)
+QByteArray isoText(QDate date)
 {
     return date.toString(Qt::ISODate).toLatin1();
 }
@@ -160,7 +160,7 @@ RuntimeError SqliteError(sqlite3 *database, const QString &hostPath)
 {
     if (sqlite3_errcode(database) == SQLITE_NOTADB)
         return UnrecognizedFormatError(hostPath);
-    if (IsMissingTable(database))
+    if (isMissingTable(database))
         return MissingTableError(SalesTableName, hostPath);
     return EngineError(QString::fromUtf8(sqlite3_errmsg(database)), hostPath);
 }
@@ -168,8 +168,8 @@ RuntimeError SqliteError(sqlite3 *database, const QString &hostPath)
 SqliteSalesStore::SqliteSalesStore(const QString &hostPath)
     : m_hostPath(hostPath)
     , m_database(OpenSqlite(hostPath, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX))
-    , m_all(PrepareSqlite(m_database.get(), SelectStatement({}), hostPath))
-    , m_span(PrepareSqlite(m_database.get(), SelectStatement(SpanCondition), hostPath))
+    , m_all(PrepareSqlite(m_database.get(), selectStatement({}), hostPath))
+    , m_span(PrepareSqlite(m_database.get(), selectStatement(spanCondition), hostPath))
 {
 }
 
@@ -183,9 +183,9 @@ void SqliteSalesStore::SelectAll(const SalesVisitor &visit)
 void SqliteSalesStore::SelectSpan(QByteArrayView from, QByteArrayView to, const SalesVisitor &visit)
 {
     const DateSpan span = ReadDateSpan(from, to);
-    bindText(1, IsoText(span.from));
-    bindText(2, IsoText(span.to));
-    bindText(3, IsoText(span.to.addDays(1)));
+    bindText(1, isoText(span.from));
+    bindText(2, isoText(span.to));
+    bindText(3, isoText(span.to.addDays(1)));
     walk(m_span.get(), visit);
 }
 
@@ -224,13 +224,13 @@ void SqliteSalesStore::readValue(sqlite3_stmt *statement, int column)
         value.reset();
         return;
     case SQLITE_INTEGER:
-        AssignWhole(value, sqlite3_column_int64(statement, column));
+        assignWhole(value, sqlite3_column_int64(statement, column));
         return;
     case SQLITE_FLOAT:
         value = NumberText(sqlite3_column_double(statement, column));
         return;
     default:
-        readText(ColumnBytes(statement, column), column);
+        readText(columnBytes(statement, column), column);
     }
 }
 
@@ -238,16 +238,16 @@ void SqliteSalesStore::readText(QByteArrayView bytes, int column)
 {
     // Only texts of the lengths of ISO dates and times can be date-time values.
     if (bytes.size() != 8 && bytes.size() != 10 && bytes.size() != 19)
-        return Assign(m_row[column], bytes);
+        return assign(m_row[column], bytes);
     QHash<QByteArray, SalesValue> &memo = m_dateTimes[column];
     const auto known = memo.constFind(QByteArray::fromRawData(bytes.data(), bytes.size()));
     if (known != memo.constEnd()) {
         m_row[column] = *known;
         return;
     }
-    const std::optional<QByteArray> dateTime = IsoDateTimeText(bytes);
+    const std::optional<QByteArray> dateTime = isoDateTimeText(bytes);
     if (!dateTime)
-        return Assign(m_row[column], bytes);
+        return assign(m_row[column], bytes);
     if (memo.size() >= memoLimit)
         memo.clear();
     memo.insert(bytes.toByteArray(), dateTime);

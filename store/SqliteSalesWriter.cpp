@@ -11,7 +11,7 @@ namespace {
 
 enum class ColumnType { Integer, Real, Text };
 
-constexpr std::array<ColumnType, SalesColumnCount> ColumnTypes{
+constexpr std::array<ColumnType, SalesColumnCount> columnTypes{
     ColumnType::Integer, // OrderID
     ColumnType::Text,    // OrderDate
     ColumnType::Text,    // ReceiptID
@@ -27,7 +27,7 @@ constexpr std::array<ColumnType, SalesColumnCount> ColumnTypes{
     ColumnType::Text,    // TableNumber
 };
 
-QByteArray TypeName(ColumnType type)
+QByteArray typeName(ColumnType type)
 {
     switch (type) {
     case ColumnType::Integer: return "INTEGER";
@@ -37,15 +37,15 @@ QByteArray TypeName(ColumnType type)
     return "TEXT";
 }
 
-QByteArray CreateStatement()
+QByteArray createStatement()
 {
     QByteArrayList columns;
     for (qsizetype column = 0; column < SalesColumnCount; ++column)
-        columns.append(SalesColumnNames[column].toByteArray() + ' ' + TypeName(ColumnTypes[column]));
+        columns.append(SalesColumnNames[column].toByteArray() + ' ' + typeName(columnTypes[column]));
     return "CREATE TABLE " + SalesTableName.toByteArray() + " (" + columns.join(", ") + ')';
 }
 
-QByteArray InsertStatement()
+QByteArray insertStatement()
 {
     QByteArrayList parameters;
     for (qsizetype column = 0; column < SalesColumnCount; ++column)
@@ -53,14 +53,14 @@ QByteArray InsertStatement()
     return "INSERT INTO " + SalesTableName.toByteArray() + " VALUES (" + parameters.join(',') + ')';
 }
 
-std::optional<qint64> WholeNumber(const QByteArray &text, ColumnType type)
+std::optional<qint64> wholeNumber(const QByteArray &text, ColumnType type)
 {
     bool isNumber = false;
     const qint64 number = type == ColumnType::Integer ? text.toLongLong(&isNumber) : 0;
     return isNumber ? std::optional(number) : std::nullopt;
 }
 
-std::optional<double> RealNumber(const QByteArray &text, ColumnType type)
+std::optional<double> realNumber(const QByteArray &text, ColumnType type)
 {
     bool isNumber = false;
     const double number = type != ColumnType::Text ? text.toDouble(&isNumber) : 0;
@@ -74,9 +74,9 @@ SqliteSalesWriter::SqliteSalesWriter(const QString &hostPath)
 {
     QFile::remove(hostPath);
     m_database = OpenSqlite(hostPath, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-    execute(CreateStatement());
+    execute(createStatement());
     execute("BEGIN");
-    m_insert = PrepareSqlite(m_database.get(), InsertStatement(), hostPath);
+    m_insert = PrepareSqlite(m_database.get(), insertStatement(), hostPath);
 }
 
 void SqliteSalesWriter::add(const SalesRow &row)
@@ -107,9 +107,9 @@ void SqliteSalesWriter::bind(int column, const SalesValue &value)
     const int parameter = column + 1;
     if (!value)
         sqlite3_bind_null(insert, parameter);
-    else if (const std::optional<qint64> whole = WholeNumber(*value, ColumnTypes[column]))
+    else if (const std::optional<qint64> whole = wholeNumber(*value, columnTypes[column]))
         sqlite3_bind_int64(insert, parameter, *whole);
-    else if (const std::optional<double> number = RealNumber(*value, ColumnTypes[column]))
+    else if (const std::optional<double> number = realNumber(*value, columnTypes[column]))
         sqlite3_bind_double(insert, parameter, *number);
     else
         sqlite3_bind_text(insert, parameter, value->constData(), int(value->size()), SQLITE_STATIC);

@@ -1,5 +1,7 @@
 #include "store/SqliteSalesStore.h"
 
+#include <bit>
+
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -227,11 +229,26 @@ void SqliteSalesStore::readValue(sqlite3_stmt *statement, int column)
         assignWhole(value, sqlite3_column_int64(statement, column));
         return;
     case SQLITE_FLOAT:
-        value = NumberText(sqlite3_column_double(statement, column));
+        readNumber(sqlite3_column_double(statement, column), column);
         return;
     default:
         readText(columnBytes(statement, column), column);
     }
+}
+
+void SqliteSalesStore::readNumber(double number, int column)
+{
+    // Prices and quantities repeat: each number is turned into text once.
+    // Keyed by the bits, so that 0 and -0 stay apart.
+    QHash<quint64, QByteArray> &memo = m_numbers[column];
+    const quint64 bits = std::bit_cast<quint64>(number);
+    auto known = memo.constFind(bits);
+    if (known == memo.constEnd()) {
+        if (memo.size() >= memoLimit)
+            memo.clear();
+        known = memo.insert(bits, NumberText(number));
+    }
+    m_row[column] = *known;
 }
 
 void SqliteSalesStore::readText(QByteArrayView bytes, int column)

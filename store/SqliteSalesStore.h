@@ -46,6 +46,7 @@ private:
     void readRow(sqlite3_stmt *statement);
     void readValue(sqlite3_stmt *statement, int column);
     void readText(QByteArrayView bytes, int column);
+    void readNumber(double number, int column);
     void bindText(int parameter, const QByteArray &text);
 
     QString m_hostPath;
@@ -56,6 +57,7 @@ private:
     // Each column's ISO texts with their text forms: the rows repeat their dates and times.
     static constexpr qsizetype memoLimit = 100000;
     std::array<QHash<QByteArray, SalesValue>, SalesColumnCount> m_dateTimes;
+    std::array<QHash<quint64, QByteArray>, SalesColumnCount> m_numbers;
 };
 
 } // namespace qlon

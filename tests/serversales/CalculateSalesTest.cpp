@@ -247,6 +247,18 @@ TEST_F(CalculateSalesTest, TheDumpsAndTheGridShowTheSpansRows)
     EXPECT_EQ(grid->findChild<QTableWidget *>(QStringLiteral("MSFlexGrid1"))->rowCount(), 7);
 }
 
+TEST_F(CalculateSalesTest, ThePriceSortComparesNumbersAndTheSoldSortKeepsEqualRows)
+{
+    screen->Sort_ByPrice();
+    QByteArrayList names;
+    for (const QByteArray &row : rows())
+        names.append(row.split('|').first());
+    EXPECT_EQ(names, (QByteArrayList{"Cap", "JoeMs Wings", "Burger", "Lager", "Odd", "Ghost"}));
+    screen->MList1->setComparer(nullptr);
+    screen->Sort_BySold();
+    EXPECT_EQ(rows().first(), "Cap|Retail|15.00|0|0") << "every row sold 0: the order stays";
+}
+
 TEST(CSortTest, ComparesWholeNumbersOfSixteenBitsByTheirRoundedDifference)
 {
     CSort comparer;

@@ -424,7 +424,6 @@ void QLONlistBuilder1::Command1_Click()
         Combo1->setEntryNumber(entry, 0);
     auto *worker = dynamic_cast<SalesWorker *>(Screens().touch(QStringLiteral("QLONlistBuilder2")));
     worker->BeginRun();
-    auto *workerScreen = Screens().existing(QStringLiteral("QLONlistBuilder2"));
     const int rows = MList1->rowCount();
     for (shared.CurrentRow = 0; shared.CurrentRow < rows; ++shared.CurrentRow) {
         const int row = shared.CurrentRow;
@@ -432,8 +431,7 @@ void QLONlistBuilder1::Command1_Click()
         MList1->setRowColour(row, rowInWorkColour);
         MList1->setRowSelected(row, true);
         Label6->setText(QString::number(row + 1));
-        workerScreen->findChild<QLabel *>(QStringLiteral("Label2"))->setText(QStringLiteral("Searching - Just A Moment"));
-        workerScreen->findChild<QLabel *>(QStringLiteral("Label1"))->setText(FromAnsi(tag));
+        worker->WriteLabels(FromAnsi(tag), QStringLiteral("Searching - Just A Moment"));
         worker->Get_Sales();
         MList1->setRowColour(row, buttonFaceColour);
         if (Label7->text() == QLatin1String("Stop")) {
@@ -524,14 +522,7 @@ bool QLONlistBuilder1::InitializeReport(const QByteArray &templatePath)
 {
     try {
         m_objReport.reset();
-        const ReportOutputFactory override = ReportOutputOverride();
-        std::unique_ptr<ReportOutput> output = override ? override() : ReportPdfPath().isEmpty() ? PrinterReportOutput() : nullptr;
-        m_reportPdf.clear();
-        if (!output) {
-            m_reportPdf = ReportPdfPath().isEmpty() ? HostPath(DataPath("ItemsSold.pdf")) : ReportPdfPath();
-            output = PdfReportOutput(m_reportPdf);
-        }
-        m_objReport = std::make_unique<Report>(std::move(output));
+        m_objReport = std::make_unique<Report>(ChooseReportOutput(HostPath(DataPath("ItemsSold.pdf")), &m_reportPdf));
         m_objReport->onNewPage = [this] { m_objReport_NewPage(); };
         m_objReport->onPrintFooter = [this] { m_objReport_PrintFooter(); };
         const bool loaded = m_objReport->LoadTemplate(HostPath(templatePath));
@@ -550,7 +541,7 @@ void QLONlistBuilder1::Inilize_Print()
     if (Site().DataRoot.isEmpty())
         Site().DataRoot = DefaultSiteRoot;
     InitializeReport(Site().DataRoot + "ItemsSold.vrd");
-    m_objReport->setPrintMode(2);
+    // The old engine's print mode 2 has no counterpart here: the report prints as laid out.
     m_objReport->setFooterSection(QStringLiteral("Footer"));
     // The margins are whole numbers: "0.05" makes them 0, in every print.
     m_objReport->setMargins(0, 0);

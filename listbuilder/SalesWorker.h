@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 namespace qlon {
 
 // The hidden worker screen, as the main screen uses it during Calculate Sales: before each row
@@ -12,6 +14,8 @@ public:
 
     // A run starts: sales read for an earlier run no longer count.
     virtual void BeginRun() = 0;
+    // The worker's Label1 (the item looked for) and Label2 (its status).
+    virtual void WriteLabels(const QString &item, const QString &status) = 0;
     virtual void Get_Sales() = 0;
 };
 

@@ -10,12 +10,12 @@
 #include "core/HostPath.h"
 #include "core/Yield.h"
 #include "listbuilder/QLONlistBuilder1.h"
+#include "platform/ui/Controls.h"
 #include "platform/ui/Dialogs.h"
+#include "platform/ui/MList.h"
 #include "platform/ui/Program.h"
 #include "platform/ui/VbComboBox.h"
 #include "store/ProgramGlobals.h"
-#include "platform/ui/Controls.h"
-#include "platform/ui/MList.h"
 #include "store/SiteConfig.h"
 
 #include <QCalendarWidget>
@@ -105,6 +105,12 @@ QLONlistBuilder1 *QLONlistBuilder2::mainScreen() const
 void QLONlistBuilder2::BeginRun()
 {
     m_spanSales.reset();
+}
+
+void QLONlistBuilder2::WriteLabels(const QString &item, const QString &status)
+{
+    Label2->setText(status);
+    Label1->setText(item);
 }
 
 const ItemSales &QLONlistBuilder2::salesOf(const QByteArray &name, const SalesSpan &span)

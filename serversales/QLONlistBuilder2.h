@@ -30,6 +30,7 @@ public:
 
     void Form_Load() override;
     void BeginRun() override;
+    void WriteLabels(const QString &item, const QString &status) override;
     // Counts the sales of the main list's row CurrentRow, the item named by Label1.
     void Get_Sales() override;
     // Leaves the type and the price text of the row CurrentRow in Label4 and Label5.

@@ -206,31 +206,11 @@ void Report::EndReport()
 }
 
 namespace {
+
 QString reportPdfPath;
 ReportOutputFactory outputFactory;
-} // namespace
 
-void SetReportOutputFactory(ReportOutputFactory factory)
-{
-    outputFactory = std::move(factory);
-}
-
-ReportOutputFactory ReportOutputOverride()
-{
-    return outputFactory;
-}
-
-void SetReportPdfPath(const QString &hostPath)
-{
-    reportPdfPath = hostPath;
-}
-
-QString ReportPdfPath()
-{
-    return reportPdfPath;
-}
-
-std::unique_ptr<ReportOutput> PdfReportOutput(const QString &pdfPath)
+std::unique_ptr<ReportOutput> pdfOutput(const QString &pdfPath)
 {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     printer->setOutputFormat(QPrinter::PdfFormat);
@@ -239,12 +219,37 @@ std::unique_ptr<ReportOutput> PdfReportOutput(const QString &pdfPath)
     return std::make_unique<PrinterOutput>(std::move(printer));
 }
 
-std::unique_ptr<ReportOutput> PrinterReportOutput()
+std::unique_ptr<ReportOutput> printerOutput()
 {
     const QPrinterInfo defaultPrinter = QPrinterInfo::defaultPrinter();
     if (defaultPrinter.isNull())
         return nullptr;
     return std::make_unique<PrinterOutput>(std::make_unique<QPrinter>(defaultPrinter, QPrinter::HighResolution));
+}
+
+} // namespace
+
+void SetReportOutputFactory(ReportOutputFactory factory)
+{
+    outputFactory = std::move(factory);
+}
+
+void SetReportPdfPath(const QString &hostPath)
+{
+    reportPdfPath = hostPath;
+}
+
+std::unique_ptr<ReportOutput> ChooseReportOutput(const QString &fallbackPdf, QString *pdfPath)
+{
+    pdfPath->clear();
+    if (outputFactory)
+        return outputFactory();
+    if (reportPdfPath.isEmpty()) {
+        if (std::unique_ptr<ReportOutput> printer = printerOutput())
+            return printer;
+    }
+    *pdfPath = reportPdfPath.isEmpty() ? fallbackPdf : reportPdfPath;
+    return pdfOutput(*pdfPath);
 }
 
 } // namespace qlon

@@ -71,7 +71,6 @@ public:
     // False when the file can't be read or holds no section.
     bool LoadTemplate(const QString &hostPath);
     void setFooterSection(const QString &name) { m_footerName = name; }
-    void setPrintMode(int mode) { m_printMode = mode; }
     void setMargins(int top, int bottom);
 
     int sectionCount() const { return int(m_sections.size()); }
@@ -96,7 +95,6 @@ private:
     std::unique_ptr<ReportOutput> m_output;
     QList<ReportSection> m_sections;
     QString m_footerName;
-    int m_printMode = 0;
     int m_topMargin = 0;
     int m_bottomMargin = 0;
     int m_page = 0;
@@ -108,16 +106,13 @@ private:
 // set, every report goes there; when empty, reports go to the default printer, or to a PDF
 // beside the site's data when the machine has no printer.
 void SetReportPdfPath(const QString &hostPath);
-QString ReportPdfPath();
 
 // Where reports go instead, for a test that records what prints; none restores the above.
 using ReportOutputFactory = std::function<std::unique_ptr<ReportOutput>()>;
 void SetReportOutputFactory(ReportOutputFactory factory);
-ReportOutputFactory ReportOutputOverride();
 
-// Prints to a PDF file.
-std::unique_ptr<ReportOutput> PdfReportOutput(const QString &pdfPath);
-// Prints to the system's default printer; none when the machine has no printer.
-std::unique_ptr<ReportOutput> PrinterReportOutput();
+// Where the next report goes: the output a test set, the PDF a script asked for, the default
+// printer, or else a PDF at `fallbackPdf`. `pdfPath` receives the PDF's path, or an empty text.
+std::unique_ptr<ReportOutput> ChooseReportOutput(const QString &fallbackPdf, QString *pdfPath);
 
 } // namespace qlon

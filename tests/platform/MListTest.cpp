@@ -116,16 +116,6 @@ TEST_F(MListTest, ShowsTheWholeTextWhenItHasNoColumns)
     EXPECT_EQ(shownText(0, 0), QStringLiteral("0|12"));
 }
 
-TEST_F(MListTest, RewritesRowsAndShowsTheNewText)
-{
-    m_list.setColumns({{QStringLiteral("Item"), 150}, {QStringLiteral("Sold"), 70}});
-    m_list.addRow(QByteArrayLiteral("Burger|0"));
-    m_list.setRowText(0, QByteArrayLiteral("Burger|12"));
-
-    EXPECT_EQ(m_list.rowText(0), QByteArrayLiteral("Burger|12"));
-    EXPECT_EQ(shownText(0, 1), QStringLiteral("12"));
-}
-
 TEST_F(MListTest, TagsFollowTheirRowsThroughRemovals)
 {
     addRows({"Burger", "Soda", "Pie"});
@@ -147,16 +137,6 @@ TEST_F(MListTest, IndexesOutOfRangeAreInvalidPropertyValues)
     EXPECT_EQ(runtimeErrorNumber([&] { m_list.removeRow(2); }), RuntimeError::InvalidPropertyValue);
     EXPECT_EQ(runtimeErrorNumber([&] { m_list.setRowSelected(5, true); }), RuntimeError::InvalidPropertyValue);
     EXPECT_EQ(m_list.rowCount(), 2);
-}
-
-TEST_F(MListTest, ClearEmptiesTheListAndItsView)
-{
-    addRows({"Burger", "Soda"});
-    m_list.clear();
-
-    EXPECT_EQ(m_list.rowCount(), 0);
-    EXPECT_EQ(shown().rowCount(), 0);
-    EXPECT_EQ(m_list.lastAddedRow(), -1);
 }
 
 TEST_F(MListTest, PlainColourValuesShowAsTheRowBackground)
@@ -303,20 +283,6 @@ TEST_F(MListSortTest, TenThousandRowsSortWithTheirTags)
     }
 }
 
-TEST_F(MListSortTest, TenThousandRowsAddedIntoASortedList)
-{
-    sortBy(QByteArrayLiteral("0d"));
-    for (int number = 0; number < 10000; ++number)
-        m_list.addRow(QByteArray::number(number * 7919 % 10000).rightJustified(5, '0'));
-
-    const Texts all = texts();
-    ASSERT_EQ(all.size(), 10000);
-    EXPECT_EQ(all.first(), QByteArrayLiteral("09999"));
-    EXPECT_EQ(all.last(), QByteArrayLiteral("00000"));
-    EXPECT_TRUE(std::is_sorted(all.rbegin(), all.rend()));
-}
-
-// Orders by value, as the Items Sold screen's comparer does for figures.
 class NumericComparer : public IMSort
 {
 public:

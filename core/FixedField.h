@@ -23,8 +23,10 @@ inline void AssignTrimmed(QByteArray &target, QByteArrayView text)
         ++first;
     while (last > first && text[last - 1] == ' ')
         --last;
-    target.resize(last - first);
-    std::copy(text.begin() + first, text.begin() + last, target.begin());
+    // Texts read in a walk keep their lengths from row to row: no call to resize then.
+    if (target.size() != last - first)
+        target.resize(last - first);
+    std::copy(text.begin() + first, text.begin() + last, target.data());
 }
 
 // Blanks only, on both sides: tabs and other white space belong to the text.

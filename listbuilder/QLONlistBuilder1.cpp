@@ -702,8 +702,8 @@ void QLONlistBuilder1::BLD_DATA2()
     const std::optional<QDate> toDate = ToDate(to);
     const std::optional<QTime> endTime = ToTime(Combo3->text());
     CarriedColumns columns;
-    store->SelectSpan(from, to, [&](const SalesRow &row) {
-        columns.take(row, {EmpNumber, OrderDate, Item, UnitPrice, ItemType, Quantity, Time, TableNumber, SaleType});
+    store->SelectSpan(from, to, DumpColumns, [&](const SalesRow &row) {
+        columns.take(row, DumpColumns);
         const std::optional<QDate> date = ToDate(columns[OrderDate]);
         if (!date || !fromDate || *date < *fromDate)
             return true;

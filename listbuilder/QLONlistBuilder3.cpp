@@ -46,7 +46,7 @@ void QLONlistBuilder3::Command1_Click()
     for (QByteArrayView name : SalesColumnNames)
         headings.append(QString::fromLatin1(name));
     MSFlexGrid1->setHorizontalHeaderLabels(headings);
-    store->SelectSpan(from, to, [this](const SalesRow &row) {
+    store->SelectSpan(from, to, EverySalesColumn, [this](const SalesRow &row) {
         const int at = MSFlexGrid1->rowCount();
         MSFlexGrid1->insertRow(at);
         for (int column = 0; column < SalesColumnCount; ++column)

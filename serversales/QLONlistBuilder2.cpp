@@ -222,8 +222,8 @@ void QLONlistBuilder2::BLD_DATA3()
     const std::unique_ptr<SalesStore> store = openSalesDatabase();
     // The dates are fixed: this is a test of the store, not a report.
     CarriedColumns columns;
-    store->SelectSpan("6/22/2003", "6/24/2003", [&](const SalesRow &row) {
-        columns.take(row, {EmpNumber, OrderDate, Item, UnitPrice, ItemType, Quantity, Time, TableNumber, SaleType});
+    store->SelectSpan("6/22/2003", "6/24/2003", DumpColumns, [&](const SalesRow &row) {
+        columns.take(row, DumpColumns);
         const QByteArrayList line = DumpLine(columns);
         MList1->addRow(columns[EmpNumber] + ',' + columns[OrderDate] + ',' + columns[Item] + ',' + columns[UnitPrice] + ','
                        + columns[ItemType]);

@@ -39,20 +39,14 @@ std::optional<QDate> SpanFilter::dateOf(const QByteArray &text)
 {
     if (text == m_lastDateText)
         return m_lastDate;
-    auto found = m_dates.constFind(text);
-    if (found == m_dates.constEnd())
-        found = m_dates.insert(text, ToDate(text));
     m_lastDateText = text;
-    m_lastDate = *found;
-    return *found;
+    m_lastDate = m_dates.get(text, [&text] { return ToDate(text); });
+    return m_lastDate;
 }
 
 std::optional<QTime> SpanFilter::timeOf(const QByteArray &text)
 {
-    auto found = m_times.constFind(text);
-    if (found == m_times.constEnd())
-        found = m_times.insert(text, ToTime(text));
-    return *found;
+    return m_times.get(text, [&text] { return ToTime(text); });
 }
 
 bool SpanFilter::contains(const QByteArray &orderDate, const QByteArray &time)
@@ -71,24 +65,25 @@ bool InSpan(const QByteArray &orderDate, const QByteArray &time, const SalesSpan
 
 SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
 {
+    const SalesColumns read = ColumnsOf({OrderID, OrderDate, Item, UnitPrice, Quantity, Time, ReceiptID, OrderNumber, SaleType});
     SpanFilter filter(span);
-    QHash<QByteArray, double> roundedPrices;
+    Memo<QByteArray, double> roundedPrices;
+    Memo<QByteArray, double> quantities;
     QByteArray item;
-    store.SelectSpan(span.fromDate, span.toDate, [&](const SalesRow &row) {
+    store.SelectSpan(span.fromDate, span.toDate, read, [&](const SalesRow &row) {
         // A null item keeps the name of the row before it, whatever item that was.
         if (row[Item])
             AssignTrimmed(item, *row[Item]);
         ItemWalk &walk = m_items[item];
         CarriedColumns &columns = walk.columns;
-        columns.take(row, {OrderID, OrderDate, Item, UnitPrice, Quantity, Time, ReceiptID, OrderNumber, SaleType});
+        columns.take(row, read);
         ItemSales &sales = walk.sales;
         if (item.isEmpty() || !filter.contains(columns[OrderDate], columns[Time]))
             return true;
-        auto price = roundedPrices.constFind(columns[UnitPrice]);
-        if (price == roundedPrices.constEnd())
-            price = roundedPrices.insert(columns[UnitPrice], FormattedValue(columns[UnitPrice], "########.##"));
-        sales.sales += *price;
-        sales.units += NumericValue(columns[Quantity]);
+        const QByteArray &price = columns[UnitPrice];
+        sales.sales += roundedPrices.get(price, [&price] { return FormattedValue(price, "########.##"); });
+        const QByteArray &quantity = columns[Quantity];
+        sales.units += quantities.get(quantity, [&quantity] { return NumericValue(quantity); });
         AppendQuotedLine(sales.trace, {columns[Item], columns[OrderID], columns[Quantity], columns[OrderDate], columns[ReceiptID],
                                        columns[OrderNumber], columns[SaleType]});
         return true;

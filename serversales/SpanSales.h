@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Memo.h"
 #include "store/CarriedColumns.h"
 #include "store/SalesStore.h"
 
@@ -39,10 +40,10 @@ private:
     std::optional<QDate> m_to;
     std::optional<QTime> m_start;
     std::optional<QTime> m_end;
-    QHash<QByteArray, std::optional<QDate>> m_dates;
+    Memo<QByteArray, std::optional<QDate>> m_dates;
     QByteArray m_lastDateText;
     std::optional<QDate> m_lastDate;
-    QHash<QByteArray, std::optional<QTime>> m_times;
+    Memo<QByteArray, std::optional<QTime>> m_times;
 };
 
 bool InSpan(const QByteArray &orderDate, const QByteArray &time, const SalesSpan &span);

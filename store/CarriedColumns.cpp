@@ -4,10 +4,10 @@
 
 namespace qlon {
 
-void CarriedColumns::take(const SalesRow &row, std::initializer_list<SalesColumn> columns)
+void CarriedColumns::take(const SalesRow &row, SalesColumns columns)
 {
-    for (SalesColumn column : columns) {
-        if (row[column])
+    for (int column = 0; column < SalesColumnCount; ++column) {
+        if (columns.test(column) && row[column])
             AssignTrimmed(m_texts[column], *row[column]);
     }
 }

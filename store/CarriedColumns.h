@@ -4,8 +4,6 @@
 
 #include <QByteArrayList>
 
-#include <initializer_list>
-
 namespace qlon {
 
 // The trimmed texts of the last row read, as a walk over the rows keeps them: a column that is
@@ -14,13 +12,17 @@ namespace qlon {
 class CarriedColumns
 {
 public:
-    void take(const SalesRow &row, std::initializer_list<SalesColumn> columns);
+    void take(const SalesRow &row, SalesColumns columns);
     const QByteArray &operator[](SalesColumn column) const { return m_texts[column]; }
     QByteArray &operator[](SalesColumn column) { return m_texts[column]; }
 
 private:
     std::array<QByteArray, SalesColumnCount> m_texts;
 };
+
+// The columns a line of the sales dumps is made of.
+inline const SalesColumns DumpColumns =
+    ColumnsOf({EmpNumber, OrderDate, Item, UnitPrice, ItemType, Quantity, Time, TableNumber, SaleType});
 
 // The line of the sales dumps: eight fields, the type "Food" unless it is liquor, and the
 // server joined ahead of the kind of sale. It changes the carried type as the dumps did.

@@ -312,11 +312,11 @@ JetSalesStore::JetSalesStore(const QString &hostPath, QByteArrayView table)
 
 void JetSalesStore::SelectAll(const SalesVisitor &visit)
 {
-    walk([] { return true; }, visit);
+    walk([] { return true; }, EverySalesColumn, visit);
 }
 
 // Both ends are midnight, so a sale later on the to date lies after the span.
-void JetSalesStore::SelectSpan(QByteArrayView from, QByteArrayView to, const SalesVisitor &visit)
+void JetSalesStore::SelectSpan(QByteArrayView from, QByteArrayView to, SalesColumns columns, const SalesVisitor &visit)
 {
     const DateSpan span = ReadDateSpan(from, to);
     const QDateTime first = Midnight(span.from);
@@ -326,17 +326,20 @@ void JetSalesStore::SelectSpan(QByteArrayView from, QByteArrayView to, const Sal
             const std::optional<QDateTime> sold = m_table.dateTime(OrderDate);
             return sold && first <= *sold && *sold <= last;
         },
-        visit);
+        columns, visit);
 }
 
-void JetSalesStore::walk(const std::function<bool()> &passes, const SalesVisitor &visit)
+void JetSalesStore::walk(const std::function<bool()> &passes, SalesColumns columns, const SalesVisitor &visit)
 {
+    m_row = {};
     m_table.rewind();
     while (m_table.next()) {
         if (!passes())
             continue;
-        for (qsizetype column = 0; column < SalesColumnCount; ++column)
-            m_row[column] = m_table.value(column);
+        for (qsizetype column = 0; column < SalesColumnCount; ++column) {
+            if (columns.test(column))
+                m_row[column] = m_table.value(column);
+        }
         if (!visit(m_row))
             return;
     }

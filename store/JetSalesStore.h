@@ -50,11 +50,11 @@ public:
     explicit JetSalesStore(const QString &hostPath, QByteArrayView table = SalesTableName);
 
     void SelectAll(const SalesVisitor &visit) override;
-    void SelectSpan(QByteArrayView from, QByteArrayView to, const SalesVisitor &visit) override;
+    void SelectSpan(QByteArrayView from, QByteArrayView to, SalesColumns columns, const SalesVisitor &visit) override;
 
 private:
     // Walks the rows that pass the test, from the first.
-    void walk(const std::function<bool()> &passes, const SalesVisitor &visit);
+    void walk(const std::function<bool()> &passes, SalesColumns columns, const SalesVisitor &visit);
 
     JetTable m_table;
     SalesRow m_row;

@@ -7,6 +7,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -60,6 +61,17 @@ QByteArray shortestText(Number value)
 }
 
 } // namespace
+
+void AssignValue(SalesValue &value, QByteArrayView bytes)
+{
+    if (!value || !value->isDetached()) {
+        value.emplace(bytes.data(), bytes.size());
+        return;
+    }
+    if (value->size() != bytes.size())
+        value->resize(bytes.size());
+    std::copy_n(bytes.data(), bytes.size(), value->data());
+}
 
 std::unique_ptr<SalesStore> OpenSalesStore(const QString &hostPath, const QString &shownPath)
 {

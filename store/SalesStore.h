@@ -9,7 +9,9 @@
 #include <QTime>
 
 #include <array>
+#include <bitset>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 
@@ -39,12 +41,28 @@ inline constexpr std::array<QByteArrayView, SalesColumnCount> SalesColumnNames{
     "OrderID", "OrderDate", "ReceiptID", "Quantity", "Item", "ItemType", "UnitPrice", "Time",
     "SaleType", "OrderNumber", "POSstation", "EmpNumber", "TableNumber"};
 
+// A choice among the table's columns.
+using SalesColumns = std::bitset<SalesColumnCount>;
+inline constexpr SalesColumns EverySalesColumn{(1U << SalesColumnCount) - 1};
+
+inline SalesColumns ColumnsOf(std::initializer_list<SalesColumn> columns)
+{
+    SalesColumns chosen;
+    for (SalesColumn column : columns)
+        chosen.set(column);
+    return chosen;
+}
+
 // A value of a row as text, the way the old platform turned values into text: a date as
 // "3/31/2004", a time of day as "6:05:00 PM", a date with a time as both ("3/31/2004 6:05:00 PM"),
 // a number in its shortest decimal form ("12.5"), a text as it stands (Windows-1252 bytes).
 // A null stays distinct from the empty text.
 using SalesValue = std::optional<QByteArray>;
 using SalesRow = std::array<SalesValue, SalesColumnCount>;
+
+// Copies the bytes into the value, reusing its buffer when nobody else holds a copy of it, as an
+// engine filling the same row again and again does.
+void AssignValue(SalesValue &value, QByteArrayView bytes);
 
 // Called for each row, in table order; returning false stops the walk.
 using SalesVisitor = std::function<bool(const SalesRow &)>;
@@ -62,8 +80,8 @@ public:
     // "SELECT * FROM ItemsSold WHERE OrderDate BETWEEN #from# AND #to#", the two dates as the
     // screen's texts stand. Both ends are inclusive and compared as date-time values, so a sale
     // at 6 PM on the to date lies after "#to#", which is midnight. A date text that can't be read
-    // raises the engine's error.
-    virtual void SelectSpan(QByteArrayView from, QByteArrayView to, const SalesVisitor &visit) = 0;
+    // raises the engine's error. Only the chosen columns are read; the others come out null.
+    virtual void SelectSpan(QByteArrayView from, QByteArrayView to, SalesColumns columns, const SalesVisitor &visit) = 0;
 };
 
 // Opens the database at the host path: a Jet 3 or 4 file (what the sites have) or an SQLite 3

@@ -10,17 +10,13 @@
 namespace qlon {
 namespace {
 
-// Any text that doesn't begin with an ISO date is kept out of a span.
+// The walk keeps out the texts that pass this but don't begin with an ISO date.
 constexpr QByteArrayView spanCondition(
-    "OrderDate >= ?1 AND OrderDate < ?3 AND (OrderDate < ?2 OR julianday(OrderDate) = julianday(?2))"
-    " AND OrderDate GLOB '[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]*'");
+    "OrderDate >= ?1 AND OrderDate < ?3 AND (OrderDate < ?2 OR julianday(OrderDate) = julianday(?2))");
 
-QByteArray selectStatement(QByteArrayView condition)
+QByteArray selectStatement(const QByteArrayList &names, QByteArrayView condition)
 {
-    QByteArray columns;
-    for (QByteArrayView name : SalesColumnNames)
-        columns += (columns.isEmpty() ? "" : ",") + name.toByteArray();
-    QByteArray statement = "SELECT " + columns + " FROM " + SalesTableName.toByteArray();
+    QByteArray statement = "SELECT " + names.join(',') + " FROM " + SalesTableName.toByteArray();
     if (!condition.isEmpty())
         statement += " WHERE " + condition.toByteArray();
     return statement + " ORDER BY rowid";
@@ -48,6 +44,11 @@ int digitsAt(QByteArrayView text, qsizetype start, qsizetype count)
     return number;
 }
 
+bool beginsWithIsoDate(QByteArrayView text)
+{
+    return text.size() >= 10 && hasShape(text.first(10), "0000-00-00");
+}
+
 std::optional<QDate> isoDate(QByteArrayView text)
 {
     if (!hasShape(text, "0000-00-00"))
@@ -62,6 +63,17 @@ std::optional<QTime> isoTime(QByteArrayView text)
         return std::nullopt;
     const QTime time(digitsAt(text, 0, 2), digitsAt(text, 3, 2), digitsAt(text, 6, 2));
     return time.isValid() ? std::optional(time) : std::nullopt;
+}
+
+// Whether the text has the length and the first separator of an ISO date or time.
+bool mayBeIsoDateTime(QByteArrayView text)
+{
+    switch (text.size()) {
+    case 8: return text[2] == ':';
+    case 10:
+    case 19: return text[4] == '-';
+    default: return false;
+    }
 }
 
 std::optional<QByteArray> isoDateTimeText(QByteArrayView text)
@@ -85,17 +97,6 @@ std::optional<QByteArray> isoDateTimeText(QByteArrayView text)
     return DateTimeText(*date, *time);
 }
 
-// Copies the bytes into the value, reusing its buffer when the visitor kept no copy of it.
-void assign(SalesValue &value, QByteArrayView bytes)
-{
-    if (!value || !value->isDetached()) {
-        value.emplace(bytes.data(), bytes.size());
-        return;
-    }
-    value->resize(bytes.size());
-    std::copy_n(bytes.data(), bytes.size(), value->data());
-}
-
 QByteArrayView columnBytes(sqlite3_stmt *statement, int column)
 {
     const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(statement, column));
@@ -106,7 +107,7 @@ void assignWhole(SalesValue &value, qint64 number)
 {
     std::array<char, 24> digits;
     const char *end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    assign(value, QByteArrayView(digits.data(), end));
+    AssignValue(value, QByteArrayView(digits.data(), end));
 }
 
 // Makes the statement ready for its next run, however the walk ends.
@@ -170,105 +171,115 @@ RuntimeError SqliteError(sqlite3 *database, const QString &hostPath)
 SqliteSalesStore::SqliteSalesStore(const QString &hostPath)
     : m_hostPath(hostPath)
     , m_database(OpenSqlite(hostPath, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX))
-    , m_all(PrepareSqlite(m_database.get(), selectStatement({}), hostPath))
-    , m_span(PrepareSqlite(m_database.get(), selectStatement(spanCondition), hostPath))
+    , m_all(prepareSelect(EverySalesColumn, {}))
 {
+}
+
+SqliteSalesStore::Select SqliteSalesStore::prepareSelect(SalesColumns columns, QByteArrayView condition) const
+{
+    Select select;
+    QByteArrayList names;
+    for (int column = 0; column < SalesColumnCount; ++column) {
+        if (columns.test(column)) {
+            select.columns.push_back(SalesColumn(column));
+            names.append(SalesColumnNames[column].toByteArray());
+        }
+    }
+    if (!condition.isEmpty()) {
+        const QByteArray orderDate = SalesColumnNames[OrderDate].toByteArray();
+        if (!columns.test(OrderDate))
+            names.append(orderDate);
+        select.isoDateAt = int(names.indexOf(orderDate));
+    }
+    select.statement = PrepareSqlite(m_database.get(), selectStatement(names, condition), m_hostPath);
+    return select;
 }
 
 void SqliteSalesStore::SelectAll(const SalesVisitor &visit)
 {
-    walk(m_all.get(), visit);
+    walk(m_all, visit);
 }
 
 // ISO texts sort as their dates do, so the ends become comparisons of texts: from the from date on,
 // and before the day after the to date, where a value on the to date itself counts only at midnight.
-void SqliteSalesStore::SelectSpan(QByteArrayView from, QByteArrayView to, const SalesVisitor &visit)
+void SqliteSalesStore::SelectSpan(QByteArrayView from, QByteArrayView to, SalesColumns columns, const SalesVisitor &visit)
 {
     const DateSpan span = ReadDateSpan(from, to);
+    if (!m_span.statement || m_spanColumns != columns) {
+        m_span = prepareSelect(columns, spanCondition);
+        m_spanColumns = columns;
+    }
     bindText(1, isoText(span.from));
     bindText(2, isoText(span.to));
     bindText(3, isoText(span.to.addDays(1)));
-    walk(m_span.get(), visit);
+    walk(m_span, visit);
 }
 
 void SqliteSalesStore::bindText(int parameter, const QByteArray &text)
 {
-    if (sqlite3_bind_text(m_span.get(), parameter, text.constData(), int(text.size()), SQLITE_TRANSIENT) != SQLITE_OK)
+    if (sqlite3_bind_text(m_span.statement.get(), parameter, text.constData(), int(text.size()), SQLITE_TRANSIENT) != SQLITE_OK)
         throw SqliteError(m_database.get(), m_hostPath);
 }
 
-void SqliteSalesStore::walk(sqlite3_stmt *statement, const SalesVisitor &visit)
+void SqliteSalesStore::walk(const Select &select, const SalesVisitor &visit)
 {
+    sqlite3_stmt *statement = select.statement.get();
     const ResetAtExit reset(statement);
+    m_row = {};
     for (;;) {
         const int result = sqlite3_step(statement);
         if (result == SQLITE_DONE)
             return;
         if (result != SQLITE_ROW)
             throw SqliteError(m_database.get(), m_hostPath);
-        readRow(statement);
+        if (select.isoDateAt && !beginsWithIsoDate(columnBytes(statement, *select.isoDateAt)))
+            continue;
+        readRow(select);
         if (!visit(m_row))
             return;
     }
 }
 
-void SqliteSalesStore::readRow(sqlite3_stmt *statement)
+void SqliteSalesStore::readRow(const Select &select)
 {
-    for (int column = 0; column < SalesColumnCount; ++column)
-        readValue(statement, column);
+    sqlite3_stmt *statement = select.statement.get();
+    for (int at = 0; at < int(select.columns.size()); ++at)
+        readValue(statement, at, select.columns[at]);
 }
 
-void SqliteSalesStore::readValue(sqlite3_stmt *statement, int column)
+void SqliteSalesStore::readValue(sqlite3_stmt *statement, int at, SalesColumn column)
 {
     SalesValue &value = m_row[column];
-    switch (sqlite3_column_type(statement, column)) {
+    switch (sqlite3_column_type(statement, at)) {
     case SQLITE_NULL:
         value.reset();
         return;
     case SQLITE_INTEGER:
-        assignWhole(value, sqlite3_column_int64(statement, column));
+        assignWhole(value, sqlite3_column_int64(statement, at));
         return;
     case SQLITE_FLOAT:
-        readNumber(sqlite3_column_double(statement, column), column);
+        readNumber(sqlite3_column_double(statement, at), column);
         return;
     default:
-        readText(columnBytes(statement, column), column);
+        readText(columnBytes(statement, at), column);
     }
 }
 
 void SqliteSalesStore::readNumber(double number, int column)
 {
-    // Prices and quantities repeat: each number is turned into text once.
-    // Keyed by the bits, so that 0 and -0 stay apart.
-    QHash<quint64, QByteArray> &memo = m_numbers[column];
-    const quint64 bits = std::bit_cast<quint64>(number);
-    auto known = memo.constFind(bits);
-    if (known == memo.constEnd()) {
-        if (memo.size() >= memoLimit)
-            memo.clear();
-        known = memo.insert(bits, NumberText(number));
-    }
-    m_row[column] = *known;
+    m_row[column] = m_numbers[column].get(std::bit_cast<quint64>(number), [number] { return NumberText(number); });
 }
 
 void SqliteSalesStore::readText(QByteArrayView bytes, int column)
 {
-    // Only texts of the lengths of ISO dates and times can be date-time values.
-    if (bytes.size() != 8 && bytes.size() != 10 && bytes.size() != 19)
-        return assign(m_row[column], bytes);
-    QHash<QByteArray, SalesValue> &memo = m_dateTimes[column];
-    const auto known = memo.constFind(QByteArray::fromRawData(bytes.data(), bytes.size()));
-    if (known != memo.constEnd()) {
-        m_row[column] = *known;
-        return;
-    }
-    const std::optional<QByteArray> dateTime = isoDateTimeText(bytes);
-    if (!dateTime)
-        return assign(m_row[column], bytes);
-    if (memo.size() >= memoLimit)
-        memo.clear();
-    memo.insert(bytes.toByteArray(), dateTime);
-    m_row[column] = dateTime;
+    if (!mayBeIsoDateTime(bytes))
+        return AssignValue(m_row[column], bytes);
+    const SalesValue &dateTime = m_dateTimes[column].get(QByteArray::fromRawData(bytes.data(), bytes.size()),
+                                                         [bytes] { return isoDateTimeText(bytes); });
+    if (dateTime)
+        m_row[column] = dateTime;
+    else
+        AssignValue(m_row[column], bytes);
 }
 
 } // namespace qlon

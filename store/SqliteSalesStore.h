@@ -1,8 +1,9 @@
 #pragma once
 
+#include "core/Memo.h"
 #include "store/SalesStore.h"
 
-#include <QHash>
+#include <vector>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -39,25 +40,36 @@ public:
     // SQLite does the filtering, on the ISO texts: those of the from date and after, up to those
     // of the to date at midnight in any form. A text that doesn't begin with an ISO date, such as
     // "3/31/2004", is in no span.
-    void SelectSpan(QByteArrayView from, QByteArrayView to, const SalesVisitor &visit) override;
+    void SelectSpan(QByteArrayView from, QByteArrayView to, SalesColumns columns, const SalesVisitor &visit) override;
 
 private:
-    void walk(sqlite3_stmt *statement, const SalesVisitor &visit);
-    void readRow(sqlite3_stmt *statement);
-    void readValue(sqlite3_stmt *statement, int column);
+    // A prepared select and where its result columns go in the row.
+    struct Select
+    {
+        SqliteStatement statement;
+        std::vector<SalesColumn> columns; // the table column of each result column read
+        // The result column whose text must begin with an ISO date for the row to count, if any.
+        std::optional<int> isoDateAt;
+    };
+
+    Select prepareSelect(SalesColumns columns, QByteArrayView condition) const;
+    void walk(const Select &select, const SalesVisitor &visit);
+    void readRow(const Select &select);
+    void readValue(sqlite3_stmt *statement, int at, SalesColumn column);
     void readText(QByteArrayView bytes, int column);
     void readNumber(double number, int column);
     void bindText(int parameter, const QByteArray &text);
 
     QString m_hostPath;
     SqliteDatabase m_database;
-    SqliteStatement m_all;
-    SqliteStatement m_span;
+    Select m_all;
+    Select m_span;
+    SalesColumns m_spanColumns;
     SalesRow m_row;
-    // Each column's ISO texts with their text forms: the rows repeat their dates and times.
-    static constexpr qsizetype memoLimit = 100000;
-    std::array<QHash<QByteArray, SalesValue>, SalesColumnCount> m_dateTimes;
-    std::array<QHash<quint64, QByteArray>, SalesColumnCount> m_numbers;
+    // Each column's ISO texts with their text forms, and its numbers (by their bits, so that 0 and
+    // -0 stay apart) with theirs: the rows repeat their dates, times, prices and quantities.
+    std::array<Memo<QByteArray, SalesValue>, SalesColumnCount> m_dateTimes;
+    std::array<Memo<quint64, QByteArray>, SalesColumnCount> m_numbers;
 };
 
 } // namespace qlon

@@ -12,7 +12,7 @@
 namespace qlon {
 namespace {
 
-// A store that hands out its rows as they stand, whatever the span.
+// A store that hands out its rows as they stand, whatever the span, with only the chosen columns.
 class RowsStore : public SalesStore
 {
 public:
@@ -20,13 +20,20 @@ public:
         : m_rows(std::move(rows))
     {
     }
-    void SelectAll(const SalesVisitor &visit) override { walk(visit); }
-    void SelectSpan(QByteArrayView, QByteArrayView, const SalesVisitor &visit) override { walk(visit); }
+    void SelectAll(const SalesVisitor &visit) override { walk(EverySalesColumn, visit); }
+    void SelectSpan(QByteArrayView, QByteArrayView, SalesColumns columns, const SalesVisitor &visit) override
+    {
+        walk(columns, visit);
+    }
 
 private:
-    void walk(const SalesVisitor &visit) const
+    void walk(SalesColumns columns, const SalesVisitor &visit) const
     {
-        for (const SalesRow &row : m_rows) {
+        for (SalesRow row : m_rows) {
+            for (int column = 0; column < SalesColumnCount; ++column) {
+                if (!columns.test(column))
+                    row[column].reset();
+            }
             if (!visit(row))
                 return;
         }
@@ -80,7 +87,7 @@ ItemSales walkForOneItem(const std::vector<SalesRow> &rows, const QByteArray &na
             item = TrimBlanks(*row[Item]);
         if (item != name)
             continue;
-        columns.take(row, {OrderID, OrderDate, Item, UnitPrice, ItemType, Quantity, Time, ReceiptID, OrderNumber, SaleType});
+        columns.take(row, EverySalesColumn);
         sales.lastReceipt = columns[ReceiptID];
         if (columns[Item].isEmpty() || !InSpan(columns[OrderDate], columns[Time], span))
             continue;

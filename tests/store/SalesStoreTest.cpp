@@ -261,11 +261,17 @@ TEST_F(JetSalesStoreTest, SpanHoldsBothEndDates)
 {
     JetSalesStore store(nwind, "Orders");
     const auto select = [&](const char *from, const char *to) {
-        return Collect([&](const SalesVisitor &visit) { store.SelectSpan(from, to, visit); });
+        return Collect([&](const SalesVisitor &visit) { store.SelectSpan(from, to, EverySalesColumn, visit); });
     };
     EXPECT_EQ(select("11/16/94", "11/17/94"), Texts({"10330", "10331", "10332"}));
     EXPECT_EQ(select("1994-11-17", "11/17/1994"), Texts({"10332"}));
     EXPECT_EQ(select("11/17/94", "11/16/94"), Texts({}));
+    const auto selectOrderIds = [&](SalesColumn column) {
+        return Collect([&](const SalesVisitor &visit) { store.SelectSpan("11/16/94", "11/17/94", ColumnsOf({OrderID}), visit); },
+                       column);
+    };
+    EXPECT_EQ(selectOrderIds(OrderID), Texts({"10330", "10331", "10332"}));
+    EXPECT_EQ(selectOrderIds(OrderDate), std::vector<SalesValue>(3));
 }
 
 TEST_F(JetSalesStoreTest, VisitorStopsTheWalk)
@@ -286,7 +292,7 @@ TEST_F(JetSalesStoreTest, ReadingLeavesTheFileAsItWas)
     {
         JetSalesStore store(copy, "Orders");
         store.SelectAll([](const SalesRow &) { return true; });
-        store.SelectSpan("1/1/1994", "12/31/1996", [](const SalesRow &) { return true; });
+        store.SelectSpan("1/1/1994", "12/31/1996", EverySalesColumn, [](const SalesRow &) { return true; });
         ReadTable(copy, "Products", {"ProductName", "Discontinued"});
     }
     EXPECT_EQ(FileDigest(copy), before);
@@ -393,7 +399,7 @@ protected:
     std::vector<SalesValue> selectSpan(QByteArrayView from, QByteArrayView to)
     {
         SqliteSalesStore store(path);
-        return Collect([&](const SalesVisitor &visit) { store.SelectSpan(from, to, visit); });
+        return Collect([&](const SalesVisitor &visit) { store.SelectSpan(from, to, EverySalesColumn, visit); });
     }
 
     QTemporaryDir folder;
@@ -536,6 +542,8 @@ TEST_F(SqliteSalesStoreTest, SpanHoldsFromMidnightOfTheFromDateToMidnightOfTheTo
         {"2004-04-01", false},
         {"3/15/2004", false},
         {"2/1/2004", false},
+        {"2004-03-1x", false},
+        {"2004-03-2", false},
         {"", false},
     };
     std::vector<SalesRow> rows;
@@ -566,14 +574,22 @@ TEST_F(SqliteSalesStoreTest, StatementServesManySelects)
     writeDates({"2004-03-01", "2004-03-02", "2004-03-03"});
     SqliteSalesStore store(path);
     const auto select = [&](const char *from, const char *to) {
-        return Collect([&](const SalesVisitor &visit) { store.SelectSpan(from, to, visit); });
+        return Collect([&](const SalesVisitor &visit) { store.SelectSpan(from, to, EverySalesColumn, visit); });
     };
     int visits = 0;
-    store.SelectSpan("3/1/2004", "3/3/2004", [&](const SalesRow &) { return ++visits < 1; });
+    store.SelectSpan("3/1/2004", "3/3/2004", EverySalesColumn, [&](const SalesRow &) { return ++visits < 1; });
     EXPECT_EQ(visits, 1);
     EXPECT_EQ(select("3/2/2004", "3/3/2004"), Texts({"2", "3"}));
     EXPECT_EQ(select("3/1/2004", "3/1/2004"), Texts({"1"}));
     EXPECT_EQ(Collect([&](const SalesVisitor &visit) { store.SelectAll(visit); }), Texts({"1", "2", "3"}));
+    // Another choice of columns, still judged by OrderDate, and the first choice again.
+    const auto selectOrderIds = [&](SalesColumn column) {
+        return Collect([&](const SalesVisitor &visit) { store.SelectSpan("3/2/2004", "3/3/2004", ColumnsOf({OrderID}), visit); },
+                       column);
+    };
+    EXPECT_EQ(selectOrderIds(OrderID), Texts({"2", "3"}));
+    EXPECT_EQ(selectOrderIds(OrderDate), std::vector<SalesValue>(2));
+    EXPECT_EQ(select("3/3/2004", "3/3/2004"), Texts({"3"}));
 }
 
 TEST_F(SqliteSalesStoreTest, ReadingLeavesTheFileAsItWas)
@@ -611,11 +627,11 @@ TEST(SalesSpanTest, BothEnginesRaiseTheErrorForABadDate)
     SqliteSalesWriter(path).commit();
     SqliteSalesStore sqlite(path);
     const auto ignore = [](const SalesRow &) { return true; };
-    EXPECT_EQ(ErrorOf([&] { sqlite.SelectSpan("3/1/2004", "3/32/2004", ignore); }).number(), EngineBadValue);
+    EXPECT_EQ(ErrorOf([&] { sqlite.SelectSpan("3/1/2004", "3/32/2004", EverySalesColumn, ignore); }).number(), EngineBadValue);
     if (!HaveJetFixtures())
         GTEST_SKIP() << "the Jet test files are absent";
     JetSalesStore jet(FixturePath(QStringLiteral("nwind.mdb")), "Orders");
-    EXPECT_EQ(ErrorOf([&] { jet.SelectSpan("3/1/2004", "3/32/2004", ignore); }).number(), EngineBadValue);
+    EXPECT_EQ(ErrorOf([&] { jet.SelectSpan("3/1/2004", "3/32/2004", EverySalesColumn, ignore); }).number(), EngineBadValue);
 }
 
 TEST(SalesTextTest, DateTimeValuesShowTheirPartsAsThePlatformDoes)

@@ -21,23 +21,29 @@ QByteArray itemName(int index)
     return "Item " + QByteArray::number(index).rightJustified(4, '0');
 }
 
-// A week of sales, 1,000,000 lines of 2,000 items, all in the span.
+// A week of sales, 1,000,000 lines of 2,000 items, all in the span, in the order the stations
+// write them: day by day, from 10 AM to 11 PM, four lines to an order.
 class BigSalesDatabase
 {
 public:
     BigSalesDatabase()
     {
         SqliteSalesWriter writer(path());
+        constexpr int days = 7;
+        constexpr int linesPerDay = rowCount / days + 1;
+        constexpr int secondsOpen = 13 * 3600;
         for (int line = 0; line < rowCount; ++line) {
+            const int lineOfDay = line % linesPerDay;
+            const QTime sold = QTime(10, 0).addSecs(int(qint64(lineOfDay) * secondsOpen / linesPerDay));
             SalesRow row;
             row[OrderID] = QByteArray::number(line / 4);
-            row[OrderDate] = "2026-11-" + QByteArray::number(16 + line % 7);
+            row[OrderDate] = "2026-11-" + QByteArray::number(16 + line / linesPerDay);
             row[ReceiptID] = "R" + QByteArray::number(line / 4);
             row[Quantity] = QByteArray::number(1 + line % 3);
             row[Item] = itemName(int((line * 7919LL) % itemCount));
             row[ItemType] = line % 3 == 0 ? "L" : "F";
             row[UnitPrice] = QByteArray::number(2.5 + (line % 40) * 0.25, 'f', 2);
-            row[Time] = QByteArray::number(10 + line % 13) + ":" + QByteArray::number(10 + line % 50) + ":00";
+            row[Time] = sold.toString(u"HH:mm:ss").toLatin1();
             row[SaleType] = "Dine In";
             row[OrderNumber] = QByteArray::number(line % 1000);
             writer.add(row);

@@ -35,26 +35,12 @@ SpanFilter::SpanFilter(const SalesSpan &span)
 {
 }
 
-std::optional<QDate> SpanFilter::dateOf(const QByteArray &text)
-{
-    if (text == m_lastDateText)
-        return m_lastDate;
-    m_lastDateText = text;
-    m_lastDate = m_dates.get(text, [&text] { return ToDate(text); });
-    return m_lastDate;
-}
-
-std::optional<QTime> SpanFilter::timeOf(const QByteArray &text)
-{
-    return m_times.get(text, [&text] { return ToTime(text); });
-}
-
 bool SpanFilter::contains(const QByteArray &orderDate, const QByteArray &time)
 {
-    const std::optional<QDate> date = dateOf(orderDate);
+    const std::optional<QDate> date = m_dates.get(orderDate, [&orderDate] { return ToDate(orderDate); });
     if (before(date, m_from) || before(m_to, date))
         return false;
-    const std::optional<QTime> rowTime = timeOf(time);
+    const std::optional<QTime> rowTime = m_times.get(time, [&time] { return ToTime(time); });
     return !onDayOutsideHours(date, m_from, rowTime, m_start, true) && !onDayOutsideHours(date, m_to, rowTime, m_end, false);
 }
 

@@ -32,17 +32,13 @@ public:
     bool contains(const QByteArray &orderDate, const QByteArray &time);
 
 private:
-    // The rows of a span repeat their dates and times: each text is read once.
-    std::optional<QDate> dateOf(const QByteArray &text);
-    std::optional<QTime> timeOf(const QByteArray &text);
 
     std::optional<QDate> m_from;
     std::optional<QDate> m_to;
     std::optional<QTime> m_start;
     std::optional<QTime> m_end;
+    // The rows of a span repeat their dates and times: each text is read once.
     Memo<QByteArray, std::optional<QDate>> m_dates;
-    QByteArray m_lastDateText;
-    std::optional<QDate> m_lastDate;
     Memo<QByteArray, std::optional<QTime>> m_times;
 };
 

@@ -1,0 +1,50 @@
+#include "core/Memo.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace qlon {
+namespace {
+
+TEST(MemoTest, ComputesEachKeyOnceAndKeepsItsOwnCopyOfRawKeys)
+{
+    Memo<QByteArray, QByteArray> memo;
+    int computed = 0;
+    const auto upper = [&](const QByteArray &key) {
+        return memo.get(key, [&] {
+            ++computed;
+            return key.toUpper();
+        });
+    };
+    std::string buffer = "abc";
+    EXPECT_EQ(upper(QByteArray::fromRawData(buffer.data(), qsizetype(buffer.size()))), "ABC");
+    buffer = "xyz"; // the raw key's bytes change under the memo
+    EXPECT_EQ(upper(QByteArray::fromRawData(buffer.data(), qsizetype(buffer.size()))), "XYZ");
+    EXPECT_EQ(upper("abc"), "ABC");
+    EXPECT_EQ(upper("abc"), "ABC");
+    EXPECT_EQ(upper("xyz"), "XYZ");
+    EXPECT_EQ(computed, 2);
+}
+
+TEST(MemoTest, ForgetsAllPastItsLimitAndStillAnswers)
+{
+    Memo<int, int> memo;
+    int computed = 0;
+    const auto twice = [&](int key) {
+        return memo.get(key, [&] {
+            ++computed;
+            return key * 2;
+        });
+    };
+    constexpr int limit = 100000;
+    for (int key = 0; key < limit; ++key)
+        twice(key);
+    EXPECT_EQ(twice(limit), 2 * limit); // the memo starts afresh here
+    EXPECT_EQ(twice(0), 0);
+    EXPECT_EQ(twice(limit), 2 * limit);
+    EXPECT_EQ(computed, limit + 2);
+}
+
+} // namespace
+} // namespace qlon

@@ -1,8 +1,6 @@
 #include "listbuilder/QLONlistBuilder1.h"
 #include "platform/ui/VbComboBox.h"
-#include "store/ProgramGlobals.h"
-#include "store/SiteConfig.h"
-#include "tests/support/TempSite.h"
+#include "tests/support/ScreenTest.h"
 
 #include <QCalendarWidget>
 #include <QLabel>
@@ -12,30 +10,18 @@
 namespace qlon {
 namespace {
 
-class MainScreenTest : public ::testing::Test
+class MainScreenTest : public test::ScreenTest
 {
 protected:
-    static void SetUpTestSuite()
-    {
-        Screens().add(QStringLiteral("QLONlistBuilder1"), [] { return new QLONlistBuilder1; });
-        Screens().add(QStringLiteral("QLONlistBuilder2"), [] { return new QWidget; });
-    }
+    static void SetUpTestSuite() { registerMainScreenAlone(); }
 
     void SetUp() override
     {
-        Site() = SiteGlobals{};
-        Shared() = ProgramGlobals{};
-        IniRec2300 configuration;
-        configuration.setField(IniRec2300::DataRootField, "c:\\quillon\\");
-        site.write(QStringLiteral("Quillon/QlonINI.dat"), configuration.bytes());
-        site.write(QStringLiteral("Quillon/data/ListbuilderINI.dat"), "\"06/22/2003\",\"06/24/2003\"\r\n");
+        ScreenTest::SetUp();
+        writeConfiguration("c:\\quillon\\", "\"06/22/2003\",\"06/24/2003\"\r\n");
     }
 
-    void TearDown() override { Screens().clear(); }
-
     QLONlistBuilder1 *load() { return Screens().touch<QLONlistBuilder1>(QStringLiteral("QLONlistBuilder1")); }
-
-    test::TempSite site;
 };
 
 TEST_F(MainScreenTest, BlankDepartmentsTakeNoPosition)

@@ -7,10 +7,9 @@
 #include "platform/ui/VbComboBox.h"
 #include "serversales/QLONlistBuilder2.h"
 #include "store/ItemRec500.h"
-#include "store/ProgramGlobals.h"
 #include "store/SiteConfig.h"
 #include "store/SqliteSalesWriter.h"
-#include "tests/support/TempSite.h"
+#include "tests/support/ScreenTest.h"
 
 #include <QDir>
 #include <QLabel>
@@ -49,7 +48,7 @@ SalesRow sale(int id, const QByteArray &name, const QByteArray &date, const QByt
     return row;
 }
 
-class CalculateSalesTest : public ::testing::Test
+class CalculateSalesTest : public test::ScreenTest
 {
 protected:
     static void SetUpTestSuite()
@@ -61,12 +60,8 @@ protected:
 
     void SetUp() override
     {
-        Site() = SiteGlobals{};
-        Shared() = ProgramGlobals{};
-        IniRec2300 configuration;
-        configuration.setField(IniRec2300::DataRootField, "C:\\Quillon\\");
-        site.write(QStringLiteral("Quillon/QlonINI.dat"), configuration.bytes());
-        site.write(QStringLiteral("Quillon/data/ListbuilderINI.dat"), "\"01/01/2004\",\"01/02/2004\"\r\n");
+        ScreenTest::SetUp();
+        writeConfiguration("C:\\Quillon\\", "\"01/01/2004\",\"01/02/2004\"\r\n");
         site.write(QStringLiteral("Quillon/data/Departments.dat"), "\"Food\"\r\n\"Beer\"\r\n\"Retail\"\r\n\"Empty\"\r\n");
         QByteArray catalogue;
         for (const ItemRec500 &record : {item("Burger", "Food", "6.50"), item("Lager", "Beer", "4.00"), item("Joe's Wings", "Food", "9.95"),
@@ -89,8 +84,6 @@ protected:
         screen->SSCommand2->click();
     }
 
-    void TearDown() override { Screens().clear(); }
-
     void calculate(const char *start = "12:00 am", const char *end = "11:59 pm")
     {
         screen->Combo2->setText(start);
@@ -106,7 +99,6 @@ protected:
         return rows;
     }
 
-    test::TempSite site;
     QLONlistBuilder1 *screen = nullptr;
 };
 

@@ -1,10 +1,9 @@
 #include "listbuilder/QLONlistBuilder1.h"
 #include "platform/ui/MList.h"
 #include "platform/ui/Report.h"
-#include "store/ProgramGlobals.h"
 #include "store/ReportTemplate.h"
 #include "store/SiteConfig.h"
-#include "tests/support/TempSite.h"
+#include "tests/support/ScreenTest.h"
 
 #include <QLabel>
 
@@ -47,19 +46,14 @@ private:
     int m_page = 0;
 };
 
-class PrintTest : public ::testing::Test
+class PrintTest : public test::ScreenTest
 {
 protected:
-    static void SetUpTestSuite()
-    {
-        Screens().add(QStringLiteral("QLONlistBuilder1"), [] { return new QLONlistBuilder1; });
-        Screens().add(QStringLiteral("QLONlistBuilder2"), [] { return new QWidget; });
-    }
+    static void SetUpTestSuite() { registerMainScreenAlone(); }
 
     void SetUp() override
     {
-        Site() = SiteGlobals{};
-        Shared() = ProgramGlobals{};
+        ScreenTest::SetUp();
         Site().DataRoot = "C:\\Quillon\\";
         ASSERT_TRUE(WriteItemsSoldTemplate(site.write(QStringLiteral("Quillon/ItemsSold.vrd"), {})));
         SetReportOutputFactory([this] { return std::make_unique<RecordingOutput>(printed, pageHeight); });
@@ -71,7 +65,7 @@ protected:
     void TearDown() override
     {
         SetReportOutputFactory({});
-        Screens().clear();
+        ScreenTest::TearDown();
     }
 
     void print(const QByteArrayList &rows)
@@ -90,7 +84,6 @@ protected:
         return names;
     }
 
-    test::TempSite site;
     QLONlistBuilder1 *screen = nullptr;
     QList<Printed> printed;
     double pageHeight = 792;

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "listbuilder/QLONlistBuilder1.h"
+#include "platform/ui/ScreenRegistry.h"
+#include "store/IniRec2300.h"
+#include "store/ProgramGlobals.h"
+#include "store/SiteConfig.h"
+#include "tests/support/TempSite.h"
+
+#include <gtest/gtest.h>
+
+namespace qlon::test {
+
+// A test of the program's screens on a temporary site: the program's globals afresh before each
+// test, and no screen left loaded after it.
+class ScreenTest : public ::testing::Test
+{
+protected:
+    // The main screen, with a bare stand-in for its hidden worker.
+    static void registerMainScreenAlone()
+    {
+        Screens().add(QStringLiteral("QLONlistBuilder1"), [] { return new QLONlistBuilder1; });
+        Screens().add(QStringLiteral("QLONlistBuilder2"), [] { return new QWidget; });
+    }
+
+    void SetUp() override
+    {
+        Site() = SiteGlobals{};
+        Shared() = ProgramGlobals{};
+    }
+
+    void TearDown() override { Screens().clear(); }
+
+    // The two files a start-up reads: the site's configuration with its data root, and the
+    // list's last dates.
+    void writeConfiguration(QByteArrayView dataRoot, const QByteArray &listDates) const
+    {
+        IniRec2300 configuration;
+        configuration.setField(IniRec2300::DataRootField, dataRoot);
+        site.write(QStringLiteral("Quillon/QlonINI.dat"), configuration.bytes());
+        site.write(QStringLiteral("Quillon/data/ListbuilderINI.dat"), listDates);
+    }
+
+    TempSite site;
+};
+
+} // namespace qlon::test

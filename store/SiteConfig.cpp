@@ -19,7 +19,7 @@ namespace {
 // Trims the field, stores the trimmed text back into the record, and gives it.
 QByteArray takeTrimmed(IniRec2300 &record, int field)
 {
-    const QByteArray trimmed = record.trimmedField(field);
+    QByteArray trimmed = record.trimmedField(field);
     record.setField(field, trimmed);
     return trimmed;
 }

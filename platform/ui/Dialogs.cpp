@@ -67,7 +67,7 @@ QString Dialogs::askSaveFileName(QWidget *parent, const QString &suggestedName, 
         return QFileDialog::getSaveFileName(parent, QString(), suggestedName, filter);
     if (s_saveAs.empty())
         return {};
-    const QString path = s_saveAs.front();
+    QString path = s_saveAs.front();
     s_saveAs.pop_front();
     return path;
 }

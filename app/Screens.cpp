@@ -6,6 +6,7 @@
 #include "platform/ui/ScreenRegistry.h"
 #include "rebuild/QlonExit.h"
 #include "serversales/QLONlistBuilder2.h"
+#include "serversales/QLONserverLiquor.h"
 
 namespace qlon {
 
@@ -13,6 +14,7 @@ void RegisterScreens()
 {
     Screens().add(QStringLiteral("QLONlistBuilder1"), [] { return new QLONlistBuilder1; });
     Screens().add(QStringLiteral("QLONlistBuilder2"), [] { return new QLONlistBuilder2; });
+    Screens().add(QStringLiteral("QLONserverLiquor"), [] { return new QLONserverLiquor; });
     Screens().add(QStringLiteral("QLONlistBuilder3"), [] { return new QLONlistBuilder3; });
     Screens().add(QStringLiteral("QlonExit"), [] { return new QlonExit; });
     Screens().add(QStringLiteral("QlonItemsSold"), [] { return new QlonItemsSold; });

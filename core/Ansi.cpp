@@ -72,8 +72,13 @@ QByteArray UpperAnsi(QByteArrayView bytes)
 {
     QByteArray upper(bytes.size(), Qt::Uninitialized);
     for (qsizetype index = 0; index < bytes.size(); ++index)
-        upper[index] = upperOf(static_cast<unsigned char>(bytes[index]));
+        upper[index] = UpperAnsi(bytes[index]);
     return upper;
+}
+
+char UpperAnsi(char byte)
+{
+    return upperOf(static_cast<unsigned char>(byte));
 }
 
 } // namespace qlon

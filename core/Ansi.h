@@ -21,5 +21,6 @@ namespace qlon {
 
 // Upper case as the stations' platform makes it, letter by letter within Windows-1252.
 QByteArray UpperAnsi(QByteArrayView bytes);
+char UpperAnsi(char byte);
 
 } // namespace qlon

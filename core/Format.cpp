@@ -245,10 +245,15 @@ std::optional<QByteArray> Currency(QByteArrayView text)
 
 namespace qlon {
 
-double FormattedValue(QByteArrayView text, QByteArrayView pattern)
+QByteArray FormattedText(QByteArrayView text, QByteArrayView pattern)
 {
     const std::optional<double> number = ToNumber(text);
-    return NumericValue(number ? Format(*number, pattern) : text.toByteArray());
+    return number ? Format(*number, pattern) : text.toByteArray();
+}
+
+double FormattedValue(QByteArrayView text, QByteArrayView pattern)
+{
+    return NumericValue(FormattedText(text, pattern));
 }
 
 QByteArray PlainNumber(double value)

@@ -38,8 +38,11 @@ std::optional<QByteArray> Currency(QByteArrayView text);
 
 namespace qlon {
 
-// The value of a text formatted by a number pattern: a number or a money text ("$1,078.50") is
-// rounded by the pattern; another text stays as it is and counts as its leading number.
+// A text formatted by a number pattern: a number or a money text ("$1,078.50") is rounded by
+// the pattern ("1078.5"); another text stays as it is.
+QByteArray FormattedText(QByteArrayView text, QByteArrayView pattern);
+
+// The numeric value of the formatted text: another text counts as its leading number.
 double FormattedValue(QByteArrayView text, QByteArrayView pattern);
 
 // A number as the old platform turned it into plain text: up to fifteen significant digits,

@@ -6,6 +6,7 @@
 #include "demo/DemoCatalogue.h"
 #include "demo/DemoSales.h"
 #include "store/Departments.h"
+#include "store/EmployeeRec1000.h"
 #include "store/ReportTemplate.h"
 #include "store/IniRec2300.h"
 
@@ -43,6 +44,38 @@ QByteArrayList demoDepartments()
     return {"Food", "Beverage", "Liquor", "Beer", "Wine", "Catering", "Retail", "Gift Card"};
 }
 
+// The staff: the servers who ring up the demonstration sales (1002 to 1010), with a cook
+// who takes no tables, an empty slot and a server who has left but still takes transfers.
+void writeEmployees(const QString &path)
+{
+    const struct
+    {
+        const char *number;
+        const char *name;
+        const char *job;
+        bool takesTables;
+    } staff[] = {
+        {"1002", "Maria Santos", "Server", true},   {"1003", "Dave O'Brien", "Bartender", true},
+        {"1004", "Lena Fischer", "Server", true},   {"1005", "Tom Nguyen", "Server", true},
+        {"1006", "Ana Lopez", "Server", true},      {"1007", "Sam Carter", "Bartender", true},
+        {"1008", "Priya Shah", "Server", true},     {"1009", "Joe Kowalski", "Server", true},
+        {"1010", "Kim Lee", "Server", true},        {"1020", "Rob Hale", "Cook", false},
+        {"", "", "", false},                        {"1031", "Jay Moss", "Server", true},
+    };
+    QFile::remove(path);
+    RecordFile file(path, EmployeeRec1000::size);
+    qint64 number = 0;
+    for (const auto &person : staff) {
+        EmployeeRec1000 record;
+        record.setField(EmployeeRec1000::EmployeeNumber, person.number);
+        record.setField(EmployeeRec1000::EmployeeName, person.name);
+        record.setField(EmployeeRec1000::JobTitle1, person.job);
+        record.setField(EmployeeRec1000::AcceptsTransfers, person.takesTables ? "-1" : "0");
+        record.setField(EmployeeRec1000::InactiveFlag, qstrcmp(person.number, "1031") == 0 ? "-1" : "0");
+        file.PutRecord(++number, record.bytes());
+    }
+}
+
 void writeStartDates(const QString &path, QDate today)
 {
     TextFile file(path, TextFile::Mode::Output);
@@ -61,6 +94,7 @@ void WriteDemoSite(const QString &driveFolder, QDate today)
     RecordFile(site.filePath(QStringLiteral("QlonINI.dat")), IniRec2300::size).PutRecord(1, demoConfiguration().bytes());
     writeStartDates(site.filePath(QStringLiteral("data/ListbuilderINI.dat")), today);
     WriteDepartmentNames(site.filePath(QStringLiteral("data/Departments.dat")), demoDepartments());
+    writeEmployees(site.filePath(QStringLiteral("data/Zemployee.dat")));
     WriteDemoCatalogue(site.path());
     WriteDemoSales(site.path(), today);
     WriteItemsSoldTemplate(site.filePath(QStringLiteral("ItemsSold.vrd")));

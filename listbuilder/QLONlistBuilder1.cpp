@@ -10,6 +10,7 @@
 #include "core/Format.h"
 #include "core/Yield.h"
 #include "listbuilder/SalesWorker.h"
+#include "listbuilder/ServerSalesScreen.h"
 #include "core/HostPath.h"
 #include "platform/InstanceGuard.h"
 #include "platform/ui/Controls.h"
@@ -251,6 +252,10 @@ void QLONlistBuilder1::connectHandlers()
     OnEvent(Command3, &QPushButton::clicked, this, [this] { Command3_Click(); });
     OnEvent(Command2, &QPushButton::clicked, this, [] { showScreen(QStringLiteral("QLONlistBuilder3")); });
     OnEvent(SSCommand8, &QPushButton::clicked, this, [] { showScreen(QStringLiteral("QlonExit")); });
+    OnEvent(SSCommand9, &QPushButton::clicked, this, [] {
+        if (auto *screen = dynamic_cast<ServerSalesScreen *>(Screens().touch(QStringLiteral("QLONserverLiquor"))))
+            screen->OpenServerSales();
+    });
     OnEvent(SSCommand1, &QPushButton::clicked, this, [this] { SSCommand1_Click(); });
 }
 
@@ -696,8 +701,7 @@ void QLONlistBuilder1::BLD_DATA2()
     TextFile dump(HostPath(shared.TempItemsPath), TextFile::Mode::Output);
     const QByteArray from = ToAnsi(Label2->text());
     const QByteArray to = ToAnsi(Label3->text());
-    const QByteArray path = DataPath("data\\Quillon.mdb");
-    const std::unique_ptr<SalesStore> store = OpenSalesStore(HostPath(path), FromAnsi(path));
+    const std::unique_ptr<SalesStore> store = OpenSiteSalesStore(DataPath(SalesDatabaseFile));
     const std::optional<QDate> fromDate = ToDate(from);
     const std::optional<QDate> toDate = ToDate(to);
     const std::optional<QTime> endTime = ToTime(Combo3->text());

@@ -36,8 +36,7 @@ void QLONlistBuilder3::Command1_Click()
     const QByteArray from = ToAnsi(main->Label2->text());
     const QByteArray to = ToAnsi(main->Label3->text());
     // The one place that takes the database from the site root rather than the data root.
-    const QByteArray path = Site().SiteRoot + "data\\Quillon.mdb";
-    const std::unique_ptr<SalesStore> store = OpenSalesStore(HostPath(path), FromAnsi(path));
+    const std::unique_ptr<SalesStore> store = OpenSiteSalesStore(Site().SiteRoot + SalesDatabaseFile);
 
     MSFlexGrid1->clear();
     MSFlexGrid1->setRowCount(0);

@@ -15,6 +15,7 @@
 #include "platform/ui/MList.h"
 #include "platform/ui/Program.h"
 #include "platform/ui/VbComboBox.h"
+#include "serversales/DataControl.h"
 #include "store/ProgramGlobals.h"
 #include "store/SiteConfig.h"
 
@@ -28,12 +29,9 @@ namespace qlon {
 
 namespace {
 
-const QByteArray salesDatabase = QByteArrayLiteral("data\\Quillon.mdb");
-
 std::unique_ptr<SalesStore> openSalesDatabase()
 {
-    const QByteArray path = DataPath(salesDatabase);
-    return OpenSalesStore(HostPath(path), FromAnsi(path));
+    return OpenSiteSalesStore(DataPath(SalesDatabaseFile));
 }
 
 QLineEdit *textBox(QWidget *parent, const QString &name, const QString &text = {})
@@ -87,13 +85,8 @@ QLONlistBuilder2::QLONlistBuilder2(QWidget *parent)
 void QLONlistBuilder2::Form_Load()
 {
     EnsureDataRoot();
-    // The data control opens on the whole table at start; a database that can't be opened
-    // shows through its error event, and the program goes on.
-    try {
-        openSalesDatabase();
-    } catch (const RuntimeError &error) {
-        Dialogs::showMessage(this, windowTitle(), QStringLiteral("Data error event hit err:") + error.description());
-    }
+    // The data control opens at start, though no path of this screen reads its rows.
+    OpenDataControl(this);
     MonthView1->setSelectedDate(Today());
 }
 

@@ -1,6 +1,7 @@
 #include "store/SalesStore.h"
 
 #include "core/Ansi.h"
+#include "core/HostPath.h"
 #include "core/DateText.h"
 #include "store/JetSalesStore.h"
 #include "store/SqliteSalesStore.h"
@@ -71,6 +72,11 @@ void AssignValue(SalesValue &value, QByteArrayView bytes)
     if (value->size() != bytes.size())
         value->resize(bytes.size());
     std::copy_n(bytes.data(), bytes.size(), value->data());
+}
+
+std::unique_ptr<SalesStore> OpenSiteSalesStore(const QByteArray &sitePath)
+{
+    return OpenSalesStore(HostPath(sitePath), FromAnsi(sitePath));
 }
 
 std::unique_ptr<SalesStore> OpenSalesStore(const QString &hostPath, const QString &shownPath)

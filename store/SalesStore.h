@@ -89,6 +89,11 @@ public:
 // engine's error, which names the file as `shownPath` when given (the site's own path).
 std::unique_ptr<SalesStore> OpenSalesStore(const QString &hostPath, const QString &shownPath = {});
 
+// The site's sales database, below the data root or, in one place, the site root.
+inline const QByteArray SalesDatabaseFile = QByteArrayLiteral("data\\Quillon.mdb");
+// Opens the database at a site path, such as "C:\Quillon\data\Quillon.mdb", its errors naming it.
+std::unique_ptr<SalesStore> OpenSiteSalesStore(const QByteArray &sitePath);
+
 // What the engines share.
 
 // Day zero of the platform's date-time values, 12/30/1899.

@@ -7,6 +7,7 @@
 #include "platform/ui/Report.h"
 #include "platform/ui/ScreenRegistry.h"
 #include "platform/ui/VbComboBox.h"
+#include "platform/ui/VbTextBox.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -71,6 +72,8 @@ void setOwnText(QWidget *control, const QString &text)
 
 void click(QWidget *control)
 {
+    if (auto *box = qobject_cast<VbTextBox *>(control))
+        return box->click();
     auto *button = qobject_cast<QAbstractButton *>(control);
     if (!button)
         throw ControlError{QStringLiteral("can't be clicked")};

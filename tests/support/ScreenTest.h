@@ -31,12 +31,13 @@ protected:
 
     void TearDown() override { Screens().clear(); }
 
-    // The two files a start-up reads: the site's configuration with its data root, and the
-    // list's last dates.
+    // The two files a start-up reads: the site's configuration with its data root, which is also
+    // the employee root as on a normal site, and the list's last dates.
     void writeConfiguration(QByteArrayView dataRoot, const QByteArray &listDates) const
     {
         IniRec2300 configuration;
         configuration.setField(IniRec2300::DataRootField, dataRoot);
+        configuration.setField(IniRec2300::EmployeeRootField, dataRoot);
         site.write(QStringLiteral("Quillon/QlonINI.dat"), configuration.bytes());
         site.write(QStringLiteral("Quillon/data/ListbuilderINI.dat"), listDates);
     }

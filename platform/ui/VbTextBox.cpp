@@ -1,0 +1,22 @@
+#include "platform/ui/VbTextBox.h"
+
+namespace qlon {
+
+VbTextBox::VbTextBox(const QString &text, QWidget *parent)
+    : QLineEdit(text, parent)
+{
+}
+
+void VbTextBox::mousePressEvent(QMouseEvent *event)
+{
+    QLineEdit::mousePressEvent(event);
+    emit Click();
+}
+
+void VbTextBox::focusInEvent(QFocusEvent *event)
+{
+    QLineEdit::focusInEvent(event);
+    emit GotFocus();
+}
+
+} // namespace qlon

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "store/SalesStore.h"
+
+#include <memory>
+
+class QWidget;
+
+namespace qlon {
+
+// Opens the site's sales database as a screen's data control does when the screen loads: a
+// database that can't be opened shows "Data error event hit err:" with the engine's text, and
+// the screen goes on without one.
+std::unique_ptr<SalesStore> OpenDataControl(QWidget *screen);
+
+} // namespace qlon

@@ -1,0 +1,58 @@
+#include "serversales/ServerSearch.h"
+
+#include "core/Conversions.h"
+#include "core/Format.h"
+#include "core/Like.h"
+
+namespace qlon {
+namespace {
+
+bool isLiquor(const QByteArray &type)
+{
+    return type.startsWith('L') || type.startsWith("Beer") || type.startsWith("Wine");
+}
+
+// Adds to the department of the type. A bound past the table's last row reaches nothing there,
+// since every statement on a row out of range is passed over.
+void tally(CategoryValues &table, int bound, const QByteArray &type, double volume, double units)
+{
+    for (int row = 1; row <= bound && row < CategoryValues::rowCount; ++row) {
+        if (table.at(row, 1) != type)
+            continue;
+        table.at(row, 2) = PlainNumber(NumericValue(table.at(row, 2)) + volume);
+        table.at(row, 3) = PlainNumber(NumericValue(table.at(row, 3)) + units);
+        return;
+    }
+}
+
+} // namespace
+
+ServerSales SearchServerSales(const std::vector<SalesRow> &rows, const ServerSearch &search, CategoryValues &table)
+{
+    const QByteArray criterion = '*' + search.server + '*';
+    SpanFilter filter(search.span);
+    CarriedColumns columns;
+    QByteArray roundedPrice;
+    ServerSales found;
+    for (const SalesRow &row : rows) {
+        if (!row[EmpNumber] || !MatchesLike(*row[EmpNumber], criterion))
+            continue;
+        found.visitedAny = true;
+        columns.take(row, ServerSearchColumns);
+        if (filter.contains(columns[OrderDate], columns[Time])) {
+            roundedPrice = FormattedText(columns[UnitPrice], "#####.##");
+            const double price = NumericValue(roundedPrice);
+            found.totalSales += price;
+            if (isLiquor(columns[ItemType]))
+                found.liquorSales += price;
+            found.accepted.push_back(
+                {columns[EmpNumber], columns[OrderDate], columns[Item], columns[UnitPrice], columns[ItemType], columns[Time]});
+        }
+        // Deliberately for every visited row: a row outside the span adds the price of the last
+        // row in it.
+        tally(table, search.departmentBound, columns[ItemType], NumericValue(roundedPrice), NumericValue(columns[Quantity]));
+    }
+    return found;
+}
+
+} // namespace qlon

@@ -1,0 +1,167 @@
+#include "listbuilder/QLONlistBuilder1.h"
+#include "platform/ui/MList.h"
+#include "platform/ui/VbComboBox.h"
+#include "platform/ui/VbTextBox.h"
+#include "serversales/QLONserverLiquor.h"
+#include "store/EmployeeRec1000.h"
+#include "store/SqliteSalesWriter.h"
+#include "tests/support/ScreenTest.h"
+
+#include <QEventLoop>
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace qlon {
+namespace {
+
+QByteArray employee(QByteArrayView number, QByteArrayView acceptsTransfers)
+{
+    EmployeeRec1000 record;
+    record.setField(EmployeeRec1000::EmployeeNumber, number);
+    record.setField(EmployeeRec1000::EmployeeName, "Someone");
+    record.setField(EmployeeRec1000::AcceptsTransfers, acceptsTransfers);
+    return record.bytes();
+}
+
+SalesRow sale(const char *server, const char *date, const char *time, const char *item, const char *type, const char *price)
+{
+    SalesRow row;
+    row[EmpNumber] = server;
+    row[OrderDate] = date;
+    row[Time] = time;
+    row[Item] = item;
+    row[ItemType] = type;
+    row[UnitPrice] = price;
+    row[Quantity] = "1";
+    return row;
+}
+
+void waitFor(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+class ServerScreenTest : public test::ScreenTest
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        registerMainScreenAlone();
+        Screens().add(QStringLiteral("QLONserverLiquor"), [] { return new QLONserverLiquor; });
+    }
+
+    void SetUp() override
+    {
+        ScreenTest::SetUp();
+        writeConfiguration("C:\\Quillon\\", "\"01/01/2004\",\"01/02/2004\"\r\n");
+        site.write(QStringLiteral("Quillon/data/Departments.dat"), "\"Food\"\r\n\"Liquor\"\r\n\"Wine\"\r\n");
+        site.write(QStringLiteral("Quillon/Data/Zemployee.dat"), employee("1002", "-1") + employee("1003", "0") + employee("2104", "-1"));
+        site.write(QStringLiteral("Quillon/Temp/keep"), {});
+        SqliteSalesWriter sales(site.hostPath(QStringLiteral("Quillon/data/Quillon.mdb")));
+        sales.add(sale("1002", "2004-01-01", "19:00:00", "Rum", "Liquor", "6"));
+        sales.add(sale("1002", "2004-01-01", "17:00:00", "Early", "Food", "3"));
+        sales.add(sale("2104", "2004-01-02", "01:00:00", "Merlot", "Wine", "9.5"));
+        sales.add(sale("1002", "2004-01-01", "20:00:00", "Burger", "Food", "12.254"));
+        sales.commit();
+        main = Screens().touch<QLONlistBuilder1>(QStringLiteral("QLONlistBuilder1"));
+        main->Combo2->setText("6:00 PM");
+        main->Combo3->setText("2:00 AM");
+        main->SSCommand9->click();
+        screen = qobject_cast<QLONserverLiquor *>(Screens().existing(QStringLiteral("QLONserverLiquor")));
+        ASSERT_NE(screen, nullptr);
+    }
+
+    QByteArrayList rows(const MList *list) const
+    {
+        QByteArrayList texts;
+        for (int row = 0; row < list->rowCount(); ++row)
+            texts.append(list->rowText(row));
+        return texts;
+    }
+
+    QLONlistBuilder1 *main = nullptr;
+    QLONserverLiquor *screen = nullptr;
+};
+
+TEST_F(ServerScreenTest, OpeningCopiesTheSpanListsTheServersAndTucksTheKeypadAway)
+{
+    EXPECT_TRUE(screen->isVisible());
+    EXPECT_EQ(screen->Text6->text(), main->Label2->text());
+    EXPECT_EQ(screen->Text8->text(), main->Label3->text());
+    EXPECT_EQ(screen->Text7->text(), QStringLiteral("6:00 PM"));
+    EXPECT_EQ(screen->Text9->text(), QStringLiteral("2:00 AM"));
+    EXPECT_EQ(screen->Combo1->text(), "1000");
+    EXPECT_EQ(screen->Text1->text(), QStringLiteral("1000"));
+    ASSERT_EQ(screen->Combo1->entryCount(), 2);
+    EXPECT_EQ(screen->Combo1->entryText(1), "2104");
+    EXPECT_TRUE(screen->SSPanel4->isVisibleTo(screen)) << "the change handlers bring the keypad up";
+    EXPECT_EQ(screen->Label7->text(), QStringLiteral("9"));
+    waitFor(300);
+    EXPECT_FALSE(screen->SSPanel4->isVisibleTo(screen)) << "the timer puts it away once";
+    EXPECT_EQ(screen->keypadTop(), 800);
+
+    main->Label2->setText(QStringLiteral("12/31/2003"));
+    main->SSCommand9->click();
+    EXPECT_EQ(screen->Combo1->entryCount(), 4) << "opening again repeats every server";
+    EXPECT_TRUE(screen->SSPanel4->isVisibleTo(screen)) << "and the keypad stays up: the timer has fired";
+    screen->Combo1->setText("21");
+    EXPECT_EQ(screen->Text1->text(), QStringLiteral("21"));
+}
+
+TEST_F(ServerScreenTest, TheKeypadTypesIntoTheBoxLastClicked)
+{
+    const auto press = [this](std::initializer_list<int> keys) {
+        for (int key : keys)
+            screen->SSCommand6[key]->click();
+    };
+    screen->SSCommand5->click();
+    EXPECT_FALSE(screen->SSPanel4->isVisibleTo(screen));
+    EXPECT_EQ(screen->keypadTop(), 12000);
+    screen->Text7->click();
+    EXPECT_TRUE(screen->SSPanel4->isVisibleTo(screen));
+    EXPECT_EQ(screen->keypadTop(), 800);
+    press({14, 7, 6, 10, 5, 0, 13}); // C 1 2 : 3 0 PM
+    EXPECT_EQ(screen->Text7->text(), QStringLiteral("12:30 PM"));
+    screen->Text8->click();
+    screen->SSCommand7->click();
+    press({14});
+    EXPECT_EQ(screen->Text8->text(), QString());
+    EXPECT_EQ(screen->Text7->text(), QStringLiteral("12:30 PM")) << "C clears only the box last clicked";
+}
+
+TEST_F(ServerScreenTest, UpdateShowsTheServersSalesAndWritesBothLists)
+{
+    screen->Combo1->pick(0);
+    screen->Command1->click();
+    EXPECT_EQ(screen->Label2->text(), QStringLiteral("Search Completed"));
+    EXPECT_EQ(rows(screen->MList1), (QByteArrayList{"1002,1/1/2004,Rum,6,Liquor,7:00:00 PM", "1002,1/1/2004,Burger,12.254,Food,8:00:00 PM"}));
+    EXPECT_EQ(screen->Text3->text(), QStringLiteral("$18.25"));
+    EXPECT_EQ(screen->Text4->text(), QStringLiteral("$6.00"));
+    EXPECT_EQ(screen->Text5->text(), QStringLiteral("$12.25"));
+    // Food adds the early row with the price of the last row in the span, deliberately.
+    EXPECT_EQ(rows(screen->MList2), (QByteArrayList{"Liquor|$6.00|1", "Wine|$0.00|0"}));
+    EXPECT_TRUE(screen->Command1->isEnabled());
+    const QByteArray heading = "~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~\r\n  Server 1002\r\n1/1/2004 to 1/2/2004\r\n6:00 PM to 2:00 AM\r\n"
+                               "~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~\r\n";
+    const QByteArray totals = "________________________________\r\nGrand Total Sales\t$18.25\r\nTotal Liquor Sales\t$6.00\r\n"
+                              "Total Food Sales\t$12.25\r\n";
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")),
+              heading + "Rum\t6\tLiquor\r\nBurger\t12.254\tFood\r\n" + totals);
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList2.Tmp")), heading + "Liquor\t\t$6.00\r\nWine\t\t$0.00\r\n" + totals);
+
+    screen->Combo1->setText("  ");
+    screen->Command1->click();
+    EXPECT_EQ(screen->Label2->text(), QStringLiteral("Searching sales for -"));
+    EXPECT_FALSE(screen->Command1->isEnabled()) << "an empty server leaves the run half done, as it always did";
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")), QByteArray(heading).replace("Server 1002", "Server   "))
+        << "and the list holds its heading alone";
+}
+
+} // namespace
+} // namespace qlon

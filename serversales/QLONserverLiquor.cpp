@@ -107,6 +107,13 @@ QLONserverLiquor::QLONserverLiquor(QWidget *parent)
     SSCommand2 = MakeButton(this, QStringLiteral("SSCommand2"), QStringLiteral("Print"));
     SSCommand3 = MakeButton(this, QStringLiteral("SSCommand3"), QStringLiteral("Print List"));
     SSCommand4 = MakeButton(this, QStringLiteral("SSCommand4"), QStringLiteral("Keyboard"));
+    picButtons = Named(new QWidget(this), QStringLiteral("picButtons"));
+    cmdAdd = MakeButton(picButtons, QStringLiteral("cmdAdd"), QStringLiteral("&Add"));
+    cmdUpdate = MakeButton(picButtons, QStringLiteral("cmdUpdate"), QStringLiteral("&Update"));
+    cmdDelete = MakeButton(picButtons, QStringLiteral("cmdDelete"), QStringLiteral("&Delete"));
+    cmdRefresh = MakeButton(picButtons, QStringLiteral("cmdRefresh"), QStringLiteral("&Refresh"));
+    cmdClose = MakeButton(picButtons, QStringLiteral("cmdClose"), QStringLiteral("&Close"));
+    picButtons->hide();
 
     auto *layout = new QGridLayout(this);
     const QList<QWidget *> fields = {Label3[0], Combo1, Label3[1], Text2, MakeLabel(this, {}, QStringLiteral("Starting Date")), Text6,

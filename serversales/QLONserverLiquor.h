@@ -67,6 +67,14 @@ public:
     QPushButton *SSCommand2;
     QPushButton *SSCommand3;
     QPushButton *SSCommand4;
+    // The data control's button strip: on the form, with no action on this screen, and kept out
+    // of sight so that no one presses a button that does nothing.
+    QWidget *picButtons;
+    QPushButton *cmdAdd;
+    QPushButton *cmdUpdate;
+    QPushButton *cmdDelete;
+    QPushButton *cmdRefresh;
+    QPushButton *cmdClose;
 
 protected:
     // Unloading gives the mouse pointer back its default shape.

@@ -249,6 +249,24 @@ TEST_F(ScriptTest, TheMainJobPrintsAReadablePdfAndExportsTheRun)
     EXPECT_GT(dark, 500) << "the page shows text";
 }
 
+TEST_F(ScriptTest, IndividualSalesFindsOneServersSalesOfTheWeek)
+{
+    writeDemoSite();
+    const Outcome result = run(QStringLiteral("click QLONlistBuilder1.SSCommand9\nwait\nget QLONserverLiquor.Combo1 count\n"
+                                              "pick QLONserverLiquor.Combo1 1005\nclick QLONserverLiquor.Command1\n"
+                                              "get QLONserverLiquor.Label2\nget QLONserverLiquor.MList1 count\n"
+                                              "get QLONserverLiquor.Text3\nget QLONserverLiquor.SSPanel4 visible\n"));
+    ASSERT_EQ(result.status, 0) << result.err.toStdString();
+    const QStringList lines = result.lines();
+    ASSERT_EQ(lines.size(), 5) << result.out.toStdString();
+    EXPECT_EQ(lines[0], QStringLiteral("10")) << "the servers and bartenders, the inactive one too, not the cook";
+    EXPECT_EQ(lines[1], QStringLiteral("Search Completed"));
+    EXPECT_GT(lines[2].toInt(), 50);
+    EXPECT_TRUE(lines[3].startsWith(QLatin1Char('$'))) << lines[3].toStdString();
+    EXPECT_EQ(lines[4], QStringLiteral("false")) << "the keypad went away after the opening";
+    EXPECT_TRUE(site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")).contains("  Server 1005\r\n"));
+}
+
 TEST_F(ScriptTest, ScreenshotsShowTheScreen)
 {
     writeDemoSite();

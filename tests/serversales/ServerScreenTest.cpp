@@ -7,6 +7,7 @@
 #include "store/SqliteSalesWriter.h"
 #include "tests/support/ScreenTest.h"
 
+#include <QCalendarWidget>
 #include <QEventLoop>
 #include <QFrame>
 #include <QLabel>
@@ -133,6 +134,13 @@ TEST_F(ServerScreenTest, TheKeypadTypesIntoTheBoxLastClicked)
     press({14});
     EXPECT_EQ(screen->Text8->text(), QString());
     EXPECT_EQ(screen->Text7->text(), QStringLiteral("12:30 PM")) << "C clears only the box last clicked";
+
+    emit screen->Text2->GotFocus();
+    EXPECT_TRUE(screen->MonthView1->isVisibleTo(screen));
+    screen->MonthView1->setSelectedDate(QDate(2004, 3, 9));
+    emit screen->MonthView1->clicked(QDate(2004, 3, 9));
+    EXPECT_EQ(screen->Text2->text(), QStringLiteral("3/9/2004"));
+    EXPECT_FALSE(screen->MonthView1->isVisibleTo(screen));
 }
 
 TEST_F(ServerScreenTest, UpdateShowsTheServersSalesAndWritesBothLists)

@@ -13,11 +13,13 @@
 #include "listbuilder/QLONlistBuilder1.h"
 #include "platform/PathMap.h"
 #include "platform/ui/Controls.h"
+#include "platform/ui/Dialogs.h"
 #include "platform/ui/MList.h"
 #include "platform/ui/Program.h"
 #include "platform/ui/VbComboBox.h"
 #include "platform/ui/VbTextBox.h"
 #include "serversales/DataControl.h"
+#include "serversales/ServerPaper.h"
 #include "serversales/ServerSearch.h"
 #include "store/EmployeeRec1000.h"
 #include "store/ProgramGlobals.h"
@@ -172,6 +174,11 @@ void QLONserverLiquor::connectHandlers()
         MonthView1->hide();
     });
     OnEvent(SSCommand1, &QPushButton::clicked, this, [this] { close(); });
+    OnEvent(SSCommand2, &QPushButton::clicked, this, [this] {
+        tellWherePrinted(PrintServerSummary(
+            {Text1->text(), Text2->text(), Text3->text(), Text4->text(), Text5->text()}));
+    });
+    OnEvent(SSCommand3, &QPushButton::clicked, this, [this] { tellWherePrinted(PrintServerList()); });
     OnEvent(SSCommand4, &QPushButton::clicked, this, [] {
         // The platform's program start: a keyboard that isn't there is an error nobody handles.
         const QString keyboard = SitePaths().toHost(QStringLiteral("c:\\Windows\\system32\\osk.exe"));
@@ -250,6 +257,12 @@ void QLONserverLiquor::Fill_Employees()
 {
     for (const QByteArray &server : ServerNumbers(HostPath(Site().EmployeeRoot + EmployeeFile)))
         Combo1->addEntry(server);
+}
+
+void QLONserverLiquor::tellWherePrinted(const QString &pdfPath)
+{
+    if (!pdfPath.isEmpty())
+        Dialogs::showMessage(this, QStringLiteral("PRINT"), QStringLiteral("The report is in ") + pdfPath);
 }
 
 void QLONserverLiquor::showKeypad(int top, int field)

@@ -1,11 +1,16 @@
 #include "platform/ui/Report.h"
 
+#include "platform/ui/LinePrinter.h"
+
 #include <QFile>
 #include <QFont>
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QTextStream>
+
+#include <cmath>
 
 namespace qlon {
 
@@ -73,7 +78,7 @@ public:
             font.setPixelSize(cell.fontSize);
             font.setBold(cell.bold);
             m_painter.setFont(font);
-            m_painter.drawText(cell.box.translated(0, top), int(cell.alignment), cell.value);
+            drawWithTabs(cell.box.translated(0, top), cell.alignment, cell.value);
         }
     }
 
@@ -84,6 +89,20 @@ public:
     }
 
 private:
+    // A tab goes on to the next stop, eight average characters along.
+    void drawWithTabs(QRectF box, Qt::Alignment alignment, const QString &text)
+    {
+        const QStringList pieces = text.split(QLatin1Char('\t'));
+        const QFontMetricsF metrics(m_painter.font());
+        const double tabStop = 8 * metrics.averageCharWidth();
+        for (qsizetype index = 0; index < pieces.size(); ++index) {
+            if (index > 0)
+                box.setLeft(tabStop * (std::floor(box.left() / tabStop) + 1));
+            m_painter.drawText(box, int(alignment), pieces[index]);
+            box.setLeft(box.left() + metrics.horizontalAdvance(pieces[index]));
+        }
+    }
+
     std::unique_ptr<QPrinter> m_printer;
     QPainter m_painter;
 };
@@ -219,12 +238,14 @@ std::unique_ptr<ReportOutput> pdfOutput(const QString &pdfPath)
     return std::make_unique<PrinterOutput>(std::move(printer));
 }
 
+// The program's current printer, or the system's default.
 std::unique_ptr<ReportOutput> printerOutput()
 {
-    const QPrinterInfo defaultPrinter = QPrinterInfo::defaultPrinter();
-    if (defaultPrinter.isNull())
+    const QPrinterInfo printer =
+        CurrentPrinter().isEmpty() ? QPrinterInfo::defaultPrinter() : QPrinterInfo::printerInfo(CurrentPrinter());
+    if (printer.isNull())
         return nullptr;
-    return std::make_unique<PrinterOutput>(std::make_unique<QPrinter>(defaultPrinter, QPrinter::HighResolution));
+    return std::make_unique<PrinterOutput>(std::make_unique<QPrinter>(printer, QPrinter::HighResolution));
 }
 
 } // namespace

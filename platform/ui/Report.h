@@ -111,8 +111,8 @@ void SetReportPdfPath(const QString &hostPath);
 using ReportOutputFactory = std::function<std::unique_ptr<ReportOutput>()>;
 void SetReportOutputFactory(ReportOutputFactory factory);
 
-// Where the next report goes: the output a test set, the PDF a script asked for, the default
-// printer, or else a PDF at `fallbackPdf`. `pdfPath` receives the PDF's path, or an empty text.
+// Where the next report goes: the output a test set, the PDF a script asked for, the current
+// printer (see LinePrinter.h), or else a PDF at `fallbackPdf`. `pdfPath` receives the PDF's path, or an empty text.
 std::unique_ptr<ReportOutput> ChooseReportOutput(const QString &fallbackPdf, QString *pdfPath);
 
 } // namespace qlon

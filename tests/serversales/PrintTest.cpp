@@ -3,6 +3,7 @@
 #include "platform/ui/Report.h"
 #include "store/ReportTemplate.h"
 #include "store/SiteConfig.h"
+#include "tests/support/RecordingOutput.h"
 #include "tests/support/ScreenTest.h"
 
 #include <QLabel>
@@ -12,39 +13,8 @@
 namespace qlon {
 namespace {
 
-// What one printed section showed: its page, its name and its named cells.
-struct Printed
-{
-    int page;
-    QString section;
-    QMap<QString, QString> cells;
-};
-
-class RecordingOutput : public ReportOutput
-{
-public:
-    explicit RecordingOutput(QList<Printed> &record, double pageHeight)
-        : m_record(record), m_pageHeight(pageHeight)
-    {
-    }
-    double pageHeight() const override { return m_pageHeight; }
-    void beginPage(int number) override { m_page = number; }
-    void printSection(const ReportSection &section, double) override
-    {
-        Printed printed{m_page, section.name, {}};
-        for (const ReportCell &cell : section.cells) {
-            if (!cell.name.isEmpty())
-                printed.cells.insert(cell.name, cell.value);
-        }
-        m_record.append(printed);
-    }
-    void finish() override {}
-
-private:
-    QList<Printed> &m_record;
-    double m_pageHeight;
-    int m_page = 0;
-};
+using test::Printed;
+using test::RecordingOutput;
 
 class PrintTest : public test::ScreenTest
 {

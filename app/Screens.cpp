@@ -1,5 +1,6 @@
 #include "app/Screens.h"
 
+#include "editors/QlonUpDept.h"
 #include "itemssold/QlonItemsSold.h"
 #include "listbuilder/QLONlistBuilder1.h"
 #include "listbuilder/QLONlistBuilder3.h"
@@ -18,6 +19,7 @@ void RegisterScreens()
     Screens().add(QStringLiteral("QLONlistBuilder3"), [] { return new QLONlistBuilder3; });
     Screens().add(QStringLiteral("QlonExit"), [] { return new QlonExit; });
     Screens().add(QStringLiteral("QlonItemsSold"), [] { return new QlonItemsSold; });
+    Screens().add(QStringLiteral("QlonUpDept"), [] { return new QlonUpDept; });
 }
 
 } // namespace qlon

@@ -217,6 +217,8 @@ ScriptRunner::Status ScriptRunner::run(QIODevice &script)
         if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
             continue;
         const QString problem = execute(line);
+        // Between two commands, as between two clicks of a user, a screen closed for good goes.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         if (!problem.isEmpty()) {
             m_out.flush();
             m_err << "qlon: script line " << number << ": " << problem << " (" << line << ")" << Qt::endl;

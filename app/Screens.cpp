@@ -1,5 +1,6 @@
 #include "app/Screens.h"
 
+#include "editors/PrinterStatus.h"
 #include "editors/QlonUpDept.h"
 #include "itemssold/QlonItemsSold.h"
 #include "listbuilder/QLONlistBuilder1.h"
@@ -20,6 +21,7 @@ void RegisterScreens()
     Screens().add(QStringLiteral("QlonExit"), [] { return new QlonExit; });
     Screens().add(QStringLiteral("QlonItemsSold"), [] { return new QlonItemsSold; });
     Screens().add(QStringLiteral("QlonUpDept"), [] { return new QlonUpDept; });
+    Screens().add(QStringLiteral("PrinterStatus"), [] { return new PrinterStatus; });
 }
 
 } // namespace qlon

@@ -38,6 +38,8 @@ struct ProgramGlobals
     QByteArray TempItemsPath;
     double LastItemSales = 0;
     QByteArray LastItemType;
+    // The documents waiting at a printer, as the printer queue screen counted them last.
+    qint32 PendingCount = 0;
 };
 
 ProgramGlobals &Shared();

@@ -8,7 +8,6 @@
 #include "tests/support/ScreenTest.h"
 
 #include <QCalendarWidget>
-#include <QEventLoop>
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
@@ -39,13 +38,6 @@ SalesRow sale(const char *server, const char *date, const char *time, const char
     row[UnitPrice] = price;
     row[Quantity] = "1";
     return row;
-}
-
-void waitFor(int milliseconds)
-{
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-    loop.exec();
 }
 
 class ServerScreenTest : public test::ScreenTest
@@ -103,7 +95,7 @@ TEST_F(ServerScreenTest, OpeningCopiesTheSpanListsTheServersAndTucksTheKeypadAwa
     EXPECT_EQ(screen->Combo1->entryText(1), "2104");
     EXPECT_TRUE(screen->SSPanel4->isVisibleTo(screen)) << "the change handlers bring the keypad up";
     EXPECT_EQ(screen->Label7->text(), QStringLiteral("9"));
-    waitFor(300);
+    test::waitFor(300);
     EXPECT_FALSE(screen->SSPanel4->isVisibleTo(screen)) << "the timer puts it away once";
     EXPECT_EQ(screen->keypadTop(), 800);
 

@@ -7,9 +7,20 @@
 #include "store/SiteConfig.h"
 #include "tests/support/TempSite.h"
 
+#include <QEventLoop>
+#include <QTimer>
+
 #include <gtest/gtest.h>
 
 namespace qlon::test {
+
+// Lets the event loop run for a while, as the timers of a screen need.
+inline void waitFor(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
 
 // A test of the program's screens on a temporary site: the program's globals afresh before each
 // test, and no screen left loaded after it.

@@ -2,6 +2,7 @@
 
 #include "editors/PrinterStatus.h"
 #include "editors/QlonUpDept.h"
+#include "editors/TCEmployee.h"
 #include "itemssold/QlonItemsSold.h"
 #include "listbuilder/QLONlistBuilder1.h"
 #include "listbuilder/QLONlistBuilder3.h"
@@ -22,6 +23,7 @@ void RegisterScreens()
     Screens().add(QStringLiteral("QlonItemsSold"), [] { return new QlonItemsSold; });
     Screens().add(QStringLiteral("QlonUpDept"), [] { return new QlonUpDept; });
     Screens().add(QStringLiteral("PrinterStatus"), [] { return new PrinterStatus; });
+    Screens().add(QStringLiteral("TCEmployee"), [] { return new TCEmployee; });
 }
 
 } // namespace qlon

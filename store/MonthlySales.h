@@ -1,0 +1,66 @@
+#pragma once
+
+#include "core/TextFile.h"
+
+#include <QByteArray>
+#include <QDate>
+#include <QList>
+
+#include <array>
+#include <optional>
+
+namespace qlon {
+
+// The monthly sales files data\ItemsSold<MMYYYY>.DAT below the site root, which the stations
+// append to and the Items Sold scans read. Nothing here writes them.
+
+// The site path of the month's file, such as "C:\Quillon\data\ItemsSold032004.DAT".
+QByteArray MonthFileName(QDate date);
+
+// The months a scan from the from date ("MM/DD/YY") reads, in order. The walk steps a month at
+// a time from the from date, a short month taking its last day, and isn't bounded by the to
+// date: it ends, as it always did, after the first month whose "MM/31/YY" text reads as a date
+// before it (which happens only for a year 01, 03, 05, 07, 08, 10 or 12), or once no file
+// exists for any later month. An unreadable from date gives no months.
+QList<QDate> MonthWalk(QByteArrayView fromDate);
+
+// The eight fields of a monthly record, read as texts.
+enum MonthlyField { SoldDate, SoldQuantity, SoldItem, SoldPrice, SoldType, SoldTime, Extra1, Extra2, MonthlyFieldCount };
+using MonthlyRecord = std::array<QByteArray, MonthlyFieldCount>;
+
+// A month's file read record by record, locked as a whole while it is open so that no station
+// appends in the middle of a read. Fields are taken wherever they stand, across line ends. A
+// record whose date hasn't "/" as its third character is out of step: it is written to the
+// reject file, seven more fields are read and dropped, and reading goes on.
+class MonthlySalesFile
+{
+public:
+    // The reject file (Items.tmp below the site root) is emptied when the month's file opens.
+    MonthlySalesFile(const QString &hostPath, const QString &rejectHostPath);
+    ~MonthlySalesFile();
+    MonthlySalesFile(const MonthlySalesFile &) = delete;
+    MonthlySalesFile &operator=(const MonthlySalesFile &) = delete;
+
+    qint64 size() const { return m_size; }
+    int rejects() const { return m_rejects; }
+
+    // The next record in step, or none at the end of the file. Fields past the end keep the
+    // texts of the record before, as the old reader's variables did.
+    std::optional<MonthlyRecord> next();
+
+private:
+    void readFields(int count);
+
+    TextFile m_file;
+    TextFile m_rejectFile;
+    qint64 m_size;
+    int m_rejects = 0;
+    MonthlyRecord m_fields;
+};
+
+// "", "0" and "1" are food.
+QByteArray NormalizedType(QByteArrayView type);
+// The price through the pattern "###.###.##", as a number: the value itself up to three decimals.
+double NormalizedPrice(QByteArrayView price);
+
+} // namespace qlon

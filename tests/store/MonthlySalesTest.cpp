@@ -1,0 +1,87 @@
+#include "store/MonthlySales.h"
+#include "store/SiteConfig.h"
+#include "tests/support/TempSite.h"
+
+#include <gtest/gtest.h>
+
+namespace qlon {
+namespace {
+
+class MonthlySalesTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        Site() = SiteGlobals{};
+        Site().SiteRoot = "C:\\Quillon\\";
+    }
+
+    void writeMonths(QDate first, QDate last)
+    {
+        for (QDate month = first; month <= last; month = month.addMonths(1))
+            site.write(QStringLiteral("Quillon/data/ItemsSold%1.DAT").arg(month.toString(u"MMyyyy")), {});
+    }
+
+    test::TempSite site;
+};
+
+TEST_F(MonthlySalesTest, TheWalkStepsFromTheFromDateUntilItsOldEndOrTheLastFile)
+{
+    EXPECT_EQ(MonthFileName(QDate(2004, 3, 9)), "C:\\Quillon\\data\\ItemsSold032004.DAT");
+    writeMonths(QDate(2004, 1, 1), QDate(2006, 12, 1));
+    // Not bounded by the span: the walk goes on until "02/31/05" reads as 31 May 2002, before
+    // 15 February 2005.
+    const QList<QDate> fromMarch = MonthWalk("03/15/04");
+    ASSERT_EQ(fromMarch.size(), 11);
+    EXPECT_EQ(fromMarch.last(), QDate(2005, 1, 15));
+    EXPECT_EQ(MonthWalk("01/15/05"), QList<QDate>{QDate(2005, 1, 15)});
+    EXPECT_EQ(MonthWalk("03/15/06").size(), 10) << "2006 never meets the old end: the last file ends the walk";
+    // Each step is from the from date, so a span from the 31st takes each month's last day.
+    const QList<QDate> fromThe31st = MonthWalk("01/31/04");
+    EXPECT_EQ(fromThe31st.mid(0, 4), (QList<QDate>{QDate(2004, 1, 31), QDate(2004, 2, 29), QDate(2004, 3, 31), QDate(2004, 4, 30)}));
+    EXPECT_TRUE(MonthWalk("not a date").isEmpty());
+    EXPECT_EQ(MonthWalk("12/01/07"), QList<QDate>{QDate(2007, 12, 1)}) << "no later file";
+}
+
+TEST_F(MonthlySalesTest, ARecordAFieldShortIsRejectedAndReadingGoesOnInStep)
+{
+    const QString path = site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"),
+                                    "\"03/01/04\",2,\"Burger\",6.5,\"F\",\"6:05 PM\",\"\",\"\"\r\n"
+                                    "\"03/01/04\",1,\"Fries\",2.5,\"F\",\"6:06 PM\",\"\"\r\n"
+                                    "\"03/02/04\",1,\"Cola\",1.5,\"L\",\"1:00 PM\",\"\",\"\"\r\n"
+                                    "\"03/02/04\",3,\"Tea\",2,\"L\",\"2:00 PM\"\r\n\"\",\"\"\r\n"
+                                    "\"03/03/04\",1,\"Soup\",4,\"F\",\"3:00 PM\",\"\",\"\"\r\n"
+                                    "\"03/04/04\",1,\"Cut");
+    QByteArrayList items;
+    QByteArrayList extras;
+    int rejects = 0;
+    {
+        MonthlySalesFile month(path, site.hostPath(QStringLiteral("Quillon/Items.tmp")));
+        while (const std::optional<MonthlyRecord> record = month.next()) {
+            items.append(record->at(SoldItem));
+            extras.append(record->at(Extra2));
+        }
+        rejects = month.rejects();
+    }
+    // The short record takes the next one's date; the next is rejected, and seven fields later
+    // the reader is in step again.
+    EXPECT_EQ(items, (QByteArrayList{"Burger", "Fries", "Soup", "Cut"}));
+    EXPECT_EQ(extras.at(1), "03/02/04");
+    EXPECT_EQ(extras.at(3), "") << "a record cut by the end keeps the fields of the one before";
+    EXPECT_EQ(rejects, 1);
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Items.tmp")), "\"1|Cola|1.5|L|1:00 PM|||03/02/04|\"\r\n");
+}
+
+TEST(MonthlyValuesTest, TypesAndPricesAreNormalised)
+{
+    EXPECT_EQ(NormalizedType(" 1 "), "F");
+    EXPECT_EQ(NormalizedType("0"), "F");
+    EXPECT_EQ(NormalizedType(""), "F");
+    EXPECT_EQ(NormalizedType(" L"), "L");
+    EXPECT_DOUBLE_EQ(NormalizedPrice("12.5"), 12.5);
+    EXPECT_DOUBLE_EQ(NormalizedPrice("12.1234"), 12.123);
+    EXPECT_DOUBLE_EQ(NormalizedPrice("$1,078.50"), 1078.5);
+}
+
+} // namespace
+} // namespace qlon

@@ -17,6 +17,8 @@ public:
     // The next field: a quoted value without its quotes, or an unquoted one up to the next
     // comma or line end, less trailing blanks. Reading at the end raises "Input past end of file".
     QByteArray ReadField();
+    // The bytes read so far.
+    qint64 position() const { return m_device.pos() - (m_buffer.size() - m_position); }
 
 private:
     int peek();

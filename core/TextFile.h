@@ -21,6 +21,8 @@ public:
 
     bool AtEnd();
     QByteArray ReadField();
+    // The bytes read so far, in an input file.
+    qint64 position() const { return m_reader ? m_reader->position() : 0; }
 
     // One line of the texts, each in double quotes, separated by commas. A quote inside a
     // text is written as it stands: such a value can't be read back whole.

@@ -42,6 +42,7 @@ public:
     MonthlySalesFile &operator=(const MonthlySalesFile &) = delete;
 
     qint64 size() const { return m_size; }
+    qint64 position() const { return m_file.position(); }
     int rejects() const { return m_rejects; }
 
     // The next record in step, or none at the end of the file. Fields past the end keep the

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "itemssold/CatalogueScan.h"
+
+#include <QByteArrayList>
+
+#include <functional>
+#include <vector>
+
+namespace qlon {
+
+// The span of a scan as the Items Sold screen gives it: dates as "MM/DD/YY", times as "12:00 am".
+struct ScanSpan
+{
+    QByteArray fromDate;
+    QByteArray toDate;
+    QByteArray fromTime;
+    QByteArray toTime;
+};
+
+// A catalogue row with what the monthly files sold of it.
+struct SoldRow
+{
+    QByteArray name;       // field 1 of the catalogue row, as it stands
+    QByteArray price;      // field 2
+    QByteArray department; // field 4
+    double amount = 0;     // the line prices, never times the quantity
+    double quantity = 0;
+};
+
+struct SalesScan
+{
+    // The catalogue rows (4001 at the most) and the empty row past the last, which an empty
+    // item name matches and which is never shown.
+    std::vector<SoldRow> rows;
+    // The items sold that no row names and that aren't modifiers, when the report takes them.
+    QByteArrayList notReported;
+    double giftCount = 0;
+    double giftTotal = 0;
+    // The class letter of the last catalogue row, which chooses the "not reported" message.
+    QByteArray lastClass;
+    int rejects = 0;
+    bool stopped = false;
+};
+
+// The scan of the monthly files over the span: every line in the span counts on the first
+// catalogue row with its trimmed name, case respected; a line whose item begins with "Gift" is
+// counted apart, whatever its time. `mode` gives the report's letter ("F", "L", "B", "R" or "A")
+// as the options stand when each month's file opens. The span's hours bind only its first and
+// last days.
+SalesScan ScanSalesFiles(const QByteArrayList &catalogueRows, const ScanSpan &span, const std::function<QByteArray()> &mode,
+                         ScanProgress &progress);
+
+// The rows of the report lists, "quantity|name|amount|price|department", for the rows that sold
+// and bear a name; a name of up to 14 characters gets three blanks behind it.
+QByteArrayList ReportRows(const SalesScan &scan);
+
+} // namespace qlon

@@ -1,0 +1,126 @@
+#include "itemssold/SalesFileScan.h"
+#include "store/SiteConfig.h"
+#include "tests/support/TempSite.h"
+
+#include <QRandomGenerator>
+
+#include <gtest/gtest.h>
+
+namespace qlon {
+namespace {
+
+QByteArray catalogueRow(const char *name, const char *price, char itemClass, const char *department)
+{
+    return QByteArray(name).leftJustified(18) + '|' + QByteArray(price).leftJustified(10) + '|' + itemClass + '|'
+           + QByteArray(department).leftJustified(20);
+}
+
+QByteArray line(const char *date, const char *quantity, const char *item, const char *price, const char *type, const char *time)
+{
+    return QByteArray("\"") + date + "\"," + quantity + ",\"" + item + "\"," + price + ",\"" + type + "\",\"" + time + "\",\"\",\"\"\r\n";
+}
+
+class StopAfter : public ScanProgress
+{
+public:
+    explicit StopAfter(int questions = 1000000) : m_questions(questions) {}
+    void setMaximum(int) override {}
+    void setValue(int) override {}
+    bool stopRequested() override { return --m_questions < 0; }
+
+private:
+    int m_questions;
+};
+
+class SalesFileScanTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        Site() = SiteGlobals{};
+        Site().SiteRoot = "C:\\Quillon\\";
+        site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"),
+                   line("03/01/04", "2", "Burger", "6.5", "F", "7:00 PM") + line("03/01/04", "1", "Burger", "6.5", "F", "5:00 PM")
+                       + line("03/02/04", "1", "Cola", "1.25", "L", "1:00 AM") + line("03/02/04", "1", "Cola", "1.25", "L", "3:00 AM")
+                       + line("03/01/04", "1", "Gift Card", "25", "R", "4:00 PM")
+                       + line("03/01/04", "1", "ADD Cheese", "1", "F", "8:00 PM")
+                       + line("03/01/04", "1", "Mystery", "3", "L", "8:00 PM") + line("03/01/04", "1", "", "9", "F", "8:00 PM")
+                       + line("03/05/04", "1", "Burger", "6.5", "F", "8:00 PM"));
+        site.write(QStringLiteral("Quillon/data/ItemsSold042004.DAT"), line("04/01/04", "1", "Cola", "1.25", "L", "1:00 PM"));
+    }
+
+    SalesScan scan(const QByteArray &mode, ScanProgress &&progress = StopAfter())
+    {
+        const QByteArrayList catalogue = {catalogueRow("Burger", "6.50", 'F', "Food"), catalogueRow("Burger", "7.00", 'F', "Food"),
+                                          catalogueRow("Cola", "1.25", 'L', "Beverage")};
+        return ScanSalesFiles(catalogue, {"03/01/04", "03/02/04", "6:00 pm", "2:00 am"}, [mode] { return mode; }, progress);
+    }
+
+    test::TempSite site;
+};
+
+TEST_F(SalesFileScanTest, LinesCountOnTheFirstRowOfTheirNameWithinTheSpan)
+{
+    const SalesScan all = scan("A");
+    ASSERT_EQ(all.rows.size(), 4u) << "three rows and the empty one past them";
+    EXPECT_EQ(all.rows[0].quantity, 2);
+    EXPECT_DOUBLE_EQ(all.rows[0].amount, 6.5) << "the price is never multiplied by the quantity";
+    EXPECT_EQ(all.rows[1].quantity, 0) << "a second row of the same name counts nothing";
+    EXPECT_DOUBLE_EQ(all.rows[2].amount, 1.25);
+    EXPECT_DOUBLE_EQ(all.rows[3].amount, 9) << "an empty item counts on the empty row past the last";
+    EXPECT_EQ(all.giftCount, 1);
+    EXPECT_DOUBLE_EQ(all.giftTotal, 25);
+    EXPECT_EQ(all.notReported, QByteArrayList{"Mystery"});
+    EXPECT_EQ(all.lastClass, "L");
+    EXPECT_FALSE(all.stopped);
+    EXPECT_EQ(ReportRows(all), (QByteArrayList{"2|Burger            |$6.50|6.50      |Food                ",
+                                               "1|Cola              |$1.25|1.25      |Beverage            "}));
+
+    EXPECT_TRUE(scan("F").notReported.isEmpty()) << "a food report leaves liquor lines out";
+    EXPECT_EQ(scan("L").notReported, QByteArrayList{"Mystery"});
+}
+
+TEST_F(SalesFileScanTest, AStopEndsTheScanAndShortNamesGetThreeBlanks)
+{
+    EXPECT_TRUE(scan("A", StopAfter(1)).stopped);
+    SalesScan shortNames;
+    shortNames.rows = {{"Fourteen chars", "1", "Food", 2, 1}, {"Fifteen chars!!", "1", "Food", 2, 1}};
+    EXPECT_EQ(ReportRows(shortNames), (QByteArrayList{"1|Fourteen chars   |$2.00|1|Food", "1|Fifteen chars!!|$2.00|1|Food"}));
+}
+
+// The old search walked the table from the top for every line; the scan finds the same first row.
+TEST_F(SalesFileScanTest, EveryLineCountsWhereAWalkFromTheTopFindsItsName)
+{
+    QRandomGenerator random(11);
+    const auto name = [&] { return "Item " + QByteArray::number(random.bounded(60)); };
+    QByteArrayList catalogue;
+    for (int row = 0; row < 300; ++row)
+        catalogue.append(catalogueRow(random.bounded(10) == 0 ? "" : name().constData(), "1", 'F', "Food"));
+    QByteArray lines;
+    QList<QByteArray> items;
+    for (int index = 0; index < 2000; ++index) {
+        const QByteArray item = random.bounded(20) == 0 ? QByteArray() : (random.bounded(2) ? " " : "") + name();
+        items.append(item);
+        lines += line("03/01/04", "1", item.constData(), "1", "F", "9:00 PM");
+    }
+    site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"), lines);
+    StopAfter never;
+    const SalesScan found = ScanSalesFiles(catalogue, {"03/01/04", "03/02/04", "6:00 pm", "2:00 am"}, [] { return QByteArray("A"); }, never);
+
+    std::vector<double> walked(catalogue.size() + 1, 0);
+    for (const QByteArray &item : items) {
+        for (qsizetype row = 0; row <= catalogue.size(); ++row) {
+            const QByteArray rowName = row < catalogue.size() ? catalogue[row].split('|').first().trimmed() : QByteArray();
+            if (rowName == item.trimmed()) {
+                ++walked[row];
+                break;
+            }
+        }
+    }
+    ASSERT_EQ(found.rows.size(), walked.size());
+    for (std::size_t row = 0; row < walked.size(); ++row)
+        EXPECT_EQ(found.rows[row].quantity, walked[row]) << "row " << row;
+}
+
+} // namespace
+} // namespace qlon

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArrayList>
+#include <QDate>
 
 namespace qlon {
 
@@ -24,6 +25,8 @@ public:
     virtual void setValue(int value) = 0;
     // Gives the event loop a turn and tells whether the user asked to stop.
     virtual bool stopRequested() = 0;
+    // A month's sales file is about to be read.
+    virtual void monthStarted(QDate month) { Q_UNUSED(month); }
 };
 
 // The catalogue rows of a report: one row for each sellable name of the catalogue files below

@@ -1,22 +1,104 @@
 #pragma once
 
+#include "itemssold/CatalogueScan.h"
+#include "listbuilder/CSort.h"
+#include "platform/ui/ScreenRegistry.h"
+
 #include <QWidget>
+
+#include <array>
+
+class QCalendarWidget;
+class QCheckBox;
+class QLabel;
+class QListWidget;
+class QProgressBar;
+class QPushButton;
+class QRadioButton;
 
 namespace qlon {
 
+class MList;
 class VbComboBox;
 
-// The richer Items Sold analysis of the monthly sales files. The main screen only creates it,
-// through its sort options; of its controls, only the department filter stands so far, which
-// the departments editor reloads.
-class QlonItemsSold : public QWidget
+// "Items Sold": the analysis of the monthly sales files. The user picks a span of dates and
+// hours and a report, and "Update List" lists every item sold with its units and sales, which
+// can be sorted and filtered by department. The main screen creates it through its sort options;
+// a script shows it.
+class QlonItemsSold : public QWidget, public LoadedScreen, private ScanProgress
 {
     Q_OBJECT
 
 public:
     explicit QlonItemsSold(QWidget *parent = nullptr);
 
-    VbComboBox *Combo2; // "Show only this Department"
+    void Form_Load() override;
+    // "Update List": the catalogue scan, its sort and the removal of repeats, then the scan of
+    // the monthly files and the report.
+    void UpdateList();
+    void ReadSalesFiles();
+    void DisableButtons() { setButtonsEnabled(false); }
+    void EnableButtons() { setButtonsEnabled(true); }
+
+    QCalendarWidget *MonthView1;
+    QCalendarWidget *MonthView2;
+    QLabel *Label2; // from date, "MM/DD/YY"
+    QLabel *Label3; // to date
+    QLabel *Label4; // the from date's day
+    QLabel *Label5;
+    std::array<QPushButton *, 2> SSCommand1; // a day later, a day earlier: the from date
+    std::array<QPushButton *, 2> SSCommand2; // the same for the to date
+    std::array<VbComboBox *, 2> Combo1;      // from and to time of day
+    QRadioButton *SSOption1;                 // "Food"
+    QRadioButton *SSOption2;                 // "Bar"
+    QRadioButton *SSOption3;                 // "Both"
+    QRadioButton *SSOption5;                 // "Retail"
+    QRadioButton *SSOption6;                 // "All"
+    std::array<QRadioButton *, 4> SSOption4; // sort order
+    QCheckBox *Check2;                       // "Numeric Sort"
+    VbComboBox *Combo2;                      // "Show only this Department"
+    QPushButton *SSCommand9;                 // "Update": the department filter
+    QPushButton *SSCommand10;                // "Edit": the departments editor
+    QPushButton *SSCommand4;                 // "Update List"
+    QPushButton *SSCommand11;                // "Stop"
+    QPushButton *SSCommand5;                 // "Print" on the receipt printer
+    QPushButton *SSCommand6;                 // "Print" through the report engine
+    QPushButton *SSCommand8;                 // "Inventory"
+    QPushButton *SSCommand3;                 // "Done"
+    QLabel *SSPanel1;                        // title and status line
+    QProgressBar *ProgressBar1;
+    QLabel *Label7; // the total sales volume
+    MList *MList1;  // the report
+    MList *MList2;  // the report as the scan left it, for the filter
+    MList *MList3;  // the catalogue rows
+    QListWidget *List1; // printable rows in display order
+    QListWidget *List2; // printable rows in scan order
+    QListWidget *List4; // items not reported
+
+private:
+    void layOut();
+    void connectHandlers();
+    void setButtonsEnabled(bool enabled);
+    void showDates();
+    void stepDate(QCalendarWidget *calendar, int days);
+    bool stopped();
+    void SSCommand11_Click();
+    void SSOption4_Click(int index);
+    void Check2_Click();
+    void RebuildPrintList();
+    void SSCommand9_Click();
+    QByteArray modeLetter() const;
+    ReportOptions reportOptions() const;
+    void tellNotReported(const QByteArray &kind);
+
+    // The scans' progress, on the bar and the status line.
+    void setMaximum(int maximum) override;
+    void setValue(int value) override;
+    bool stopRequested() override;
+    void monthStarted(QDate month) override;
+
+    CSort m_comparer;
+    QString m_monthStatus;
 };
 
 } // namespace qlon

@@ -163,6 +163,7 @@ SalesScan ScanSalesFiles(const QByteArrayList &catalogueRows, const ScanSpan &sp
         const QString path = HostPath(MonthFileName(month));
         if (!QFileInfo::exists(path))
             continue;
+        progress.monthStarted(month);
         if (!scanner.readMonth(path, mode())) {
             scanner.result.stopped = true;
             break;
@@ -172,17 +173,20 @@ SalesScan ScanSalesFiles(const QByteArrayList &catalogueRows, const ScanSpan &sp
     return scanner.result;
 }
 
-QByteArrayList ReportRows(const SalesScan &scan)
+std::vector<ReportLine> ReportLines(const SalesScan &scan)
 {
-    QByteArrayList rows;
+    std::vector<ReportLine> lines;
     for (const SoldRow &row : scan.rows) {
         const QByteArray trimmed = TrimBlanks(row.name);
         if (row.quantity == 0 || trimmed.isEmpty() || trimmed == "Avaliable")
             continue;
         const QByteArray name = row.name.size() <= 14 ? row.name + "   " : row.name;
-        rows.append(PlainNumber(row.quantity) + '|' + name + '|' + Currency(row.amount) + '|' + row.price + '|' + row.department);
+        const QByteArray quantity = PlainNumber(row.quantity);
+        const QByteArray amount = Currency(row.amount);
+        lines.push_back({quantity + '|' + name + '|' + amount + '|' + row.price + '|' + row.department,
+                         quantity + '\t' + name + '\t' + amount, row.amount});
     }
-    return rows;
+    return lines;
 }
 
 } // namespace qlon

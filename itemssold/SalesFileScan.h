@@ -3,6 +3,7 @@
 #include "itemssold/CatalogueScan.h"
 
 #include <QByteArrayList>
+#include <QDate>
 
 #include <functional>
 #include <vector>
@@ -51,8 +52,17 @@ struct SalesScan
 SalesScan ScanSalesFiles(const QByteArrayList &catalogueRows, const ScanSpan &span, const std::function<QByteArray()> &mode,
                          ScanProgress &progress);
 
-// The rows of the report lists, "quantity|name|amount|price|department", for the rows that sold
-// and bear a name; a name of up to 14 characters gets three blanks behind it.
-QByteArrayList ReportRows(const SalesScan &scan);
+// A row of the report: the list's "quantity|name|amount|price|department", the printable
+// "quantity<tab>name<tab>amount", and the amount.
+struct ReportLine
+{
+    QByteArray listText;
+    QByteArray printText;
+    double amount = 0;
+};
+
+// The report's rows, for the rows that sold and bear a name; a name of up to 14 characters gets
+// three blanks behind it.
+std::vector<ReportLine> ReportLines(const SalesScan &scan);
 
 } // namespace qlon

@@ -315,18 +315,25 @@ void QLONlistBuilder1::loadDepartments()
     }
 }
 
-void QLONlistBuilder1::Fill_Times()
+QByteArrayList TimeOfDayLines()
 {
     const char *minutes[] = {"00", "10", "15", "20", "25", "30", "35", "40", "45", "50", "55"}; // deliberately no "05"
+    QByteArrayList lines;
     for (const char *halfOfDay : {"am", "pm"}) {
         for (int hour = 0; hour < 12; ++hour) {
             const QByteArray hourText = QByteArray::number(hour == 0 ? 12 : hour).rightJustified(2, '0');
-            for (const char *minute : minutes) {
-                const QByteArray line = hourText + ':' + minute + ' ' + halfOfDay;
-                Combo2->addEntry(line);
-                Combo3->addEntry(line);
-            }
+            for (const char *minute : minutes)
+                lines.append(hourText + ':' + minute + ' ' + halfOfDay);
         }
+    }
+    return lines;
+}
+
+void QLONlistBuilder1::Fill_Times()
+{
+    for (const QByteArray &line : TimeOfDayLines()) {
+        Combo2->addEntry(line);
+        Combo3->addEntry(line);
     }
     // Deliberately in capitals, and "11:59 PM" is not among the lines.
     Combo2->setText("12:00 AM");

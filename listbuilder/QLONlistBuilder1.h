@@ -28,6 +28,10 @@ class VbComboBox;
 // day, loads the list of items, calculates their sales, sorts, prints or exports the list.
 // Its state lives in its controls, which bear the names by which the rest of the program and
 // the scripts reach them.
+// The times of day of the hour pickers, "12:00 am" to "11:55 pm" in steps of five and ten
+// minutes: deliberately without five past the hour.
+QByteArrayList TimeOfDayLines();
+
 class QLONlistBuilder1 : public QWidget, public LoadedScreen
 {
     Q_OBJECT

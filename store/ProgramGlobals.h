@@ -29,6 +29,8 @@ struct ProgramGlobals
 {
     // The word by which a screen tells another who opened it, or that a stop is asked.
     QByteArray ScreenMode;
+    // The stop flag of the Items Sold scans, which their Stop button sets.
+    bool StopRequested = false;
     CategoryValues CategoryTable;
     // The merged catalogue file that Load List read last.
     QByteArray ItemListPath;

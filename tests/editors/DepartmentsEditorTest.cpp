@@ -37,6 +37,7 @@ protected:
     {
         ScreenTest::SetUp();
         writeConfiguration("C:\\Quillon\\", "\"01/01/2004\",\"01/02/2004\"\r\n");
+        Site().SiteRoot = "C:\\Quillon\\"; // the Items Sold screen reads the departments below it
     }
 
     QlonUpDept *open(const QByteArray &mode)

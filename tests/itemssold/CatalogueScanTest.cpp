@@ -1,6 +1,7 @@
 #include "itemssold/CatalogueScan.h"
 #include "store/ItemRec500.h"
 #include "store/SiteConfig.h"
+#include "tests/support/CatalogueItem.h"
 #include "tests/support/TempSite.h"
 
 #include <QRandomGenerator>
@@ -12,12 +13,7 @@ namespace {
 
 ItemRec500 item(const QByteArray &title, const QByteArray &receipt, const QByteArray &price, const QByteArray &department = "Food")
 {
-    ItemRec500 record;
-    record.setField(ItemRec500::ButtonTitle, title);
-    record.setField(ItemRec500::ReceiptText, receipt);
-    record.setField(ItemRec500::Price, price);
-    record.setField(ItemRec500::Department, department);
-    return record;
+    return test::CatalogueItem(title, price, department, receipt);
 }
 
 // The row of a record: its fields at their full widths.

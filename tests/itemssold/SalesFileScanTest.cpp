@@ -73,8 +73,11 @@ TEST_F(SalesFileScanTest, LinesCountOnTheFirstRowOfTheirNameWithinTheSpan)
     EXPECT_EQ(all.notReported, QByteArrayList{"Mystery"});
     EXPECT_EQ(all.lastClass, "L");
     EXPECT_FALSE(all.stopped);
-    EXPECT_EQ(ReportRows(all), (QByteArrayList{"2|Burger            |$6.50|6.50      |Food                ",
-                                               "1|Cola              |$1.25|1.25      |Beverage            "}));
+    const std::vector<ReportLine> report = ReportLines(all);
+    ASSERT_EQ(report.size(), 2u);
+    EXPECT_EQ(report[0].listText, "2|Burger            |$6.50|6.50      |Food                ");
+    EXPECT_EQ(report[1].printText, "1\tCola              \t$1.25");
+    EXPECT_DOUBLE_EQ(report[1].amount, 1.25);
 
     EXPECT_TRUE(scan("F").notReported.isEmpty()) << "a food report leaves liquor lines out";
     EXPECT_EQ(scan("L").notReported, QByteArrayList{"Mystery"});
@@ -85,7 +88,10 @@ TEST_F(SalesFileScanTest, AStopEndsTheScanAndShortNamesGetThreeBlanks)
     EXPECT_TRUE(scan("A", StopAfter(1)).stopped);
     SalesScan shortNames;
     shortNames.rows = {{"Fourteen chars", "1", "Food", 2, 1}, {"Fifteen chars!!", "1", "Food", 2, 1}};
-    EXPECT_EQ(ReportRows(shortNames), (QByteArrayList{"1|Fourteen chars   |$2.00|1|Food", "1|Fifteen chars!!|$2.00|1|Food"}));
+    const std::vector<ReportLine> report = ReportLines(shortNames);
+    ASSERT_EQ(report.size(), 2u);
+    EXPECT_EQ(report[0].listText, "1|Fourteen chars   |$2.00|1|Food");
+    EXPECT_EQ(report[1].listText, "1|Fifteen chars!!|$2.00|1|Food");
 }
 
 // The old search walked the table from the top for every line; the scan finds the same first row.

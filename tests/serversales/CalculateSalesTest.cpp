@@ -9,6 +9,7 @@
 #include "store/ItemRec500.h"
 #include "store/SiteConfig.h"
 #include "store/SqliteSalesWriter.h"
+#include "tests/support/CatalogueItem.h"
 #include "tests/support/ScreenTest.h"
 
 #include <QDir>
@@ -25,11 +26,7 @@ namespace {
 
 ItemRec500 item(const QByteArray &title, const QByteArray &department, const QByteArray &price)
 {
-    ItemRec500 record;
-    record.setField(ItemRec500::ButtonTitle, title);
-    record.setField(ItemRec500::Department, department);
-    record.setField(ItemRec500::Price, price);
-    return record;
+    return test::CatalogueItem(title, price, department);
 }
 
 SalesRow sale(int id, const QByteArray &name, const QByteArray &date, const QByteArray &time, const QByteArray &quantity,

@@ -1,0 +1,122 @@
+#include "itemssold/QlonItemsSold.h"
+#include "platform/ui/Dialogs.h"
+#include "platform/ui/MList.h"
+#include "platform/ui/VbComboBox.h"
+#include "tests/support/CatalogueItem.h"
+#include "tests/support/ScreenTest.h"
+
+#include <QCalendarWidget>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTextStream>
+
+#include <gtest/gtest.h>
+
+namespace qlon {
+namespace {
+
+QByteArray line(const char *date, const char *item, const char *price, const char *type, const char *time)
+{
+    return QByteArray("\"") + date + "\",1,\"" + item + "\"," + price + ",\"" + type + "\",\"" + time + "\",\"\",\"\"\r\n";
+}
+
+class ItemsSoldScreenTest : public test::ScreenTest
+{
+protected:
+    void SetUp() override
+    {
+        ScreenTest::SetUp();
+        Site().SiteRoot = "C:\\Quillon\\";
+        QByteArray buttons;
+        for (const ItemRec500 &record : {test::CatalogueItem("Burger", "6.50"), test::CatalogueItem("Fries", "2.50"),
+                                          test::CatalogueItem("Salad", "1200", "Catering")})
+            buttons += record.bytes();
+        site.write(QStringLiteral("Quillon/ini/Button0.dat"), buttons);
+        site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"),
+                   line("03/01/04", "Burger", "6.5", "F", "7:00 PM") + line("03/01/04", "Burger", "6.5", "F", "8:00 PM")
+                       + line("03/01/04", "Fries", "2.5", "F", "8:00 PM") + line("03/01/04", "Salad", "1200", "F", "8:00 PM")
+                       + line("03/01/04", "Gift Card", "25", "R", "8:00 PM") + line("03/01/04", "Soup", "4", "F", "8:00 PM"));
+        Dialogs::useScriptedAnswers(&messages);
+        Screens().add(QStringLiteral("QlonItemsSold"), [] { return new QlonItemsSold; });
+        screen = Screens().touch<QlonItemsSold>(QStringLiteral("QlonItemsSold"));
+        for (QCalendarWidget *calendar : {screen->MonthView1, screen->MonthView2}) {
+            calendar->setSelectedDate(QDate(2004, 3, 1));
+            emit calendar->clicked(QDate(2004, 3, 1));
+        }
+    }
+
+    void TearDown() override
+    {
+        Dialogs::useScriptedAnswers(nullptr);
+        ScreenTest::TearDown();
+    }
+
+    QByteArrayList rows() const
+    {
+        QByteArrayList texts;
+        for (int row = 0; row < screen->MList1->rowCount(); ++row)
+            texts.append(screen->MList1->rowText(row));
+        return texts;
+    }
+
+    QString shown;
+    QTextStream messages{&shown};
+    QlonItemsSold *screen = nullptr;
+};
+
+TEST_F(ItemsSoldScreenTest, UpdateListReportsEveryItemSoldWithGiftsApartFromTheTotal)
+{
+    EXPECT_EQ(screen->Label2->text(), QStringLiteral("03/01/04"));
+    EXPECT_EQ(screen->Label4->text(), QStringLiteral("Monday"));
+    EXPECT_EQ(screen->Combo1[1]->text(), "11:59 pm");
+    EXPECT_EQ(screen->Combo1[0]->entryCount(), 265);
+    EXPECT_EQ(screen->Combo2->text(), "All");
+
+    screen->SSCommand4->click();
+    EXPECT_EQ(screen->SSPanel1->text(), QStringLiteral("Report Complete"));
+    // The list sorts as rows come, by the first column.
+    EXPECT_EQ(rows(), (QByteArrayList{"1|Fries             |$2.50|2.50      |Food                ",
+                                      "1|Salad             |$1,200.00|1200      |Catering            ",
+                                      "1|Gift Card & Reloads|$25.00",
+                                      "2|Burger            |$13.00|6.50      |Food                "}));
+    EXPECT_EQ(screen->Label7->text(), QStringLiteral("$1,215.50"));
+    EXPECT_EQ(screen->List4->count(), 1) << "Soup is on no button";
+    // The gift total took the place of the class letter, so the message is empty, deliberately.
+    EXPECT_TRUE(shown.contains(QStringLiteral("message: Items Not Reported | \n")));
+    EXPECT_TRUE(screen->SSCommand9->isEnabled());
+    EXPECT_FALSE(screen->SSCommand11->isVisibleTo(screen));
+}
+
+TEST_F(ItemsSoldScreenTest, SortsKeepThePrintListInStepAndTheFilterKeepsItsOddTotal)
+{
+    screen->SSCommand4->click();
+    screen->SSOption4[0]->click(); // total sold, most first
+    EXPECT_FALSE(screen->SSOption4[3]->isEnabled());
+    ASSERT_EQ(screen->List1->count(), 3) << "the print list follows the rows shown, without the gift row";
+    EXPECT_TRUE(screen->List1->item(0)->text().startsWith(QStringLiteral("2\tBurger")));
+
+    screen->Combo2->setText("Catering");
+    screen->SSCommand9->click();
+    // The gift row has three fields and takes the department of the row before it, Salad's.
+    EXPECT_EQ(rows(), (QByteArrayList{"1|Salad             |$1,200.00|1200      |Catering            ",
+                                      "1|Gift Card & Reloads|$25.00"}));
+    EXPECT_EQ(screen->Label7->text(), QStringLiteral("$26.00")) << "$1,200.00 counts up to its first comma";
+    screen->Combo2->setText("All");
+    screen->SSCommand9->click();
+    EXPECT_EQ(rows().size(), 4);
+    EXPECT_EQ(screen->Label7->text(), QStringLiteral("$41.50")) << "13 + 2.5 + 1 + the gift row's 25";
+}
+
+TEST_F(ItemsSoldScreenTest, AStopBeforeTheCatalogueIsReadLeavesAnEmptyList)
+{
+    Shared().StopRequested = false;
+    QTimer::singleShot(0, screen->SSCommand11, &QPushButton::click);
+    screen->SSCommand4->click();
+    EXPECT_EQ(screen->SSPanel1->text(), QStringLiteral("User Stopped"));
+    EXPECT_TRUE(rows().isEmpty());
+}
+
+} // namespace
+} // namespace qlon

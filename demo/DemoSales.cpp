@@ -1,11 +1,15 @@
 #include "demo/DemoSales.h"
 
+#include "core/Format.h"
 #include "core/RecordFile.h"
+#include "core/TextFile.h"
 #include "store/CatalogueFiles.h"
 #include "store/ItemRec500.h"
 #include "store/SqliteSalesWriter.h"
 
 #include <QDir>
+#include <QFile>
+#include <QMap>
 #include <QRandomGenerator>
 
 namespace qlon {
@@ -72,6 +76,16 @@ public:
     {
     }
 
+    // The same lines as the stations also keep them, in a text file a month.
+    void writeMonthlyFiles(const QString &siteFolder) const
+    {
+        for (auto month = m_monthly.cbegin(); month != m_monthly.cend(); ++month) {
+            QFile file(QDir(siteFolder).filePath(QStringLiteral("data/ItemsSold%1.DAT").arg(month.key())));
+            if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+                file.write(month.value());
+        }
+    }
+
     void ring(QDate day)
     {
         const int weekendBusier = day.dayOfWeek() >= 5 ? 14 : 0;
@@ -126,6 +140,9 @@ private:
         row[POSstation] = "POS" + QByteArray::number(1 + m_random.bounded(3));
         row[EmpNumber] = server;
         row[TableNumber] = table;
+        AppendQuotedLine(m_monthly[day.toString(u"MMyyyy")],
+                         {Format(day, "MM/DD/YY"), *row[Quantity], item.name, *row[UnitPrice], item.type, Format(time, "H:MM AMPM"),
+                          saleType, server});
         breakNowAndThen(row);
         m_writer.add(row);
     }
@@ -146,6 +163,7 @@ private:
     const Menu &m_menu;
     QRandomGenerator &m_random;
     int &m_orderId;
+    QMap<QString, QByteArray> m_monthly;
 };
 
 } // namespace
@@ -160,6 +178,7 @@ void WriteDemoSales(const QString &siteFolder, QDate today)
     for (QDate day = today.addDays(-daysOfSales); day < today; day = day.addDays(1))
         salesDay.ring(day);
     writer.commit();
+    salesDay.writeMonthlyFiles(siteFolder);
 }
 
 } // namespace qlon

@@ -182,7 +182,7 @@ void QlonItemsSold::connectHandlers()
 void QlonItemsSold::Form_Load()
 {
     MList1->setComparer(&m_comparer);
-    // The old list took "a a" for a spec; ours refuses an order without a column, and keeps its order.
+    // The old list took "a a" for a sort key; ours refuses an order without a column, and keeps its order.
     SkipOnFailure([this] { MList1->setSortKey("a a"); });
     MList1->setSorted(true);
     MonthView1->setSelectedDate(Today());

@@ -76,8 +76,8 @@ PrinterStatus::PrinterStatus(QWidget *parent)
     List1 = Named(new QListWidget(this), QStringLiteral("List1"));
     List1->hide();
     lblStatus = MakeLabel(this, QStringLiteral("lblStatus"));
-    Text1 = Named(new QLineEdit(QStringLiteral("rundll32 shell32.dll,Control_RunDLL Main.CPL,Printers"), this), QStringLiteral("Text1"));
-    Text2 = Named(new QLineEdit(this), QStringLiteral("Text2"));
+    Text1 = MakeTextBox(this, QStringLiteral("Text1"), QStringLiteral("rundll32 shell32.dll,Control_RunDLL Main.CPL,Printers"));
+    Text2 = MakeTextBox(this, QStringLiteral("Text2"));
     Text1->hide();
     Text2->hide();
     auto *commands = new QHBoxLayout;
@@ -236,13 +236,13 @@ int PrinterStatus::GetPrinterQueue(const QString &deviceName)
 
 PrinterCompanion *PrinterStatus::companion(const QString &name)
 {
-    return Screens().knows(name) ? dynamic_cast<PrinterCompanion *>(Screens().touch(name)) : nullptr;
+    return dynamic_cast<PrinterCompanion *>(Screens().touch(name));
 }
 
 PrinterCompanion *PrinterStatus::showCompanion(const QString &name)
 {
-    if (Screens().knows(name))
-        Screens().touch(name)->show();
+    if (QWidget *screen = Screens().touch(name))
+        screen->show();
     return companion(name);
 }
 

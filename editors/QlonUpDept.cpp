@@ -48,7 +48,7 @@ QlonUpDept::QlonUpDept(QWidget *parent)
     auto *layout = new QGridLayout(this);
     layout->addWidget(SSPanel1, 0, 0, 1, 3);
     for (int row = 0; row < rowCount; ++row) {
-        Text1[row] = Named(new QLineEdit(this), ArrayName("Text1", row));
+        Text1[row] = MakeTextBox(this, ArrayName("Text1", row));
         Check1[row] = Named(new QCheckBox(this), ArrayName("Check1", row));
         layout->addWidget(MakeLabel(this, {}, QString::number(row)), row + 1, 0);
         layout->addWidget(Text1[row], row + 1, 1);
@@ -114,7 +114,7 @@ void QlonUpDept::Done_Click()
         rewriteFile();
     } else if (mode == "UPCHARGE2") {
         mode.clear();
-        VbComboBox *picker = Screens().touch<QLONlistBuilder1>(QStringLiteral("QLONlistBuilder1"))->Combo1;
+        VbComboBox *picker = MainScreen()->Combo1;
         picker->clearEntries();
         rewriteFile([&](int row) {
             const QByteArray name = ToAnsi(Text1[row]->text());

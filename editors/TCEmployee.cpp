@@ -80,7 +80,7 @@ protected:
 
 QLineEdit *textBox(QWidget *parent, const QString &name, const QString &tip = {})
 {
-    auto *box = Named(new QLineEdit(parent), name);
+    QLineEdit *box = MakeTextBox(parent, name);
     box->setToolTip(tip);
     return box;
 }
@@ -262,8 +262,6 @@ void TCEmployee::connectHandlers()
     OnEvent(cmdSaveNew, &QPushButton::clicked, this, [this] { SaveNew_Click(); });
     OnEvent(cmdDelete, &QPushButton::clicked, this, [this] { Delete_Click(); });
     OnEvent(cmdPhoneList, &QPushButton::clicked, this, [] {
-        if (!Screens().knows(QStringLiteral("PhoneList")))
-            return;
         if (auto *phones = dynamic_cast<PhoneListCompanion *>(Screens().touch(QStringLiteral("PhoneList"))))
             phones->Command3_Click();
     });
@@ -514,9 +512,9 @@ void TCEmployee::Delete_Click()
 
 void TCEmployee::editList(const QString &title, const QByteArray &file)
 {
-    if (!Screens().knows(QStringLiteral("ListEditor")))
-        return;
     QWidget *screen = Screens().touch(QStringLiteral("ListEditor"));
+    if (!screen)
+        return;
     screen->show();
     if (auto *editor = dynamic_cast<ListEditorCompanion *>(screen)) {
         editor->setList(title, file);

@@ -315,6 +315,11 @@ void QLONlistBuilder1::loadDepartments()
     }
 }
 
+QLONlistBuilder1 *MainScreen()
+{
+    return Screens().touch<QLONlistBuilder1>(QStringLiteral("QLONlistBuilder1"));
+}
+
 QByteArrayList TimeOfDayLines()
 {
     const char *minutes[] = {"00", "10", "15", "20", "25", "30", "35", "40", "45", "50", "55"}; // deliberately no "05"
@@ -526,8 +531,8 @@ void QLONlistBuilder1::SSCommand6_Click()
     // The other template name is only tested for being a text; that file is never opened.
     if (!DataPath("ItemSold.vrd").isEmpty())
         Print_ItemsSold();
-    if (!m_reportPdf.isEmpty() && m_objReport && m_objReport->pageNumber() > 0)
-        Dialogs::showMessage(this, QStringLiteral("PRINT"), QStringLiteral("The report is in ") + m_reportPdf);
+    if (m_objReport && m_objReport->pageNumber() > 0)
+        TellWherePrinted(this, m_reportPdf);
 }
 
 bool QLONlistBuilder1::InitializeReport(const QByteArray &templatePath)

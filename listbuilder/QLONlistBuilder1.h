@@ -32,6 +32,10 @@ class VbComboBox;
 // minutes: deliberately without five past the hour.
 QByteArrayList TimeOfDayLines();
 
+class QLONlistBuilder1;
+// The main screen, loaded at its first touch.
+QLONlistBuilder1 *MainScreen();
+
 class QLONlistBuilder1 : public QWidget, public LoadedScreen
 {
     Q_OBJECT

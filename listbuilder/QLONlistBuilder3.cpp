@@ -32,7 +32,7 @@ QLONlistBuilder3::QLONlistBuilder3(QWidget *parent)
 
 void QLONlistBuilder3::Command1_Click()
 {
-    const auto *main = Screens().touch<QLONlistBuilder1>(QStringLiteral("QLONlistBuilder1"));
+    const QLONlistBuilder1 *main = MainScreen();
     const QByteArray from = ToAnsi(main->Label2->text());
     const QByteArray to = ToAnsi(main->Label3->text());
     // The one place that takes the database from the site root rather than the data root.

@@ -34,22 +34,17 @@ std::unique_ptr<SalesStore> openSalesDatabase()
     return OpenSiteSalesStore(DataPath(SalesDatabaseFile));
 }
 
-QLineEdit *textBox(QWidget *parent, const QString &name, const QString &text = {})
-{
-    return Named(new QLineEdit(text, parent), name);
-}
-
 } // namespace
 
 QLONlistBuilder2::QLONlistBuilder2(QWidget *parent)
     : QWidget(parent)
 {
     setWindowTitle(QStringLiteral("Servers Individual Sales"));
-    Text1 = textBox(this, QStringLiteral("Text1"), QStringLiteral("1000"));
-    Text2 = textBox(this, QStringLiteral("Text2"), QStringLiteral("01/22/2005"));
-    Text3 = textBox(this, QStringLiteral("Text3"));
-    Text4 = textBox(this, QStringLiteral("Text4"));
-    Text5 = textBox(this, QStringLiteral("Text5"));
+    Text1 = MakeTextBox(this, QStringLiteral("Text1"), QStringLiteral("1000"));
+    Text2 = MakeTextBox(this, QStringLiteral("Text2"), QStringLiteral("01/22/2005"));
+    Text3 = MakeTextBox(this, QStringLiteral("Text3"));
+    Text4 = MakeTextBox(this, QStringLiteral("Text4"));
+    Text5 = MakeTextBox(this, QStringLiteral("Text5"));
     Label1 = MakeLabel(this, QStringLiteral("Label1"), QStringLiteral("1000"));
     Label2 = MakeLabel(this, QStringLiteral("Label2"), QStringLiteral("Loading"));
     const QString captions[] = {QStringLiteral("Server"), QStringLiteral("Date"), QStringLiteral("Total Liquor Sales"),
@@ -92,7 +87,7 @@ void QLONlistBuilder2::Form_Load()
 
 QLONlistBuilder1 *QLONlistBuilder2::mainScreen() const
 {
-    return Screens().touch<QLONlistBuilder1>(QStringLiteral("QLONlistBuilder1"));
+    return MainScreen();
 }
 
 void QLONlistBuilder2::BeginRun()

@@ -13,7 +13,6 @@
 #include "listbuilder/QLONlistBuilder1.h"
 #include "platform/PathMap.h"
 #include "platform/ui/Controls.h"
-#include "platform/ui/Dialogs.h"
 #include "platform/ui/MList.h"
 #include "platform/ui/Program.h"
 #include "platform/ui/VbComboBox.h"
@@ -48,19 +47,9 @@ constexpr int keypadLeft = 270;
 const QByteArray tildeLine(30, '~');
 const QByteArray underscoreLine(32, '_');
 
-QLineEdit *textBox(QWidget *parent, const QString &name, const QString &text = {})
-{
-    return Named(new QLineEdit(text, parent), name);
-}
-
 VbTextBox *keypadBox(QWidget *parent, const QString &name, const QString &text = {})
 {
     return Named(new VbTextBox(text, parent), name);
-}
-
-QLONlistBuilder1 *mainScreen()
-{
-    return Screens().touch<QLONlistBuilder1>(QStringLiteral("QLONlistBuilder1"));
 }
 
 QByteArray ansiText(const QLineEdit *box)
@@ -77,11 +66,11 @@ QLONserverLiquor::QLONserverLiquor(QWidget *parent)
     setAttribute(Qt::WA_DeleteOnClose);
     Combo1 = Named(new VbComboBox(this), QStringLiteral("Combo1"));
     Combo1->setText("1000");
-    Text1 = textBox(this, QStringLiteral("Text1"), QStringLiteral("1000"));
+    Text1 = MakeTextBox(this, QStringLiteral("Text1"), QStringLiteral("1000"));
     Text2 = keypadBox(this, QStringLiteral("Text2"), QStringLiteral("01/22/2005"));
-    Text3 = textBox(this, QStringLiteral("Text3"), QStringLiteral("0"));
-    Text4 = textBox(this, QStringLiteral("Text4"), QStringLiteral("0"));
-    Text5 = textBox(this, QStringLiteral("Text5"), QStringLiteral("0"));
+    Text3 = MakeTextBox(this, QStringLiteral("Text3"), QStringLiteral("0"));
+    Text4 = MakeTextBox(this, QStringLiteral("Text4"), QStringLiteral("0"));
+    Text5 = MakeTextBox(this, QStringLiteral("Text5"), QStringLiteral("0"));
     Text6 = keypadBox(this, QStringLiteral("Text6"));
     Text7 = keypadBox(this, QStringLiteral("Text7"));
     Text8 = keypadBox(this, QStringLiteral("Text8"));
@@ -175,10 +164,10 @@ void QLONserverLiquor::connectHandlers()
     });
     OnEvent(SSCommand1, &QPushButton::clicked, this, [this] { close(); });
     OnEvent(SSCommand2, &QPushButton::clicked, this, [this] {
-        tellWherePrinted(PrintServerSummary(
+        TellWherePrinted(this, PrintServerSummary(
             {Text1->text(), Text2->text(), Text3->text(), Text4->text(), Text5->text()}));
     });
-    OnEvent(SSCommand3, &QPushButton::clicked, this, [this] { tellWherePrinted(PrintServerList()); });
+    OnEvent(SSCommand3, &QPushButton::clicked, this, [this] { TellWherePrinted(this, PrintServerList()); });
     OnEvent(SSCommand4, &QPushButton::clicked, this, [] {
         // The platform's program start: a keyboard that isn't there is an error nobody handles.
         const QString keyboard = SitePaths().toHost(QStringLiteral("c:\\Windows\\system32\\osk.exe"));
@@ -221,7 +210,7 @@ void QLONserverLiquor::Form_Load()
     }
     MonthView1->setSelectedDate(Today());
     SSPanel4->hide();
-    const VbComboBox *departments = mainScreen()->Combo1;
+    const VbComboBox *departments = MainScreen()->Combo1;
     CategoryValues &table = Shared().CategoryTable;
     for (int row = 1; row < departments->entryCount(); ++row) {
         const QByteArray name = departments->entryText(row);
@@ -242,7 +231,7 @@ void QLONserverLiquor::Form_Load()
 void QLONserverLiquor::OpenServerSales()
 {
     show();
-    const QLONlistBuilder1 *main = mainScreen();
+    const QLONlistBuilder1 *main = MainScreen();
     Text2->setText(main->Label2->text());
     Text6->setText(main->Label2->text());
     Text7->setText(FromAnsi(main->Combo2->text()));
@@ -257,12 +246,6 @@ void QLONserverLiquor::Fill_Employees()
 {
     for (const QByteArray &server : ServerNumbers(HostPath(Site().EmployeeRoot + EmployeeFile)))
         Combo1->addEntry(server);
-}
-
-void QLONserverLiquor::tellWherePrinted(const QString &pdfPath)
-{
-    if (!pdfPath.isEmpty())
-        Dialogs::showMessage(this, QStringLiteral("PRINT"), QStringLiteral("The report is in ") + pdfPath);
 }
 
 void QLONserverLiquor::showKeypad(int top, int field)
@@ -350,7 +333,7 @@ void QLONserverLiquor::Get_Drink2()
     enableRunButtons(false);
     std::optional<TextFile> list(std::in_place, tempListPath("TempList.Tmp"), TextFile::Mode::Output);
     writeHeading(*list, *this);
-    const int departments = mainScreen()->Combo1->entryCount();
+    const int departments = MainScreen()->Combo1->entryCount();
     Label8->setText(QString::number(departments));
     CategoryValues &table = Shared().CategoryTable;
     for (int row = 1; row < departments; ++row) {

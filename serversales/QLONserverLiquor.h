@@ -84,8 +84,6 @@ private:
     void buildKeypad();
     void connectHandlers();
     void Fill_Employees();
-    // A print that went to a PDF says where it is.
-    void tellWherePrinted(const QString &pdfPath);
     void showKeypad(int top, int field);
     void placeKeypad(int top);
     void SSCommand6_Click(int index);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QString>
 
@@ -25,6 +26,11 @@ inline QPushButton *MakeButton(QWidget *parent, const QString &name, const QStri
     auto *button = Named(new QPushButton(caption, parent), name);
     button->setToolTip(toolTip);
     return button;
+}
+
+inline QLineEdit *MakeTextBox(QWidget *parent, const QString &name, const QString &text = {})
+{
+    return Named(new QLineEdit(text, parent), name);
 }
 
 inline QLabel *MakeLabel(QWidget *parent, const QString &name, const QString &caption = {})

@@ -1,5 +1,6 @@
 #include "platform/ui/Report.h"
 
+#include "platform/ui/Dialogs.h"
 #include "platform/ui/LinePrinter.h"
 
 #include <QFile>
@@ -258,6 +259,12 @@ void SetReportOutputFactory(ReportOutputFactory factory)
 void SetReportPdfPath(const QString &hostPath)
 {
     reportPdfPath = hostPath;
+}
+
+void TellWherePrinted(QWidget *parent, const QString &pdfPath)
+{
+    if (!pdfPath.isEmpty())
+        Dialogs::showMessage(parent, QStringLiteral("PRINT"), QStringLiteral("The report is in ") + pdfPath);
 }
 
 std::unique_ptr<ReportOutput> ChooseReportOutput(const QString &fallbackPdf, QString *pdfPath)

@@ -12,6 +12,7 @@
 
 class QPainter;
 class QPagedPaintDevice;
+class QWidget;
 
 namespace qlon {
 
@@ -114,5 +115,8 @@ void SetReportOutputFactory(ReportOutputFactory factory);
 // Where the next report goes: the output a test set, the PDF a script asked for, the current
 // printer (see LinePrinter.h), or else a PDF at `fallbackPdf`. `pdfPath` receives the PDF's path, or an empty text.
 std::unique_ptr<ReportOutput> ChooseReportOutput(const QString &fallbackPdf, QString *pdfPath);
+
+// A print that went to a PDF says where it is; one that went to a printer says nothing.
+void TellWherePrinted(QWidget *parent, const QString &pdfPath);
 
 } // namespace qlon

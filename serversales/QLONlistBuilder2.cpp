@@ -85,11 +85,6 @@ void QLONlistBuilder2::Form_Load()
     MonthView1->setSelectedDate(Today());
 }
 
-QLONlistBuilder1 *QLONlistBuilder2::mainScreen() const
-{
-    return MainScreen();
-}
-
 void QLONlistBuilder2::BeginRun()
 {
     m_spanSales.reset();
@@ -113,7 +108,7 @@ const ItemSales &QLONlistBuilder2::salesOf(const QByteArray &name, const SalesSp
 
 void QLONlistBuilder2::Parse_ListRow()
 {
-    const QByteArray row = mainScreen()->MList1->rowText(Shared().CurrentRow);
+    const QByteArray row = MainScreen()->MList1->rowText(Shared().CurrentRow);
     // A row short of fields leaves the labels with what the row before left there.
     const QByteArrayList fields = row.split('|');
     if (fields.size() >= 3)
@@ -124,7 +119,7 @@ void QLONlistBuilder2::Parse_ListRow()
 
 void QLONlistBuilder2::Get_Sales()
 {
-    QLONlistBuilder1 *main = mainScreen();
+    QLONlistBuilder1 *main = MainScreen();
     ProgramGlobals &shared = Shared();
     const QString tracePath = HostPath(DataPath("TempItemsRec.dat"));
     const QByteArray name = TrimBlanks(ToAnsi(Label1->text()));
@@ -169,7 +164,7 @@ void QLONlistBuilder2::Get_Sales()
 
 void QLONlistBuilder2::countInCategory(const QByteArray &type, double sales, double units)
 {
-    QLONlistBuilder1 *main = mainScreen();
+    QLONlistBuilder1 *main = MainScreen();
     VbComboBox *categories = main->Combo1;
     // An item of a type that no entry bears is counted in the first category, with the running
     // number of the last entry and nothing added: deliberately as the old program did.

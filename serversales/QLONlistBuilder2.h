@@ -57,7 +57,6 @@ public:
     QPushButton *SSCommand3;
 
 private:
-    QLONlistBuilder1 *mainScreen() const;
     // The item's sales over the span; the span is read once for all rows of a run, and again
     // when the span changes.
     const ItemSales &salesOf(const QByteArray &name, const SalesSpan &span);

@@ -6,7 +6,7 @@
 #include "itemssold/QlonItemsSold.h"
 #include "listbuilder/QLONlistBuilder1.h"
 #include "listbuilder/QLONlistBuilder3.h"
-#include "platform/ui/ScreenRegistry.h"
+#include "ui/ScreenRegistry.h"
 #include "rebuild/QlonExit.h"
 #include "serversales/QLONlistBuilder2.h"
 #include "serversales/QLONserverLiquor.h"

@@ -5,10 +5,10 @@
 #include "core/HostPath.h"
 #include "store/ReportTemplate.h"
 #include "store/SiteConfig.h"
-#include "platform/ui/Dialogs.h"
-#include "platform/ui/Program.h"
-#include "platform/ui/ScreenRegistry.h"
-#include "platform/ui/ScriptRunner.h"
+#include "ui/Dialogs.h"
+#include "ui/Program.h"
+#include "ui/ScreenRegistry.h"
+#include "app/ScriptRunner.h"
 
 #include <QApplication>
 #include <QFile>

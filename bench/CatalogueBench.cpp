@@ -2,9 +2,9 @@
 #include "core/FileTable.h"
 #include "core/HostPath.h"
 #include "demo/DemoCatalogue.h"
-#include "listbuilder/LoadList.h"
+#include "listbuilder/logic/LoadList.h"
 #include "platform/PathMap.h"
-#include "rebuild/RebuildItems.h"
+#include "rebuild/logic/RebuildItems.h"
 #include "store/ItemRec500.h"
 #include "store/SiteConfig.h"
 

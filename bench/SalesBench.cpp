@@ -1,6 +1,6 @@
 // Calculate Sales over a big span, against a bare GROUP BY of SQLite over the same rows.
 #include "core/FixedField.h"
-#include "serversales/SpanSales.h"
+#include "serversales/logic/SpanSales.h"
 #include "store/JetSalesStore.h"
 #include "store/SqliteSalesWriter.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ui/ScreenRegistry.h"
+#include "ui/ScreenRegistry.h"
 
 #include <QPointer>
 #include <QWidget>

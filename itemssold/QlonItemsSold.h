@@ -1,8 +1,8 @@
 #pragma once
 
-#include "itemssold/CatalogueScan.h"
+#include "itemssold/logic/CatalogueScan.h"
 #include "listbuilder/CSort.h"
-#include "platform/ui/ScreenRegistry.h"
+#include "ui/ScreenRegistry.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ui/MList.h"
+#include "ui/MList.h"
 
 namespace qlon {
 

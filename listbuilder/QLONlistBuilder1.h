@@ -1,9 +1,9 @@
 #pragma once
 
 #include "listbuilder/CSort.h"
-#include "listbuilder/LoadList.h"
-#include "platform/ui/Report.h"
-#include "platform/ui/ScreenRegistry.h"
+#include "listbuilder/logic/LoadList.h"
+#include "ui/Report.h"
+#include "ui/ScreenRegistry.h"
 
 #include <QWidget>
 

@@ -3,8 +3,8 @@
 #include "core/Ansi.h"
 #include "core/HostPath.h"
 #include "listbuilder/QLONlistBuilder1.h"
-#include "platform/ui/Controls.h"
-#include "platform/ui/Program.h"
+#include "ui/Controls.h"
+#include "ui/Program.h"
 #include "store/SalesStore.h"
 #include "store/SiteConfig.h"
 

@@ -1,9 +1,9 @@
 #include "rebuild/QlonExit.h"
 
 #include "core/Yield.h"
-#include "platform/ui/Controls.h"
-#include "platform/ui/Program.h"
-#include "rebuild/RebuildItems.h"
+#include "ui/Controls.h"
+#include "ui/Program.h"
+#include "rebuild/logic/RebuildItems.h"
 
 #include <QLabel>
 #include <QProgressBar>

@@ -1,6 +1,6 @@
 #include "serversales/DataControl.h"
 
-#include "platform/ui/Dialogs.h"
+#include "ui/Dialogs.h"
 #include "store/SiteConfig.h"
 
 #include <QWidget>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "listbuilder/ServerSalesScreen.h"
-#include "platform/ui/ScreenRegistry.h"
+#include "ui/ScreenRegistry.h"
 #include "store/SalesStore.h"
 
 #include <QWidget>

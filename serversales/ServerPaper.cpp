@@ -9,7 +9,7 @@
 #include "core/Format.h"
 #include "core/HostPath.h"
 #include "core/TextFile.h"
-#include "platform/ui/LinePrinter.h"
+#include "ui/LinePrinter.h"
 #include "store/SiteConfig.h"
 
 namespace qlon {

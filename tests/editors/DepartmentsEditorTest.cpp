@@ -1,7 +1,7 @@
 #include "editors/QlonUpDept.h"
 #include "itemssold/QlonItemsSold.h"
 #include "listbuilder/QLONlistBuilder1.h"
-#include "platform/ui/VbComboBox.h"
+#include "ui/VbComboBox.h"
 #include "tests/support/ScreenTest.h"
 
 #include <QCheckBox>

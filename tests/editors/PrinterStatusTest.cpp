@@ -1,5 +1,5 @@
 #include "editors/PrinterStatus.h"
-#include "platform/PrintSpooler.h"
+#include "platform/spooler/PrintSpooler.h"
 #include "store/IniRec2300.h"
 #include "tests/support/ScreenTest.h"
 

@@ -1,4 +1,4 @@
-#include "itemssold/CatalogueScan.h"
+#include "itemssold/logic/CatalogueScan.h"
 #include "store/ItemRec500.h"
 #include "store/SiteConfig.h"
 #include "tests/support/CatalogueItem.h"

@@ -1,7 +1,7 @@
 #include "itemssold/QlonItemsSold.h"
-#include "platform/ui/Dialogs.h"
-#include "platform/ui/MList.h"
-#include "platform/ui/VbComboBox.h"
+#include "ui/Dialogs.h"
+#include "ui/MList.h"
+#include "ui/VbComboBox.h"
 #include "tests/support/CatalogueItem.h"
 #include "tests/support/ScreenTest.h"
 

@@ -1,4 +1,4 @@
-#include "itemssold/SalesFileScan.h"
+#include "itemssold/logic/SalesFileScan.h"
 #include "store/SiteConfig.h"
 #include "tests/support/TempSite.h"
 

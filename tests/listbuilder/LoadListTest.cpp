@@ -1,5 +1,5 @@
 #include "core/RecordFile.h"
-#include "listbuilder/LoadList.h"
+#include "listbuilder/logic/LoadList.h"
 #include "store/ItemRec500.h"
 #include "tests/support/TempSite.h"
 

@@ -1,5 +1,5 @@
 #include "listbuilder/QLONlistBuilder1.h"
-#include "platform/ui/VbComboBox.h"
+#include "ui/VbComboBox.h"
 #include "tests/support/ScreenTest.h"
 
 #include <QCalendarWidget>

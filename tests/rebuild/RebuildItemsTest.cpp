@@ -1,6 +1,6 @@
 #include "core/FileTable.h"
 #include "core/RecordFile.h"
-#include "rebuild/RebuildItems.h"
+#include "rebuild/logic/RebuildItems.h"
 #include "store/ItemRec500.h"
 #include "store/IvmRec1000.h"
 #include "store/SiteConfig.h"

@@ -1,6 +1,6 @@
 #include "listbuilder/QLONlistBuilder1.h"
-#include "platform/ui/MList.h"
-#include "platform/ui/Report.h"
+#include "ui/MList.h"
+#include "ui/Report.h"
 #include "store/ReportTemplate.h"
 #include "store/SiteConfig.h"
 #include "tests/support/RecordingOutput.h"

@@ -1,6 +1,6 @@
 #include "core/Ansi.h"
 #include "core/Clock.h"
-#include "platform/ui/LinePrinter.h"
+#include "ui/LinePrinter.h"
 #include "serversales/ServerPaper.h"
 #include "store/SiteConfig.h"
 #include "tests/support/RecordingOutput.h"

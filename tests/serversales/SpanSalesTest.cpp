@@ -2,7 +2,7 @@
 #include "core/FixedField.h"
 #include "core/Format.h"
 #include "core/TextFile.h"
-#include "serversales/SpanSales.h"
+#include "serversales/logic/SpanSales.h"
 #include "tests/support/Printers.h"
 
 #include <QRandomGenerator>

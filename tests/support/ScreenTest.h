@@ -1,7 +1,7 @@
 #pragma once
 
 #include "listbuilder/QLONlistBuilder1.h"
-#include "platform/ui/ScreenRegistry.h"
+#include "ui/ScreenRegistry.h"
 #include "store/IniRec2300.h"
 #include "store/ProgramGlobals.h"
 #include "store/SiteConfig.h"

@@ -1,7 +1,7 @@
-#include "platform/ui/Report.h"
+#include "ui/Report.h"
 
-#include "platform/ui/Dialogs.h"
-#include "platform/ui/LinePrinter.h"
+#include "ui/Dialogs.h"
+#include "ui/LinePrinter.h"
 
 #include <QFile>
 #include <QFont>

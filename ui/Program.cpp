@@ -1,7 +1,7 @@
-#include "platform/ui/Program.h"
+#include "ui/Program.h"
 
 #include "core/FileTable.h"
-#include "platform/ui/Dialogs.h"
+#include "ui/Dialogs.h"
 
 #include <QTimer>
 

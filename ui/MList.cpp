@@ -1,8 +1,8 @@
-#include "platform/ui/MList.h"
+#include "ui/MList.h"
 
 #include "core/Ansi.h"
 #include "core/RuntimeError.h"
-#include "platform/ui/MListModel.h"
+#include "ui/MListModel.h"
 
 #include <QHeaderView>
 #include <QTreeView>

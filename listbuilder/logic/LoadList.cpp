@@ -1,4 +1,4 @@
-#include "listbuilder/LoadList.h"
+#include "listbuilder/logic/LoadList.h"
 
 #include "core/FixedField.h"
 #include "core/RecordFile.h"

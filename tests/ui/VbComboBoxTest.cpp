@@ -1,4 +1,4 @@
-#include "platform/ui/VbComboBox.h"
+#include "ui/VbComboBox.h"
 
 #include "core/RuntimeError.h"
 

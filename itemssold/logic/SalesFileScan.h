@@ -1,6 +1,6 @@
 #pragma once
 
-#include "itemssold/CatalogueScan.h"
+#include "itemssold/logic/CatalogueScan.h"
 
 #include <QByteArrayList>
 #include <QDate>

@@ -1,4 +1,4 @@
-#include "itemssold/SalesFileScan.h"
+#include "itemssold/logic/SalesFileScan.h"
 
 #include "core/Conversions.h"
 #include "core/DateText.h"

@@ -1,4 +1,4 @@
-#include "platform/ui/MList.h"
+#include "ui/MList.h"
 
 #include "core/RuntimeError.h"
 #include "tests/support/Printers.h"

@@ -1,4 +1,4 @@
-#include "platform/ui/VbTextBox.h"
+#include "ui/VbTextBox.h"
 
 namespace qlon {
 

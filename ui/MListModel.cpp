@@ -1,4 +1,4 @@
-#include "platform/ui/MListModel.h"
+#include "ui/MListModel.h"
 
 #include "core/Ansi.h"
 

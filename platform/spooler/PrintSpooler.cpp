@@ -1,4 +1,4 @@
-#include "platform/PrintSpooler.h"
+#include "platform/spooler/PrintSpooler.h"
 
 #include <cups/cups.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ui/Report.h"
+#include "ui/Report.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,4 +1,4 @@
-#include "serversales/ServerSearch.h"
+#include "serversales/logic/ServerSearch.h"
 
 #include "core/Conversions.h"
 #include "core/Format.h"

@@ -1,4 +1,4 @@
-#include "rebuild/RebuildItems.h"
+#include "rebuild/logic/RebuildItems.h"
 
 #include "core/Conversions.h"
 #include "core/FileTable.h"

@@ -1,4 +1,4 @@
-#include "platform/ui/LinePrinter.h"
+#include "ui/LinePrinter.h"
 
 #include <QPrinterInfo>
 

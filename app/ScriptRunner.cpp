@@ -1,13 +1,13 @@
-#include "platform/ui/ScriptRunner.h"
+#include "app/ScriptRunner.h"
 
 #include "core/Ansi.h"
-#include "platform/ui/Dialogs.h"
-#include "platform/ui/MList.h"
-#include "platform/ui/Program.h"
-#include "platform/ui/Report.h"
-#include "platform/ui/ScreenRegistry.h"
-#include "platform/ui/VbComboBox.h"
-#include "platform/ui/VbTextBox.h"
+#include "ui/Dialogs.h"
+#include "ui/MList.h"
+#include "ui/Program.h"
+#include "ui/Report.h"
+#include "ui/ScreenRegistry.h"
+#include "ui/VbComboBox.h"
+#include "ui/VbTextBox.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "serversales/SpanSales.h"
+#include "serversales/logic/SpanSales.h"
 #include "store/ProgramGlobals.h"
 
 #include <QByteArrayList>

@@ -1,4 +1,4 @@
-#include "serversales/SpanSales.h"
+#include "serversales/logic/SpanSales.h"
 
 #include "core/Conversions.h"
 #include "core/DateText.h"

@@ -1,4 +1,4 @@
-#include "platform/ui/ScreenRegistry.h"
+#include "ui/ScreenRegistry.h"
 
 namespace qlon {
 

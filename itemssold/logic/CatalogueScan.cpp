@@ -1,4 +1,4 @@
-#include "itemssold/CatalogueScan.h"
+#include "itemssold/logic/CatalogueScan.h"
 
 #include "core/Conversions.h"
 #include "core/FileTable.h"

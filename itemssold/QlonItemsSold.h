@@ -1,7 +1,7 @@
 #pragma once
 
 #include "itemssold/logic/CatalogueScan.h"
-#include "listbuilder/CSort.h"
+#include "listbuilder/logic/CSort.h"
 #include "ui/ScreenRegistry.h"
 
 #include <QWidget>

@@ -10,6 +10,7 @@
 #include "core/Format.h"
 #include "core/Yield.h"
 #include "listbuilder/SalesWorker.h"
+#include "listbuilder/logic/ItemsSoldReport.h"
 #include "listbuilder/ServerSalesScreen.h"
 #include "core/HostPath.h"
 #include "platform/InstanceGuard.h"
@@ -48,7 +49,6 @@ const QString alreadyRunningText = QStringLiteral(
 
 // The row in work stands out in red; afterwards it takes the look of the others again.
 constexpr quint32 rowInWorkColour = 255;
-constexpr quint32 buttonFaceColour = 0x8000000F;
 
 // The time between two times of day in the form "HH:MM:SS"; a run over midnight shows the
 // distance between the two.
@@ -450,7 +450,7 @@ void QLONlistBuilder1::Command1_Click()
         Label6->setText(QString::number(row + 1));
         worker->WriteLabels(FromAnsi(tag), QStringLiteral("Searching - Just A Moment"));
         worker->Get_Sales();
-        MList1->setRowColour(row, buttonFaceColour);
+        MList1->setRowColour(row, ListRows::buttonFace);
         if (Label7->text() == QLatin1String("Stop")) {
             unsetCursor();
             return;
@@ -473,18 +473,10 @@ void QLONlistBuilder1::addTotalRows()
     MList1->addRow(QByteArray());
     MList1->addRow(separator);
     MList4->addRow(separator);
-    QByteArray sales;
-    QByteArray units;
-    for (int entry = 0; entry < Combo1->entryCount(); ++entry) {
-        // Past the last category row the texts of the category before stay.
-        SkipOnFailure([&] { sales = MList2->rowText(entry); });
-        SkipOnFailure([&] { units = MList3->rowText(entry); });
-        const QByteArray name = Combo1->entryText(entry);
-        if (name.isEmpty())
-            continue;
-        QByteArray money;
-        AssignUnlessFailed(money, Currency(QByteArrayView(sales)));
-        const QByteArray total = "**" + name + "|Total|" + units + '|' + units + '|' + money + "|Q8$|Q9$|Q5$";
+    QByteArrayList departments;
+    for (int entry = 0; entry < Combo1->entryCount(); ++entry)
+        departments.append(Combo1->entryText(entry));
+    for (const QByteArray &total : DepartmentTotalRows(MList2->rows(), MList3->rows(), departments)) {
         MList1->addRow(total);
         MList4->addRow(total);
     }
@@ -566,14 +558,6 @@ void QLONlistBuilder1::Inilize_Print()
 
 namespace {
 
-// One item of a printed line: units, name and volume.
-struct PrintedItem
-{
-    QByteArray units;
-    QByteArray name;
-    QByteArray volume;
-};
-
 void fillCell(Report &report, const char *section, const QString &cell, const QByteArray &value)
 {
     if (ReportSection *found = report.section(QString::fromLatin1(section))) {
@@ -582,35 +566,21 @@ void fillCell(Report &report, const char *section, const QString &cell, const QB
     }
 }
 
-// Prints one "mid" line of up to three items; an item without a name leaves its three cells blank.
-QString midCell(int group, int part)
-{
-    return QStringLiteral("T%1%2").arg(group).arg(part);
-}
-
-void printLine(Report &report, QList<PrintedItem> &line)
+// Prints one "mid" line of three items.
+void printLine(Report &report, const std::array<PrintedItem, 3> &line)
 {
     for (int group = 1; group <= 3; ++group) {
-        for (int part = 1; part <= 3; ++part)
-            fillCell(report, "mid", midCell(group, part), {});
-    }
-    for (int group = 1; group <= int(line.size()); ++group) {
         const PrintedItem &item = line[group - 1];
-        if (TrimBlanks(item.name).isEmpty())
-            continue;
-        fillCell(report, "mid", midCell(group, 1), item.units);
-        fillCell(report, "mid", midCell(group, 2), item.name);
-        fillCell(report, "mid", midCell(group, 3), item.volume);
+        for (const auto &[part, value] : {std::pair{1, item.units}, std::pair{2, item.name}, std::pair{3, item.volume}})
+            fillCell(report, "mid", QStringLiteral("T%1%2").arg(group).arg(part), value);
     }
     report.PrintSection(QStringLiteral("mid"));
-    line.clear();
 }
 
 } // namespace
 
 void QLONlistBuilder1::Print_ItemsSold()
 {
-    double grandTotal = 0;
     Inilize_Print();
     Report &report = *m_objReport;
     fillCell(report, "top", QStringLiteral("T1"), ToAnsi(Label2->text()));
@@ -618,27 +588,10 @@ void QLONlistBuilder1::Print_ItemsSold()
     // The site name is read only by the printer status screen: on this road it prints empty.
     fillCell(report, "top", QStringLiteral("T3"), {});
     report.PrintSection(QStringLiteral("top"));
-
-    QList<PrintedItem> line;
-    QByteArray units;
-    QByteArray volume;
-    for (int row = 0; row < MList1->rowCount(); ++row) {
-        const QByteArray text = MList1->rowText(row);
-        const QByteArrayList fields = text.split('|');
-        // A row without its fields keeps the units and the volume of the row before.
-        const QByteArray name = fields.size() > 1 ? fields[0] : QByteArray(" ");
-        if (fields.size() > 4)
-            units = fields[3];
-        if (fields.size() > 5)
-            volume = fields[4];
-        if (!text.startsWith("**") && !text.isEmpty())
-            grandTotal += FormattedValue(volume, "##########.##");
-        line.append({units, name, volume});
-        if (line.size() == 3)
-            printLine(report, line);
-    }
-    printLine(report, line);
-    fillCell(report, "Bottom", QStringLiteral("TS"), Currency(grandTotal));
+    const PrintedList printed = ItemsSoldPrintLayout(MList1->rows());
+    for (const std::array<PrintedItem, 3> &line : printed.lines)
+        printLine(report, line);
+    fillCell(report, "Bottom", QStringLiteral("TS"), Currency(printed.grandTotal));
     report.PrintSection(QStringLiteral("Bottom"));
     report.EndReport();
 }
@@ -678,29 +631,7 @@ void QLONlistBuilder1::SSCommand3_Click()
     MList1->clear();
     for (int row = 0; row < MList4->rowCount(); ++row)
         MList1->addRow(MList4->rowText(row));
-    // From here on a failing statement is left out. The walk doesn't step back after a
-    // removal, deliberately: the row that moves up into the place is never looked at.
-    const int last = MList1->rowCount() - 1;
-    QByteArray text;
-    std::array<qsizetype, 4> bars = {0, 0, 0, 0};
-    QByteArray sold;
-    for (int row = 0; row <= last; ++row) {
-        SkipOnFailure([&] { MList1->setRowSelected(row, true); });
-        SkipOnFailure([&] { text = MList1->rowText(row); });
-        // A row short of separators reads its field where the row before had its own.
-        qsizetype from = 0;
-        for (qsizetype &bar : bars) {
-            const qsizetype found = text.indexOf('|', from);
-            if (found < 0)
-                break;
-            bar = found;
-            from = found + 1;
-        }
-        if (bars[3] > bars[2])
-            sold = text.mid(bars[2] + 1, bars[3] - bars[2] - 1);
-        if (NumericValue(sold) == 0)
-            SkipOnFailure([&] { MList1->removeRow(row); });
-    }
+    RemoveRowsWithoutUnits(MList1->rows(), [this](int row) { SkipOnFailure([&] { MList1->setRowSelected(row, true); }); });
     unsetCursor();
 }
 
@@ -711,25 +642,8 @@ void QLONlistBuilder1::BLD_DATA2()
     shared.TempItemsPath = DataPath("\\data\\TempItems.dat");
     CloseAll();
     TextFile dump(HostPath(shared.TempItemsPath), TextFile::Mode::Output);
-    const QByteArray from = ToAnsi(Label2->text());
-    const QByteArray to = ToAnsi(Label3->text());
     const std::unique_ptr<SalesStore> store = OpenSiteSalesStore(DataPath(SalesDatabaseFile));
-    const std::optional<QDate> fromDate = ToDate(from);
-    const std::optional<QDate> toDate = ToDate(to);
-    const std::optional<QTime> endTime = ToTime(Combo3->text());
-    CarriedColumns columns;
-    store->SelectSpan(from, to, DumpColumns, [&](const SalesRow &row) {
-        columns.take(row, DumpColumns);
-        const std::optional<QDate> date = ToDate(columns[OrderDate]);
-        if (!date || !fromDate || *date < *fromDate)
-            return true;
-        // The start time takes no part, deliberately: its test read two values never set.
-        const std::optional<QTime> time = ToTime(columns[Time]);
-        const bool accepted = !toDate || *date < *toDate || (*date <= *toDate && (!time || !endTime || *time <= *endTime));
-        if (accepted)
-            dump.WriteFields(DumpLine(columns));
-        return true;
-    });
+    DumpSpanSales(*store, ToAnsi(Label2->text()), ToAnsi(Label3->text()), Combo3->text(), dump);
     CloseAll();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "listbuilder/CSort.h"
+#include "listbuilder/logic/CSort.h"
 #include "listbuilder/logic/LoadList.h"
 #include "ui/Report.h"
 #include "ui/ScreenRegistry.h"

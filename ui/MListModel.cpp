@@ -25,11 +25,17 @@ QVariant backgroundOf(quint32 colour)
 MListModel::MListModel(QObject *parent)
     : QAbstractTableModel(parent)
 {
+    m_rows.setObserver(this);
+}
+
+MListModel::~MListModel()
+{
+    m_rows.setObserver(nullptr);
 }
 
 int MListModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(m_rows.size());
+    return parent.isValid() ? 0 : m_rows.rowCount();
 }
 
 int MListModel::columnCount(const QModelIndex &parent) const
@@ -43,7 +49,7 @@ QVariant MListModel::data(const QModelIndex &index, int role) const
         return {};
     switch (role) {
     case Qt::DisplayRole: return displayText(index.row(), index.column());
-    case Qt::BackgroundRole: return backgroundOf(colourAt(index.row()));
+    case Qt::BackgroundRole: return backgroundOf(m_rows.rowColour(index.row()));
     default: return {};
     }
 }
@@ -62,75 +68,43 @@ void MListModel::setHeadings(const QStringList &headings)
     endResetModel();
 }
 
-void MListModel::setSeparator(char separator)
-{
-    m_separator = separator;
-    if (!m_rows.isEmpty())
-        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1), {Qt::DisplayRole});
-}
-
-QByteArray MListModel::fieldOf(const QByteArray &text, int column) const
-{
-    qsizetype start = 0;
-    for (int skipped = 0; skipped < column; ++skipped) {
-        start = text.indexOf(m_separator, start);
-        if (start < 0)
-            return {};
-        ++start;
-    }
-    const qsizetype end = text.indexOf(m_separator, start);
-    return text.sliced(start, (end < 0 ? text.size() : end) - start);
-}
-
-void MListModel::insertText(int row, const QByteArray &text)
+void MListModel::beforeInsert(int row)
 {
     beginInsertRows({}, row, row);
-    m_rows.insert(row, Row{text, {}});
+}
+
+void MListModel::afterInsert()
+{
     endInsertRows();
 }
 
-void MListModel::removeAt(int row)
+void MListModel::beforeRemove(int row)
 {
     beginRemoveRows({}, row, row);
-    m_rows.removeAt(row);
+}
+
+void MListModel::afterRemove()
+{
     endRemoveRows();
 }
 
-void MListModel::clearRows()
+void MListModel::beforeReset()
 {
     beginResetModel();
-    m_rows.clear();
+}
+
+void MListModel::afterReset()
+{
     endResetModel();
 }
 
-void MListModel::setTextAt(int row, const QByteArray &text)
-{
-    m_rows[row].text = text;
-    announceRowChanged(row, Qt::DisplayRole);
-}
-
-void MListModel::setTagAt(int row, const QByteArray &tag)
-{
-    m_rows[row].tag = tag;
-}
-
-void MListModel::setColourAt(int row, quint32 colour)
-{
-    m_rows[row].colour = colour;
-    announceRowChanged(row, Qt::BackgroundRole);
-}
-
-void MListModel::reorder(const QList<int> &order)
+void MListModel::beforeReorder()
 {
     emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
-    QList<int> newRowOf(order.size());
-    QList<Row> reordered;
-    reordered.reserve(order.size());
-    for (int newRow = 0; newRow < order.size(); ++newRow) {
-        newRowOf[order.at(newRow)] = newRow;
-        reordered.append(m_rows.at(order.at(newRow)));
-    }
-    m_rows = std::move(reordered);
+}
+
+void MListModel::afterReorder(const QList<int> &newRowOf)
+{
     const QModelIndexList before = persistentIndexList();
     QModelIndexList after;
     after.reserve(before.size());
@@ -140,14 +114,14 @@ void MListModel::reorder(const QList<int> &order)
     emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
 }
 
-QVariant MListModel::displayText(int row, int column) const
+void MListModel::rowsChanged(int first, int last)
 {
-    return FromAnsi(m_headings.isEmpty() ? textAt(row) : field(row, column));
+    emit dataChanged(index(first, 0), index(last, columnCount() - 1));
 }
 
-void MListModel::announceRowChanged(int row, int role)
+QVariant MListModel::displayText(int row, int column) const
 {
-    emit dataChanged(index(row, 0), index(row, columnCount() - 1), {role});
+    return FromAnsi(m_headings.isEmpty() ? m_rows.rowText(row) : m_rows.field(row, column));
 }
 
 } // namespace qlon

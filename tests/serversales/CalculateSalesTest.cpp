@@ -1,5 +1,5 @@
 #include "core/SiteFile.h"
-#include "listbuilder/CSort.h"
+#include "listbuilder/logic/CSort.h"
 #include "listbuilder/QLONlistBuilder3.h"
 #include "ui/Dialogs.h"
 #include "listbuilder/QLONlistBuilder1.h"

@@ -31,20 +31,6 @@ protected:
     QVariant shownBackground(int row) { return shown().index(row, 0).data(Qt::BackgroundRole); }
     QString heading(int column) { return shown().headerData(column, Qt::Horizontal).toString(); }
 
-    Texts texts() const
-    {
-        Texts all;
-        for (int row = 0; row < m_list.rowCount(); ++row)
-            all.append(m_list.rowText(row));
-        return all;
-    }
-    Texts tags() const
-    {
-        Texts all;
-        for (int row = 0; row < m_list.rowCount(); ++row)
-            all.append(m_list.rowTag(row));
-        return all;
-    }
     void addRows(const Texts &rows)
     {
         for (const QByteArray &row : rows)
@@ -57,19 +43,6 @@ protected:
     }
 
     MList m_list;
-};
-
-// The working list as a finished run leaves it: items, an empty row, the separator row and
-// one total row per category.
-const Texts finishedRun = {
-    "Burger|Food|6.50|12|$78.00|0000000012|000000078.|78.",
-    "Soda|Beverage|1.50|0|$0.00|0000000000|000000000.|0.",
-    "Pie|Food|3.00|2.5|$7.50|00000002.5|0000007.50|7.5",
-    "Beer|Beverage|3.50|30|$105.00|0000000030|000000105.|105.",
-    "",
-    "********************",
-    "**Food|Total|14.5|14.5|$85.50|Q8$|Q9$|Q5$",
-    "**Beverage|Total|30|30|$105.00|Q8$|Q9$|Q5$",
 };
 
 int runtimeErrorNumber(const std::function<void()> &action)
@@ -116,29 +89,6 @@ TEST_F(MListTest, ShowsTheWholeTextWhenItHasNoColumns)
     EXPECT_EQ(shownText(0, 0), QStringLiteral("0|12"));
 }
 
-TEST_F(MListTest, TagsFollowTheirRowsThroughRemovals)
-{
-    addRows({"Burger", "Soda", "Pie"});
-    m_list.setRowTag(0, QByteArrayLiteral("burger tag"));
-    m_list.setRowTag(2, QByteArrayLiteral("pie tag"));
-    m_list.removeRow(1);
-
-    EXPECT_EQ(texts(), (Texts{"Burger", "Pie"}));
-    EXPECT_EQ(tags(), (Texts{"burger tag", "pie tag"}));
-    EXPECT_EQ(shown().rowCount(), 2);
-}
-
-TEST_F(MListTest, IndexesOutOfRangeAreInvalidPropertyValues)
-{
-    addRows({"Burger", "Soda"});
-
-    EXPECT_EQ(runtimeErrorNumber([&] { m_list.rowText(2); }), RuntimeError::InvalidPropertyValue);
-    EXPECT_EQ(runtimeErrorNumber([&] { m_list.setRowTag(-1, {}); }), RuntimeError::InvalidPropertyValue);
-    EXPECT_EQ(runtimeErrorNumber([&] { m_list.removeRow(2); }), RuntimeError::InvalidPropertyValue);
-    EXPECT_EQ(runtimeErrorNumber([&] { m_list.setRowSelected(5, true); }), RuntimeError::InvalidPropertyValue);
-    EXPECT_EQ(m_list.rowCount(), 2);
-}
-
 TEST_F(MListTest, PlainColourValuesShowAsTheRowBackground)
 {
     addRows({"Burger", "Soda"});
@@ -161,35 +111,7 @@ TEST_F(MListTest, TheButtonFaceColourShowsTheListsOwnLook)
     EXPECT_FALSE(shownBackground(0).isValid());
 }
 
-class MListSortTest : public MListTest
-{
-};
-
-TEST_F(MListSortTest, SortsByTheColumnsTextAndTagsFollowTheirRows)
-{
-    addRows({"3|cherry", "1|Banana", "2|apple", "4|banana"});
-    for (int row = 0; row < m_list.rowCount(); ++row)
-        m_list.setRowTag(row, m_list.rowText(row).left(1));
-
-    sortBy(QByteArrayLiteral("1a"));
-
-    EXPECT_TRUE(m_list.isSorted());
-    EXPECT_EQ(texts(), (Texts{"2|apple", "1|Banana", "4|banana", "3|cherry"}));
-    EXPECT_EQ(tags(), (Texts{"2", "1", "4", "3"}));
-}
-
-TEST_F(MListSortTest, RowsThatRankEqualKeepTheirOrderBothWays)
-{
-    addRows({"x|1", "z|0", "y|1"});
-
-    sortBy(QByteArrayLiteral("1a"));
-    EXPECT_EQ(texts(), (Texts{"z|0", "x|1", "y|1"}));
-
-    sortBy(QByteArrayLiteral("1d"));
-    EXPECT_EQ(texts(), (Texts{"x|1", "y|1", "z|0"}));
-}
-
-TEST_F(MListSortTest, TheViewShowsTheSortedOrderAndKeepsTheSelectedRow)
+TEST_F(MListTest, TheViewShowsTheSortedOrderAndKeepsTheSelectedRow)
 {
     m_list.setColumns({{QStringLiteral("Item"), 150}});
     addRows({"Soda", "Burger", "Pie"});
@@ -203,70 +125,20 @@ TEST_F(MListSortTest, TheViewShowsTheSortedOrderAndKeepsTheSelectedRow)
     EXPECT_FALSE(m_list.isRowSelected(0));
 }
 
-TEST_F(MListSortTest, AddedRowsTakeTheirPlaceBehindEqualRows)
+TEST_F(MListTest, TheViewFollowsRemovalsAndSelectionsOutOfRangeFail)
 {
-    addRows({"Soda|1", "Burger|2", "Pie|3"});
-    sortBy(QByteArrayLiteral("0a"));
+    addRows({"Burger", "Soda", "Pie"});
+    m_list.removeRow(1);
 
-    const int place = m_list.addRow(QByteArrayLiteral("pie|4"));
-    m_list.setRowTag(m_list.lastAddedRow(), QByteArrayLiteral("new"));
-
-    EXPECT_EQ(place, 2);
-    EXPECT_EQ(m_list.lastAddedRow(), 2);
-    EXPECT_EQ(texts(), (Texts{"Burger|2", "Pie|3", "pie|4", "Soda|1"}));
-    EXPECT_EQ(m_list.rowTag(2), QByteArrayLiteral("new"));
-    EXPECT_EQ(m_list.addRow(QByteArrayLiteral("Apple|5")), 0);
-    EXPECT_EQ(m_list.addRow(QByteArrayLiteral("Tea|6")), 5);
+    EXPECT_EQ(shown().rowCount(), 2);
+    EXPECT_EQ(shownText(1, 0), QStringLiteral("Pie"));
+    EXPECT_EQ(runtimeErrorNumber([&] { m_list.setRowSelected(5, true); }), RuntimeError::InvalidPropertyValue);
+    EXPECT_EQ(runtimeErrorNumber([&] { m_list.isRowSelected(-1); }), RuntimeError::InvalidPropertyValue);
+    m_list.clear();
+    EXPECT_EQ(shown().rowCount(), 0);
 }
 
-TEST_F(MListSortTest, RewrittenRowsStayWhereTheyAre)
-{
-    addRows({"A", "B", "C"});
-    sortBy(QByteArrayLiteral("0a"));
-    m_list.setRowText(0, QByteArrayLiteral("Z"));
-
-    EXPECT_EQ(texts(), (Texts{"Z", "B", "C"}));
-}
-
-TEST_F(MListSortTest, SwitchingSortOffKeepsTheOrderAndAppendsNewRows)
-{
-    addRows({"C", "A", "B"});
-    sortBy(QByteArrayLiteral("0a"));
-    m_list.setSorted(false);
-
-    EXPECT_EQ(m_list.addRow(QByteArrayLiteral("0")), 3);
-    EXPECT_EQ(texts(), (Texts{"A", "B", "C", "0"}));
-}
-
-TEST_F(MListSortTest, SalesVolumeOrdersFiguresByTextSoMoreDecimalsRankHigher)
-{
-    addRows({
-        "Burger|Food|6.50|12|$79.00|0000000012|000000079.|79.",
-        "Pie|Food|3.00|26|$78.50|0000000026|00000078.5|78.5",
-        "Cake|Food|2.75|28|$78.25|0000000028|0000078.25|78.25",
-    });
-    sortBy(QByteArrayLiteral("6d"));
-
-    EXPECT_EQ(texts(), (Texts{
-                           "Cake|Food|2.75|28|$78.25|0000000028|0000078.25|78.25",
-                           "Pie|Food|3.00|26|$78.50|0000000026|00000078.5|78.5",
-                           "Burger|Food|6.50|12|$79.00|0000000012|000000079.|79.",
-                       }));
-}
-
-TEST_F(MListSortTest, UnreadableSortKeysAreInvalidPropertyValues)
-{
-    m_list.setSortKey(QByteArrayLiteral("3d "));
-
-    for (const QByteArray &unreadable : Texts{"", "d", "5", "d5", "5x", " 5d", "-1a", "5 d", "99999999999a"}) {
-        EXPECT_EQ(runtimeErrorNumber([&] { m_list.setSortKey(unreadable); }),
-                  RuntimeError::InvalidPropertyValue)
-            << unreadable.constData();
-    }
-    EXPECT_EQ(m_list.sortKey(), QByteArrayLiteral("3d "));
-}
-
-TEST_F(MListSortTest, TenThousandRowsSortWithTheirTags)
+TEST_F(MListTest, TenThousandRowsSortWithTheirTags)
 {
     constexpr int count = 10000;
     for (int number = count; number > 0; --number) {
@@ -281,92 +153,6 @@ TEST_F(MListSortTest, TenThousandRowsSortWithTheirTags)
         ASSERT_EQ(m_list.rowText(row), QByteArray::number(row + 1).rightJustified(10, '0') + "|item");
         ASSERT_EQ(m_list.rowTag(row), QByteArray::number(row + 1));
     }
-}
-
-class NumericComparer : public IMSort
-{
-public:
-    qint16 IMSort_CompareColumns(const QByteArray &a, const QByteArray &b) override
-    {
-        ++calls;
-        const double difference = a.toDouble() - b.toDouble();
-        return qint16(difference < 0 ? -1 : difference > 0 ? 1 : 0);
-    }
-    int calls = 0;
-};
-
-// Fails on a text that isn't a number, as a conversion of the old platform does.
-class FailingComparer : public IMSort
-{
-public:
-    qint16 IMSort_CompareColumns(const QByteArray &a, const QByteArray &b) override
-    {
-        bool aIsNumber = false;
-        bool bIsNumber = false;
-        const int difference = a.toInt(&aIsNumber) - b.toInt(&bIsNumber);
-        if (!aIsNumber || !bIsNumber)
-            throw RuntimeError(RuntimeError::TypeMismatch);
-        return qint16(difference);
-    }
-};
-
-class MListComparerTest : public MListTest
-{
-};
-
-TEST_F(MListComparerTest, AComparerReplacesTheTextOrder)
-{
-    NumericComparer byValue;
-    addRows({"x|10", "y|9", "z|100", "w|9.5"});
-    m_list.setComparer(&byValue);
-
-    sortBy(QByteArrayLiteral("1a"));
-    EXPECT_EQ(texts(), (Texts{"y|9", "w|9.5", "x|10", "z|100"}));
-
-    sortBy(QByteArrayLiteral("1d"));
-    EXPECT_EQ(texts(), (Texts{"z|100", "x|10", "w|9.5", "y|9"}));
-    EXPECT_GT(byValue.calls, 0);
-
-    EXPECT_EQ(m_list.addRow(QByteArrayLiteral("v|20")), 1);
-}
-
-TEST_F(MListComparerTest, WithoutTheComparerTheTextOrderReturns)
-{
-    NumericComparer byValue;
-    addRows({"10", "9", "100"});
-    m_list.setComparer(&byValue);
-    m_list.setComparer(nullptr);
-    sortBy(QByteArrayLiteral("0a"));
-
-    EXPECT_EQ(texts(), (Texts{"10", "100", "9"}));
-    EXPECT_EQ(byValue.calls, 0);
-}
-
-TEST_F(MListComparerTest, AFailureOfTheComparerReachesTheCallerAndTheRowsStay)
-{
-    FailingComparer failing;
-    addRows({"c|3", "a|$1", "b|2", "d|4"});
-    m_list.setRowTag(1, QByteArrayLiteral("dollar"));
-    m_list.setComparer(&failing);
-    m_list.setSortKey(QByteArrayLiteral("1a"));
-
-    EXPECT_EQ(runtimeErrorNumber([&] { m_list.setSorted(true); }), RuntimeError::TypeMismatch);
-    EXPECT_FALSE(m_list.isSorted());
-    EXPECT_EQ(texts(), (Texts{"c|3", "a|$1", "b|2", "d|4"}));
-    EXPECT_EQ(m_list.rowTag(1), QByteArrayLiteral("dollar"));
-    EXPECT_EQ(shown().rowCount(), 4);
-}
-
-TEST_F(MListComparerTest, AFailureWhileAddingToASortedListAddsNothing)
-{
-    FailingComparer failing;
-    addRows({"3", "1", "2"});
-    m_list.setComparer(&failing);
-    sortBy(QByteArrayLiteral("0a"));
-    ASSERT_EQ(texts(), (Texts{"1", "2", "3"}));
-
-    EXPECT_EQ(runtimeErrorNumber([&] { m_list.addRow(QByteArrayLiteral("two")); }), RuntimeError::TypeMismatch);
-    EXPECT_EQ(texts(), (Texts{"1", "2", "3"}));
 }
 
 class MListViewTest : public MListTest

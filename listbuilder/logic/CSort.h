@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/MList.h"
+#include "core/ListRows.h"
 
 namespace qlon {
 

@@ -1,4 +1,4 @@
-#include "listbuilder/CSort.h"
+#include "listbuilder/logic/CSort.h"
 
 #include "core/Conversions.h"
 #include "core/RuntimeError.h"

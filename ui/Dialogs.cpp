@@ -44,6 +44,13 @@ void Dialogs::useScriptedAnswers(QTextStream *out)
     s_out = out;
 }
 
+void Dialogs::resetScript(QTextStream *out)
+{
+    s_out = out;
+    s_answers.clear();
+    s_saveAs.clear();
+}
+
 MessageAnswer Dialogs::scriptedMessage(const QString &title, const QString &text, MessageButtons buttons)
 {
     *s_out << "message: " << shownOnOneLine(title) << " | " << shownOnOneLine(text) << Qt::endl;

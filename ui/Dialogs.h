@@ -20,6 +20,8 @@ class Dialogs
 public:
     // From here on the dialogs are scripted; their lines go to `out`.
     static void useScriptedAnswers(QTextStream *out);
+    // Scripted answers to `out` (or none), with no answer waiting.
+    static void resetScript(QTextStream *out);
     static bool scripted() { return s_out != nullptr; }
 
     static void queueAnswer(MessageAnswer answer) { s_answers.push_back(answer); }

@@ -81,7 +81,6 @@ class FoodCostTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        Site() = SiteGlobals{};
         Site().DataRoot = "C:\\Quillon\\";
         units.cells[1] = {"", "Pound", "16"};
         units.cells[2] = {"", "Each", "4"};

@@ -12,7 +12,6 @@ class MonthlySalesTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        Site() = SiteGlobals{};
         Site().SiteRoot = "C:\\Quillon\\";
     }
 

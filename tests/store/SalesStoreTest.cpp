@@ -89,8 +89,7 @@ class JetFixtureTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        if (!HaveJetFixtures())
-            GTEST_SKIP() << "the Jet test files are absent";
+        ASSERT_TRUE(HaveJetFixtures()) << "the Jet test files are missing from " QLON_JET_FIXTURES;
     }
 
     const QString nwind = FixturePath(QStringLiteral("nwind.mdb"));
@@ -353,8 +352,7 @@ TEST_F(OpenSalesStoreTest, SqliteFileOpensAsTheSqliteStore)
 
 TEST_F(OpenSalesStoreTest, JetFileOpensAsTheJetStore)
 {
-    if (!HaveJetFixtures())
-        GTEST_SKIP() << "the Jet test files are absent";
+    ASSERT_TRUE(HaveJetFixtures()) << "the Jet test files are missing from " QLON_JET_FIXTURES;
     // The sample database has no sales table, which only the Jet engine tells.
     const QString path = FixturePath(QStringLiteral("nwind.mdb"));
     const RuntimeError error = ErrorOf([&] { OpenSalesStore(path); });
@@ -628,8 +626,7 @@ TEST(SalesSpanTest, BothEnginesRaiseTheErrorForABadDate)
     SqliteSalesStore sqlite(path);
     const auto ignore = [](const SalesRow &) { return true; };
     EXPECT_EQ(ErrorOf([&] { sqlite.SelectSpan("3/1/2004", "3/32/2004", EverySalesColumn, ignore); }).number(), EngineBadValue);
-    if (!HaveJetFixtures())
-        GTEST_SKIP() << "the Jet test files are absent";
+    ASSERT_TRUE(HaveJetFixtures()) << "the Jet test files are missing from " QLON_JET_FIXTURES;
     JetSalesStore jet(FixturePath(QStringLiteral("nwind.mdb")), "Orders");
     EXPECT_EQ(ErrorOf([&] { jet.SelectSpan("3/1/2004", "3/32/2004", EverySalesColumn, ignore); }).number(), EngineBadValue);
 }

@@ -44,8 +44,6 @@ TEST(IniRec2300Test, FieldsNotSetSurviveByteForByte)
 class SiteConfigTest : public ::testing::Test
 {
 protected:
-    void SetUp() override { Site() = SiteGlobals{}; }
-
     // Writes QlonINI.dat into C:\Quillon\ with the given fields.
     void writeConfiguration(std::initializer_list<std::pair<int, QByteArray>> fields)
     {

@@ -22,8 +22,8 @@ inline void waitFor(int milliseconds)
     loop.exec();
 }
 
-// A test of the program's screens on a temporary site: the program's globals afresh before each
-// test, and no screen left loaded after it.
+// A test of the program's screens on a temporary site. The test's main starts each test with
+// the program's globals afresh and leaves no screen loaded after it.
 class ScreenTest : public ::testing::Test
 {
 protected:
@@ -33,14 +33,6 @@ protected:
         Screens().add(QStringLiteral("QLONlistBuilder1"), [] { return new QLONlistBuilder1; });
         Screens().add(QStringLiteral("QLONlistBuilder2"), [] { return new QWidget; });
     }
-
-    void SetUp() override
-    {
-        Site() = SiteGlobals{};
-        Shared() = ProgramGlobals{};
-    }
-
-    void TearDown() override { Screens().clear(); }
 
     // The two files a start-up reads: the site's configuration with its data root, which is also
     // the employee root as on a normal site, and the list's last dates.

@@ -1,7 +1,43 @@
-// The main of the tests that drive widgets: an application object, drawing off screen.
+// The main of the tests that drive widgets: an application object drawing off screen, and each
+// test starting and ending with every global as a fresh program has it. Message boxes are
+// scripted, so that a handler that shows one never waits for a person: a test reads them with
+// test::ShownMessages().
+#include "tests/support/ShownMessages.h"
+#include "ui/ProgramState.h"
+
 #include <QApplication>
+#include <QTextStream>
 
 #include <gtest/gtest.h>
+
+namespace qlon::test {
+
+namespace {
+
+QString messages;
+QTextStream messageStream(&messages);
+
+class FreshState : public ::testing::EmptyTestEventListener
+{
+    void OnTestStart(const ::testing::TestInfo &) override { reset(); }
+    void OnTestEnd(const ::testing::TestInfo &) override { reset(); }
+
+    static void reset()
+    {
+        messages.clear();
+        ResetProgramState(&messageStream);
+    }
+};
+
+} // namespace
+
+QString ShownMessages()
+{
+    messageStream.flush();
+    return messages;
+}
+
+} // namespace qlon::test
 
 int main(int argc, char *argv[])
 {
@@ -9,5 +45,6 @@ int main(int argc, char *argv[])
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
+    ::testing::UnitTest::GetInstance()->listeners().Append(new qlon::test::FreshState);
     return RUN_ALL_TESTS();
 }

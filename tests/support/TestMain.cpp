@@ -1,0 +1,22 @@
+// The main of the tests without widgets: each test starts and ends with the site's state as a
+// fresh program has it.
+#include "store/SiteState.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class FreshState : public ::testing::EmptyTestEventListener
+{
+    void OnTestStart(const ::testing::TestInfo &) override { qlon::ResetSiteState(); }
+    void OnTestEnd(const ::testing::TestInfo &) override { qlon::ResetSiteState(); }
+};
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    ::testing::InitGoogleTest(&argc, argv);
+    ::testing::UnitTest::GetInstance()->listeners().Append(new FreshState);
+    return RUN_ALL_TESTS();
+}

@@ -11,10 +11,7 @@
 namespace qlon {
 namespace {
 
-ItemRec500 item(const QByteArray &title, const QByteArray &receipt, const QByteArray &price, const QByteArray &department = "Food")
-{
-    return test::CatalogueItem(title, price, department, receipt);
-}
+using test::CatalogueItem;
 
 // The row of a record: its fields at their full widths.
 QByteArray row(const char *name, int nameWidth, const char *price, char itemClass, const char *department)
@@ -40,15 +37,15 @@ protected:
     {
         Site() = SiteGlobals{};
         Site().SiteRoot = "C:\\Quillon\\";
-        QList<ItemRec500> buttons = {item("Burger", "Burger Deluxe", "9.95"), item("Avaliable", "x", "1"), item("Water", "Water", "0")};
+        QList<ItemRec500> buttons = {CatalogueItem({"Burger", "Food", "9.95", "Burger Deluxe"}), CatalogueItem({"Avaliable", "Food", "1", "x"}), CatalogueItem({"Water", "Food", "0", "Water"})};
         for (int filler = 0; filler < 11; ++filler)
-            buttons.append(item("Late " + QByteArray::number(filler), "Late", "1"));
+            buttons.append(CatalogueItem({"Late " + QByteArray::number(filler), "Food", "1", "Late"}));
         write(QStringLiteral("Quillon/ini/Button0.dat"), buttons);
-        write(QStringLiteral("Quillon/ini/Mod0.dat"), {item("ADD Cheese", "Cheese", "1.00"), item("Avaliable 2", "x", "1"), item("Plain", "p", "0")});
+        write(QStringLiteral("Quillon/ini/Mod0.dat"), {CatalogueItem({"ADD Cheese", "Food", "1.00", "Cheese"}), CatalogueItem({"Avaliable 2", "Food", "1", "x"}), CatalogueItem({"Plain", "Food", "0", "p"})});
         write(QStringLiteral("Quillon/ini/Mod0.IVM"), {});
-        write(QStringLiteral("Quillon/ini/Mod1.dat"), {item("No Recipes", "n", "1")});
-        write(QStringLiteral("Quillon/data/BeerDraft.dat"), {item("Bud", "Budweiser", "4", "Beer"), item(" Ale ", "Ale", "5", "Beer")});
-        write(QStringLiteral("Quillon/data/RetailItems.dat"), {item("Tee", "Logo Tee", "20", "Retail"), item("Free", "Free", "0")});
+        write(QStringLiteral("Quillon/ini/Mod1.dat"), {CatalogueItem({"No Recipes", "Food", "1", "n"})});
+        write(QStringLiteral("Quillon/data/BeerDraft.dat"), {CatalogueItem({"Bud", "Beer", "4", "Budweiser"}), CatalogueItem({" Ale ", "Beer", "5", "Ale"})});
+        write(QStringLiteral("Quillon/data/RetailItems.dat"), {CatalogueItem({"Tee", "Retail", "20", "Logo Tee"}), CatalogueItem({"Free", "Food", "0", "Free"})});
     }
 
     void write(const QString &path, const QList<ItemRec500> &records)

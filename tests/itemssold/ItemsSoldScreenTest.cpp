@@ -30,8 +30,8 @@ protected:
         ScreenTest::SetUp();
         Site().SiteRoot = "C:\\Quillon\\";
         QByteArray buttons;
-        for (const ItemRec500 &record : {test::CatalogueItem("Burger", "6.50"), test::CatalogueItem("Fries", "2.50"),
-                                          test::CatalogueItem("Salad", "1200", "Catering")})
+        for (const ItemRec500 &record : {test::CatalogueItem({"Burger", "Food", "6.50"}), test::CatalogueItem({"Fries", "Food", "2.50"}),
+                                          test::CatalogueItem({"Salad", "Catering", "1200"})})
             buttons += record.bytes();
         site.write(QStringLiteral("Quillon/ini/Button0.dat"), buttons);
         site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"),

@@ -1,6 +1,7 @@
-#include "core/RecordFile.h"
 #include "listbuilder/logic/LoadList.h"
+#include "core/RecordFile.h"
 #include "store/ItemRec500.h"
+#include "tests/support/CatalogueItem.h"
 #include "tests/support/TempSite.h"
 
 #include <gtest/gtest.h>
@@ -8,14 +9,7 @@
 namespace qlon {
 namespace {
 
-ItemRec500 item(const QByteArray &title, const QByteArray &department, const QByteArray &price = "5.00")
-{
-    ItemRec500 record;
-    record.setField(ItemRec500::ButtonTitle, title);
-    record.setField(ItemRec500::Department, department);
-    record.setField(ItemRec500::Price, price);
-    return record;
-}
+using test::CatalogueItem;
 
 class LoadListTest : public ::testing::Test
 {
@@ -46,18 +40,18 @@ TEST_F(LoadListTest, TheFirstRecordOfANameWinsAndNamesAreChanged)
 {
     CategoryChoice all;
     all.all = true;
-    const QByteArrayList listed = rows({item("House Salad", "Food", "6.95"), item("  ", "Food"), item("Joe's Wings", ""),
-                                        item("House Salad", "Catering", "7.95"), item(" Pie ", "Dessert", ""),
-                                        item("JoeMs Wings", "Food", "1.00")},
-                                       all);
+    const QByteArrayList listed = rows({CatalogueItem({"House Salad", "Food", "6.95"}), CatalogueItem({"  ", "Food"}),
+                                           CatalogueItem({"Joe's Wings", ""}), CatalogueItem({"House Salad", "Catering", "7.95"}),
+                                           CatalogueItem({" Pie ", "Dessert", ""}), CatalogueItem({"JoeMs Wings", "Food", "1.00"})},
+        all);
     EXPECT_EQ(listed, (QByteArrayList{"House Salad|Food|6.95|0|0", "JoeMs Wings|Food|5.00|0|0", "Pie|Dessert|0|0|0"}));
 }
 
 TEST_F(LoadListTest, EachOptionSelectsByTheItemsDepartment)
 {
-    const QList<ItemRec500> items = {item("Burger", "Food"), item("Cola", "Beverage"), item("Lager", "Beer"),
-                                     item("Cap", "Retail"), item("Platter", "Catering"), item("Plain", ""),
-                                     item("Odd", "Seclect Below")};
+    const QList<ItemRec500> items = {CatalogueItem({"Burger", "Food"}), CatalogueItem({"Cola", "Beverage"}),
+        CatalogueItem({"Lager", "Beer"}), CatalogueItem({"Cap", "Retail"}), CatalogueItem({"Platter", "Catering"}),
+        CatalogueItem({"Plain", ""}), CatalogueItem({"Odd", "Seclect Below"})};
     struct Case
     {
         const char *option;
@@ -95,12 +89,12 @@ TEST_F(LoadListTest, MoreThanThreeThousandRecordsEndWithASubscriptError)
     all.all = true;
     QList<ItemRec500> items;
     for (int number = 1; number <= 3000; ++number)
-        items.append(item("Item " + QByteArray::number(number), "Food"));
-    items.append(item("Item 17", "Food"));
-    items.append(item("", "Food"));
+        items.append(CatalogueItem({"Item " + QByteArray::number(number), "Food"}));
+    items.append(CatalogueItem({"Item 17", "Food"}));
+    items.append(CatalogueItem({"", "Food"}));
     EXPECT_EQ(rows(items, all).size(), 3000) << "repeats and empty names past 3000 are passed over as usual";
 
-    items.append(item("One Too Many", "Food"));
+    items.append(CatalogueItem({"One Too Many", "Food"}));
     RecordFile file(writeCatalogue(items), ItemRec500::size);
     try {
         ListItems(file, all);

@@ -1,9 +1,10 @@
+#include "rebuild/logic/RebuildItems.h"
 #include "core/FileTable.h"
 #include "core/RecordFile.h"
-#include "rebuild/logic/RebuildItems.h"
 #include "store/ItemRec500.h"
 #include "store/IvmRec1000.h"
 #include "store/SiteConfig.h"
+#include "tests/support/CatalogueItem.h"
 #include "tests/support/TempSite.h"
 
 #include <QDir>
@@ -13,15 +14,12 @@
 namespace qlon {
 namespace {
 
-ItemRec500 item(const QByteArray &title, const QByteArray &department = "Food", const QByteArray &kitchenText = {})
+// A catalogue item with bytes in fields the rebuild doesn't read, which its copy must keep.
+ItemRec500 item(const test::ItemFields &fields)
 {
-    ItemRec500 record;
+    ItemRec500 record = test::CatalogueItem(fields);
     record.setField(ItemRec500::SlotCode, "07");
-    record.setField(ItemRec500::ButtonTitle, title);
-    record.setField(ItemRec500::AltTitle, "alt \x93" + title);
-    record.setField(ItemRec500::KitchenText, kitchenText);
-    record.setField(ItemRec500::Price, "9.95");
-    record.setField(ItemRec500::Department, department);
+    record.setField(ItemRec500::AltTitle, "alt \x93" + fields.title);
     record.setField(ItemRec500::RecordTail, "tail bytes \x01\x81");
     return record;
 }
@@ -54,8 +52,8 @@ protected:
     void setLiquorRebuild(const QByteArray &value) { Site().Config.setField(IniRec2300::LiquorRebuild, value); }
 
     // Writes an item file and, unless told otherwise, its recipe file of the same records.
-    void writeCatalogue(const QString &relative, const QList<ItemRec500> &items, bool withRecipes = true,
-                        const QString &recipeRelative = {})
+    void writeCatalogue(
+        const QString &relative, const QList<ItemRec500> &items, bool withRecipes = true, const QString &recipeRelative = {})
     {
         QByteArray itemBytes;
         QByteArray recipeBytes;
@@ -65,15 +63,16 @@ protected:
         }
         site.write(QStringLiteral("Quillon/") + relative, itemBytes);
         if (withRecipes)
-            site.write(QStringLiteral("Quillon/") + (recipeRelative.isEmpty() ? relative.chopped(3) + QStringLiteral("IVM") : recipeRelative),
-                       recipeBytes);
+            site.write(
+                QStringLiteral("Quillon/") + (recipeRelative.isEmpty() ? relative.chopped(3) + QStringLiteral("IVM") : recipeRelative),
+                recipeBytes);
     }
 
     void rebuild()
     {
         RebuildItems::EmptyTempFiles();
-        RebuildItems run({[this](int, int maximum) { progressMaximum = maximum; }, [](int) {},
-                          [this](int count) { shownCount = count; }, [] {}});
+        RebuildItems run(
+            {[this](int, int maximum) { progressMaximum = maximum; }, [](int) {}, [this](int count) { shownCount = count; }, [] {}});
         run.Run();
     }
 
@@ -103,8 +102,8 @@ TEST_F(RebuildItemsTest, ASiteWithoutCatalogueEndsWithEmptyFiles)
 {
     site.write(QStringLiteral("Quillon/Temp/TempInv.dat"), QByteArray(1500, 'x'));
     rebuild();
-    for (const QString &file : {QStringLiteral("TempInv.dat"), QStringLiteral("TempInv.IVM"), QStringLiteral("TempInvLB.DAT"),
-                                QStringLiteral("tList1.dat")}) {
+    for (const QString &file :
+        {QStringLiteral("TempInv.dat"), QStringLiteral("TempInv.IVM"), QStringLiteral("TempInvLB.DAT"), QStringLiteral("tList1.dat")}) {
         EXPECT_TRUE(QFileInfo::exists(site.hostPath(QStringLiteral("Quillon/Temp/") + file))) << file.toStdString();
         EXPECT_TRUE(site.read(QStringLiteral("Quillon/Temp/") + file).isEmpty()) << file.toStdString();
     }
@@ -113,15 +112,17 @@ TEST_F(RebuildItemsTest, ASiteWithoutCatalogueEndsWithEmptyFiles)
 
 TEST_F(RebuildItemsTest, GathersEveryGroupInOrderByteForByte)
 {
-    const ItemRec500 burger = item("  Burger");
-    const ItemRec500 fries = item("Fries", "");
-    writeCatalogue(QStringLiteral("ini/Button0.dat"), {burger, item("Avaliable"), item("Available"), item(""), fries});
-    writeCatalogue(QStringLiteral("ini/3/ButtonFB.dat"), {item("Pie", "Dessert")});
-    writeCatalogue(QStringLiteral("ini/Mod0.dat"), {item("ADD Cheese")});
-    writeCatalogue(QStringLiteral("data/BeerDraft.dat"), {item("Lager", "Beer"), item("-", "Beer")});
-    writeCatalogue(QStringLiteral("data/ExpressBar.dat"), {item("Shot", "Liquor")}, true, QStringLiteral("data/EXpressBar.IVM"));
-    const ItemRec500 shirt = item("Available", "Merch", "T-Shirt");
-    writeCatalogue(QStringLiteral("data/RetailItems.dat"), {shirt, item("Avaliable", "", "Ghost"), item("Mug", "", "")});
+    const ItemRec500 burger = item({"  Burger"});
+    const ItemRec500 fries = item({"Fries", ""});
+    writeCatalogue(QStringLiteral("ini/Button0.dat"), {burger, item({"Avaliable"}), item({"Available"}), item({""}), fries});
+    writeCatalogue(QStringLiteral("ini/3/ButtonFB.dat"), {item({"Pie", "Dessert"})});
+    writeCatalogue(QStringLiteral("ini/Mod0.dat"), {item({"ADD Cheese"})});
+    writeCatalogue(QStringLiteral("data/BeerDraft.dat"), {item({"Lager", "Beer"}), item({"-", "Beer"})});
+    writeCatalogue(QStringLiteral("data/ExpressBar.dat"), {item({"Shot", "Liquor"})}, true, QStringLiteral("data/EXpressBar.IVM"));
+    const ItemRec500 shirt = item({.title = "Available", .department = "Merch", .kitchenText = "T-Shirt"});
+    writeCatalogue(QStringLiteral("data/RetailItems.dat"),
+        {shirt, item({.title = "Avaliable", .department = "", .kitchenText = "Ghost"}),
+            item({.title = "Mug", .department = "", .kitchenText = ""})});
 
     rebuild();
 
@@ -145,7 +146,7 @@ TEST_F(RebuildItemsTest, GathersEveryGroupInOrderByteForByte)
 
 TEST_F(RebuildItemsTest, DrinksOnlyWhenTheSiteAsksForThem)
 {
-    writeCatalogue(QStringLiteral("data/cocktail.dat"), {item("Mojito", "Liquor")});
+    writeCatalogue(QStringLiteral("data/cocktail.dat"), {item({"Mojito", "Liquor"})});
     setLiquorRebuild("0");
     rebuild();
     EXPECT_TRUE(titles().isEmpty());
@@ -157,11 +158,11 @@ TEST_F(RebuildItemsTest, DrinksOnlyWhenTheSiteAsksForThem)
 
 TEST_F(RebuildItemsTest, MissingOrShortRecipeFiles)
 {
-    writeCatalogue(QStringLiteral("ini/Button1.dat"), {item("No Recipe File")}, false);
-    writeCatalogue(QStringLiteral("data/WineGlass.dat"), {item("Merlot", "Wine")}, false);
-    site.write(QStringLiteral("Quillon/ini/1/Button2.dat"), item("Soup").bytes() + item("Stew").bytes());
+    writeCatalogue(QStringLiteral("ini/Button1.dat"), {item({"No Recipe File"})}, false);
+    writeCatalogue(QStringLiteral("data/WineGlass.dat"), {item({"Merlot", "Wine"})}, false);
+    site.write(QStringLiteral("Quillon/ini/1/Button2.dat"), item({"Soup"}).bytes() + item({"Stew"}).bytes());
     site.write(QStringLiteral("Quillon/ini/1/Button2.IVM"), recipeOf("Broth").bytes());
-    writeCatalogue(QStringLiteral("data/RetailItems.dat"), {item("Cap", "", "Cap")}, false);
+    writeCatalogue(QStringLiteral("data/RetailItems.dat"), {item({.title = "Cap", .department = "", .kitchenText = "Cap"})}, false);
 
     rebuild();
 
@@ -175,8 +176,8 @@ TEST_F(RebuildItemsTest, MissingOrShortRecipeFiles)
 
 TEST_F(RebuildItemsTest, NoSourceFileIsEverWritten)
 {
-    writeCatalogue(QStringLiteral("ini/Button0.dat"), {item(" Padded "), item("Avaliable")});
-    writeCatalogue(QStringLiteral("data/RetailItems.dat"), {item("x", "", "Hat")});
+    writeCatalogue(QStringLiteral("ini/Button0.dat"), {item({" Padded "}), item({"Avaliable"})});
+    writeCatalogue(QStringLiteral("data/RetailItems.dat"), {item({.title = "x", .department = "", .kitchenText = "Hat"})});
     const QByteArray buttons = site.read(QStringLiteral("Quillon/ini/Button0.dat"));
     const QByteArray retail = site.read(QStringLiteral("Quillon/data/RetailItems.dat"));
     rebuild();

@@ -24,10 +24,7 @@
 namespace qlon {
 namespace {
 
-ItemRec500 item(const QByteArray &title, const QByteArray &department, const QByteArray &price)
-{
-    return test::CatalogueItem(title, price, department);
-}
+using test::CatalogueItem;
 
 SalesRow sale(int id, const QByteArray &name, const QByteArray &date, const QByteArray &time, const QByteArray &quantity,
               const QByteArray &price)
@@ -61,8 +58,8 @@ protected:
         writeConfiguration("C:\\Quillon\\", "\"01/01/2004\",\"01/02/2004\"\r\n");
         site.write(QStringLiteral("Quillon/data/Departments.dat"), "\"Food\"\r\n\"Beer\"\r\n\"Retail\"\r\n\"Empty\"\r\n");
         QByteArray catalogue;
-        for (const ItemRec500 &record : {item("Burger", "Food", "6.50"), item("Lager", "Beer", "4.00"), item("Joe's Wings", "Food", "9.95"),
-                                         item("Cap", "Retail", "15.00"), item("Ghost", "Food", "1.00"), item("Odd", "Mystery", "2.00")})
+        for (const ItemRec500 &record : {CatalogueItem({"Burger", "Food", "6.50"}), CatalogueItem({"Lager", "Beer", "4.00"}), CatalogueItem({"Joe's Wings", "Food", "9.95"}),
+                                         CatalogueItem({"Cap", "Retail", "15.00"}), CatalogueItem({"Ghost", "Food", "1.00"}), CatalogueItem({"Odd", "Mystery", "2.00"})})
             catalogue += record.bytes();
         site.write(QStringLiteral("Quillon/Temp/TempInv.dat"), catalogue);
 

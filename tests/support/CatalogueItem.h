@@ -4,16 +4,26 @@
 
 namespace qlon::test {
 
-// A catalogue record with the fields that the scans and the list read; the receipt text is the
-// title unless given.
-inline ItemRec500 CatalogueItem(const QByteArray &title, const QByteArray &price, const QByteArray &department = "Food",
-                                const QByteArray &receipt = {})
+// The fields of a catalogue record that the tests set, in the one order every test gives them:
+// CatalogueItem({"Burger", "Food", "6.50"}), or by name: CatalogueItem({.title = "Cap", .kitchenText = "Cap"}).
+struct ItemFields
+{
+    QByteArray title;
+    QByteArray department = "Food";
+    QByteArray price = "5.00";
+    // The title unless given.
+    QByteArray receipt = {};
+    QByteArray kitchenText = {};
+};
+
+inline ItemRec500 CatalogueItem(const ItemFields &fields)
 {
     ItemRec500 record;
-    record.setField(ItemRec500::ButtonTitle, title);
-    record.setField(ItemRec500::ReceiptText, receipt.isNull() ? title : receipt);
-    record.setField(ItemRec500::Price, price);
-    record.setField(ItemRec500::Department, department);
+    record.setField(ItemRec500::ButtonTitle, fields.title);
+    record.setField(ItemRec500::ReceiptText, fields.receipt.isNull() ? fields.title : fields.receipt);
+    record.setField(ItemRec500::Department, fields.department);
+    record.setField(ItemRec500::Price, fields.price);
+    record.setField(ItemRec500::KitchenText, fields.kitchenText);
     return record;
 }
 

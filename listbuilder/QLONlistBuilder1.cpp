@@ -8,6 +8,7 @@
 #include "core/FileTable.h"
 #include "core/FixedField.h"
 #include "core/Format.h"
+#include "core/Version.h"
 #include "core/Yield.h"
 #include "listbuilder/SalesWorker.h"
 #include "listbuilder/logic/ItemsSoldReport.h"
@@ -265,7 +266,7 @@ void QLONlistBuilder1::Form_Load()
         Dialogs::showMessage(this, QStringLiteral("Already Running"), alreadyRunningText);
         EndProgram(1);
     }
-    Label11->setText(QStringLiteral("Version %1.%2.%3").arg(QLON_VERSION_MAJOR).arg(QLON_VERSION_MINOR).arg(QLON_VERSION_PATCH));
+    Label11->setText(QStringLiteral("Version ") + QLatin1String(ProgramVersion));
     ReadConfiguration();
     // Composed before the worker's load fills in an empty DataRoot, deliberately: a site without
     // QlonINI.dat looks for its start dates in the working folder, and so doesn't find them.

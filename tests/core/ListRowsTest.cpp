@@ -2,6 +2,7 @@
 
 #include "core/RuntimeError.h"
 #include "tests/support/Printers.h"
+#include "tests/support/Rows.h"
 
 #include <gtest/gtest.h>
 
@@ -15,13 +16,7 @@ using Texts = QList<QByteArray>;
 class ListRowsTest : public ::testing::Test
 {
 protected:
-    Texts texts() const
-    {
-        Texts all;
-        for (int row = 0; row < m_rows.rowCount(); ++row)
-            all.append(m_rows.rowText(row));
-        return all;
-    }
+    Texts texts() const { return test::TextsOf(m_rows); }
     Texts tags() const
     {
         Texts all;
@@ -29,29 +24,13 @@ protected:
             all.append(m_rows.rowTag(row));
         return all;
     }
-    void addRows(const Texts &rows)
-    {
-        for (const QByteArray &row : rows)
-            m_rows.addRow(row);
-    }
-    void sortBy(const QByteArray &key)
-    {
-        m_rows.setSortKey(key);
-        m_rows.setSorted(true);
-    }
+    void addRows(const Texts &rows) { test::AddRows(m_rows, rows); }
+    void sortBy(const QByteArray &key) { test::SortBy(m_rows, key); }
 
     ListRows m_rows;
 };
 
-int runtimeErrorNumber(const std::function<void()> &action)
-{
-    try {
-        action();
-    } catch (const RuntimeError &error) {
-        return error.number();
-    }
-    return -1;
-}
+using test::RuntimeErrorNumber;
 
 class NumericComparer : public IMSort
 {
@@ -95,9 +74,9 @@ TEST_F(ListRowsTest, IndexesOutOfRangeAreInvalidPropertyValues)
 {
     addRows({"Burger", "Soda"});
 
-    EXPECT_EQ(runtimeErrorNumber([&] { m_rows.rowText(2); }), RuntimeError::InvalidPropertyValue);
-    EXPECT_EQ(runtimeErrorNumber([&] { m_rows.setRowTag(-1, {}); }), RuntimeError::InvalidPropertyValue);
-    EXPECT_EQ(runtimeErrorNumber([&] { m_rows.removeRow(2); }), RuntimeError::InvalidPropertyValue);
+    EXPECT_EQ(RuntimeErrorNumber([&] { m_rows.rowText(2); }), RuntimeError::InvalidPropertyValue);
+    EXPECT_EQ(RuntimeErrorNumber([&] { m_rows.setRowTag(-1, {}); }), RuntimeError::InvalidPropertyValue);
+    EXPECT_EQ(RuntimeErrorNumber([&] { m_rows.removeRow(2); }), RuntimeError::InvalidPropertyValue);
     EXPECT_EQ(m_rows.rowCount(), 2);
 }
 
@@ -181,7 +160,7 @@ TEST_F(ListRowsTest, UnreadableSortKeysAreInvalidPropertyValues)
     m_rows.setSortKey(QByteArrayLiteral("3d "));
 
     for (const QByteArray &unreadable : Texts{"", "d", "5", "d5", "5x", " 5d", "-1a", "5 d", "99999999999a"}) {
-        EXPECT_EQ(runtimeErrorNumber([&] { m_rows.setSortKey(unreadable); }),
+        EXPECT_EQ(RuntimeErrorNumber([&] { m_rows.setSortKey(unreadable); }),
                   RuntimeError::InvalidPropertyValue)
             << unreadable.constData();
     }
@@ -224,7 +203,7 @@ TEST_F(ListRowsTest, AFailureOfTheComparerReachesTheCallerAndTheRowsStay)
     m_rows.setComparer(&failing);
     m_rows.setSortKey(QByteArrayLiteral("1a"));
 
-    EXPECT_EQ(runtimeErrorNumber([&] { m_rows.setSorted(true); }), RuntimeError::TypeMismatch);
+    EXPECT_EQ(RuntimeErrorNumber([&] { m_rows.setSorted(true); }), RuntimeError::TypeMismatch);
     EXPECT_FALSE(m_rows.isSorted());
     EXPECT_EQ(texts(), (Texts{"c|3", "a|$1", "b|2", "d|4"}));
     EXPECT_EQ(m_rows.rowTag(1), QByteArrayLiteral("dollar"));
@@ -238,7 +217,7 @@ TEST_F(ListRowsTest, AFailureWhileAddingToASortedListAddsNothing)
     sortBy(QByteArrayLiteral("0a"));
     ASSERT_EQ(texts(), (Texts{"1", "2", "3"}));
 
-    EXPECT_EQ(runtimeErrorNumber([&] { m_rows.addRow(QByteArrayLiteral("two")); }), RuntimeError::TypeMismatch);
+    EXPECT_EQ(RuntimeErrorNumber([&] { m_rows.addRow(QByteArrayLiteral("two")); }), RuntimeError::TypeMismatch);
     EXPECT_EQ(texts(), (Texts{"1", "2", "3"}));
 }
 

@@ -2,25 +2,15 @@
 
 #include "core/ListRows.h"
 #include "tests/support/Printers.h"
+#include "tests/support/Rows.h"
 
 #include <gtest/gtest.h>
 
 namespace qlon {
 namespace {
 
-void fill(ListRows &rows, const QByteArrayList &texts)
-{
-    for (const QByteArray &text : texts)
-        rows.addRow(text);
-}
-
-QByteArrayList texts(const ListRows &rows)
-{
-    QByteArrayList all;
-    for (int row = 0; row < rows.rowCount(); ++row)
-        all.append(rows.rowText(row));
-    return all;
-}
+using test::AddRows;
+using test::TextsOf;
 
 QByteArrayList names(const PrintedList &printed)
 {
@@ -35,7 +25,7 @@ QByteArrayList names(const PrintedList &printed)
 TEST(ItemsSoldReportTest, PrintsThreeAcrossWithTheLeftOverLineAndTotalsOnlyItemRows)
 {
     ListRows list;
-    fill(list, {"Burger|Food|6.50|12|78.00|x", "Soda|Bev|1.50|2|3.00|x", "Pie|Food|3.00|1|3.25|x", "Cake|Food|2.00|1|2.00|x",
+    AddRows(list, {"Burger|Food|6.50|12|78.00|x", "Soda|Bev|1.50|2|3.00|x", "Pie|Food|3.00|1|3.25|x", "Cake|Food|2.00|1|2.00|x",
                 "", "********************", "**Food|Total|14|14|$83.25|Q8$|Q9$|Q5$"});
 
     const PrintedList printed = ItemsSoldPrintLayout(list);
@@ -48,14 +38,14 @@ TEST(ItemsSoldReportTest, PrintsThreeAcrossWithTheLeftOverLineAndTotalsOnlyItemR
     EXPECT_DOUBLE_EQ(printed.grandTotal, 86.25);
 
     ListRows three;
-    fill(three, {"A|F|1|1|1.00|x", "B|F|1|1|1.00|x", "C|F|1|1|1.00|x"});
+    AddRows(three, {"A|F|1|1|1.00|x", "B|F|1|1|1.00|x", "C|F|1|1|1.00|x"});
     EXPECT_EQ(ItemsSoldPrintLayout(three).lines.size(), 2) << "a full last line is followed by an empty one";
 }
 
 TEST(ItemsSoldReportTest, AFieldCountsOnlyWhereASeparatorClosesIt)
 {
     ListRows list;
-    fill(list, {"Burger|Food|6.50|12|78.00|x", "Soda|Bev|1.50|2|3.00", "Tea|Bev|1.00|5"});
+    AddRows(list, {"Burger|Food|6.50|12|78.00|x", "Soda|Bev|1.50|2|3.00", "Tea|Bev|1.00|5"});
 
     const PrintedList printed = ItemsSoldPrintLayout(list);
 
@@ -67,38 +57,38 @@ TEST(ItemsSoldReportTest, TotalRowsSkipEmptyNamesAndKeepTheSumsOfTheRowBeforePas
 {
     ListRows sales;
     ListRows units;
-    fill(sales, {"12.5", "0"});
-    fill(units, {"3", "0"});
+    AddRows(sales, {"12.5", "0"});
+    AddRows(units, {"3", "0"});
 
     EXPECT_EQ(DepartmentTotalRows(sales, units, {"Food", "", "Beer"}),
               (QByteArrayList{"**Food|Total|3|3|$12.50|Q8$|Q9$|Q5$", "**Beer|Total|0|0|$0.00|Q8$|Q9$|Q5$"}));
     EXPECT_EQ(DepartmentTotalRows(sales, units, {"Food", "Wine", "Beer"}).last(), "**Beer|Total|0|0|$0.00|Q8$|Q9$|Q5$");
 
     ListRows one;
-    fill(one, {"7"});
+    AddRows(one, {"7"});
     EXPECT_EQ(DepartmentTotalRows(one, one, {"Food", "Wine"}).last(), "**Wine|Total|7|7|$7.00|Q8$|Q9$|Q5$");
 }
 
 TEST(ItemsSoldReportTest, RemovingUnsoldRowsNeverLooksAtTheRowThatMovesUp)
 {
     ListRows list;
-    fill(list, {"Burger|Food|6.50|12|x", "Soda|Bev|1.50|0|x", "Tea|Bev|1.00|0|x", "Pie|Food|3.00|2|x", "Cake|Food|2|0|x"});
+    AddRows(list, {"Burger|Food|6.50|12|x", "Soda|Bev|1.50|0|x", "Tea|Bev|1.00|0|x", "Pie|Food|3.00|2|x", "Cake|Food|2|0|x"});
     QList<int> visited;
 
     RemoveRowsWithoutUnits(list, [&](int row) { visited.append(row); });
 
-    EXPECT_EQ(texts(list), (QByteArrayList{"Burger|Food|6.50|12|x", "Tea|Bev|1.00|0|x", "Pie|Food|3.00|2|x"}));
+    EXPECT_EQ(TextsOf(list), (QByteArrayList{"Burger|Food|6.50|12|x", "Tea|Bev|1.00|0|x", "Pie|Food|3.00|2|x"}));
     EXPECT_EQ(visited, (QList<int>{0, 1, 2, 3, 4}));
 }
 
 TEST(ItemsSoldReportTest, ARowShortOfSeparatorsReadsItsUnitsWhereTheRowBeforeHadThem)
 {
     ListRows list;
-    fill(list, {"Burger|Food|6.50|12|x", "********************", "Soda|Bev|1.50|0|x", "Tea|Bev|1|3|x"});
+    AddRows(list, {"Burger|Food|6.50|12|x", "********************", "Soda|Bev|1.50|0|x", "Tea|Bev|1|3|x"});
 
     RemoveRowsWithoutUnits(list, [](int) {});
 
-    EXPECT_EQ(texts(list), (QByteArrayList{"Burger|Food|6.50|12|x", "Soda|Bev|1.50|0|x", "Tea|Bev|1|3|x"}))
+    EXPECT_EQ(TextsOf(list), (QByteArrayList{"Burger|Food|6.50|12|x", "Soda|Bev|1.50|0|x", "Tea|Bev|1|3|x"}))
         << "the separator row reads \"**\" between the places of Burger's bars, which counts 0; Soda moves up "
            "into its place and is never looked at";
 }

@@ -2,6 +2,7 @@
 
 #include "core/RuntimeError.h"
 #include "tests/support/Printers.h"
+#include "tests/support/Rows.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -31,29 +32,13 @@ protected:
     QVariant shownBackground(int row) { return shown().index(row, 0).data(Qt::BackgroundRole); }
     QString heading(int column) { return shown().headerData(column, Qt::Horizontal).toString(); }
 
-    void addRows(const Texts &rows)
-    {
-        for (const QByteArray &row : rows)
-            m_list.addRow(row);
-    }
-    void sortBy(const QByteArray &key)
-    {
-        m_list.setSortKey(key);
-        m_list.setSorted(true);
-    }
+    void addRows(const Texts &rows) { test::AddRows(m_list.rows(), rows); }
+    void sortBy(const QByteArray &key) { test::SortBy(m_list.rows(), key); }
 
     MList m_list;
 };
 
-int runtimeErrorNumber(const std::function<void()> &action)
-{
-    try {
-        action();
-    } catch (const RuntimeError &error) {
-        return error.number();
-    }
-    return -1;
-}
+using test::RuntimeErrorNumber;
 
 TEST_F(MListTest, ShowsTheFieldsOfEachRowUnderTheirHeadings)
 {
@@ -132,8 +117,8 @@ TEST_F(MListTest, TheViewFollowsRemovalsAndSelectionsOutOfRangeFail)
 
     EXPECT_EQ(shown().rowCount(), 2);
     EXPECT_EQ(shownText(1, 0), QStringLiteral("Pie"));
-    EXPECT_EQ(runtimeErrorNumber([&] { m_list.setRowSelected(5, true); }), RuntimeError::InvalidPropertyValue);
-    EXPECT_EQ(runtimeErrorNumber([&] { m_list.isRowSelected(-1); }), RuntimeError::InvalidPropertyValue);
+    EXPECT_EQ(RuntimeErrorNumber([&] { m_list.setRowSelected(5, true); }), RuntimeError::InvalidPropertyValue);
+    EXPECT_EQ(RuntimeErrorNumber([&] { m_list.isRowSelected(-1); }), RuntimeError::InvalidPropertyValue);
     m_list.clear();
     EXPECT_EQ(shown().rowCount(), 0);
 }

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds and runs every test: once under AddressSanitizer and UndefinedBehaviorSanitizer with
+# Builds and runs every test: once under AddressSanitizer, UndefinedBehaviorSanitizer and leak detection with
 # warnings as errors, and once as the domain libraries alone, without any screen.
 set -euo pipefail
 cd "$(dirname "$0")/.."

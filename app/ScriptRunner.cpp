@@ -1,6 +1,7 @@
 #include "app/ScriptRunner.h"
 
 #include "core/Ansi.h"
+#include "core/RuntimeError.h"
 #include "ui/Dialogs.h"
 #include "ui/MList.h"
 #include "ui/Program.h"
@@ -272,7 +273,7 @@ QString ScriptRunner::executeOnControl(const QString &command, const QString &ta
     const QString controlName = target.section(QLatin1Char('.'), 1);
     if (!Screens().knows(screenName))
         return QStringLiteral("unknown screen ") + screenName;
-    QWidget *screen = Screens().touch(screenName);
+    QWidget *screen = TouchScreen(screenName);
 
     if (command == QLatin1String("show")) {
         screen->show();
@@ -297,6 +298,10 @@ QString ScriptRunner::executeOnControl(const QString &command, const QString &ta
             printRows(listOf(control));
     } catch (const ControlError &error) {
         return target + QLatin1Char(' ') + error.text;
+    } catch (const RuntimeError &error) {
+        // Handlers end the program on their own failures; what reaches here is the script's
+        // own read of the control, such as a row past the end.
+        return target + QLatin1Char(' ') + error.description();
     }
     return {};
 }

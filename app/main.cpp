@@ -41,7 +41,7 @@ int writeReportTemplate(QTextStream &out, QTextStream &err)
         return 1;
     }
     const QString path = qlon::HostPath(qlon::DataPath("ItemsSold.vrd"));
-    if (QFileInfo::exists(path)) {
+    if (qlon::FileExists(path)) {
         out << "The site has its report template: " << path << Qt::endl;
         return 0;
     }
@@ -58,7 +58,7 @@ bool saveScreenshots(const QStringList &requests, QTextStream &err)
     for (const QString &request : requests) {
         const QString screen = request.section(QLatin1Char('='), 0, 0);
         const QString path = request.section(QLatin1Char('='), 1);
-        QWidget *widget = qlon::Screens().knows(screen) ? qlon::Screens().touch(screen) : nullptr;
+        QWidget *widget = qlon::TouchScreen(screen);
         if (!widget || !qlon::ScriptRunner::saveScreenshot(widget, path)) {
             err << "qlon: can't save a picture of " << screen << " to " << path << Qt::endl;
             return false;
@@ -91,7 +91,7 @@ int main(int argc, char *argv[])
 
     qlon::RegisterScreens();
     // The program starts by loading its main screen; there is no other way in.
-    qlon::RunHandler([] { qlon::Screens().touch(mainScreen); });
+    qlon::TouchScreen(mainScreen);
 
     int status = 0;
     if (commandLine.scripted())

@@ -14,7 +14,6 @@
 #include "store/ProgramGlobals.h"
 
 #include <QDesktopServices>
-#include <QFileInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -51,7 +50,7 @@ constexpr std::array<PanelSetting, PrinterStatus::panelCount> panels = {{
 IniRec2300 readConfiguration()
 {
     const QString path = HostPath("C:\\Quillon\\QlonINI.dat");
-    if (!QFileInfo::exists(path))
+    if (!FileExists(path))
         return IniRec2300();
     return IniRec2300(RecordFile(path, IniRec2300::size).GetRecord(1));
 }

@@ -15,7 +15,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
-#include <QFileInfo>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -317,7 +316,7 @@ QList<std::pair<QLineEdit *, int>> TCEmployee::fieldBoxes() const
 
 int TCEmployee::recordCount() const
 {
-    if (!QFileInfo::exists(employeePath()))
+    if (!FileExists(employeePath()))
         return 0;
     return RecordFile(employeePath(), EmployeeRec1000::size).CountRecords();
 }
@@ -336,7 +335,7 @@ void TCEmployee::Form_Load()
             List1->addItem(new EmployeeEntry(
                 FromAnsi(EmployeeRec1000(file.GetRecord(number)).trimmedField(EmployeeRec1000::EmployeeName)), number));
     }
-    chkTransfers->setVisible(QFileInfo::exists(HostPath("C:\\Quillon\\Quillon.exe")));
+    chkTransfers->setVisible(FileExists(HostPath("C:\\Quillon\\Quillon.exe")));
     Fill_Jobs();
 }
 
@@ -345,7 +344,7 @@ void TCEmployee::Fill_Jobs()
     const auto fill = [this](QByteArrayView file, const QList<QComboBox *> &pickers) {
         for (QComboBox *box : pickers)
             box->clear();
-        if (!QFileInfo::exists(listPath(file)))
+        if (!FileExists(listPath(file)))
             return;
         for (const QByteArray &line : ReadDepartmentNames(listPath(file))) {
             for (QComboBox *box : pickers)
@@ -361,7 +360,7 @@ void TCEmployee::Command1_Click(int key)
 {
     List1->clear();
     const int count = recordCount();
-    if (!QFileInfo::exists(employeePath()))
+    if (!FileExists(employeePath()))
         return;
     RecordFile file(employeePath(), EmployeeRec1000::size);
     for (int number = 1; number <= count; ++number) {

@@ -31,7 +31,6 @@
 #include <QButtonGroup>
 #include <QCalendarWidget>
 #include <QCheckBox>
-#include <QFileInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -273,7 +272,7 @@ void QLONlistBuilder1::Form_Load()
     const QString startDatesPath = HostPath(Site().DataRoot + "data\\ListbuilderINI.dat");
     Screens().touch(QStringLiteral("QLONlistBuilder2"));
 
-    if (!QFileInfo::exists(startDatesPath)) {
+    if (!FileExists(startDatesPath)) {
         // The pickers deliberately stay unfilled: Calculate Sales copes with "Combo2" and "Combo3".
         MonthView1->setSelectedDate(Today());
         MonthView2->setSelectedDate(Today());
@@ -300,7 +299,7 @@ void QLONlistBuilder1::Form_Load()
 void QLONlistBuilder1::loadDepartments()
 {
     const QString path = HostPath(DataPath("data\\Departments.dat"));
-    if (!QFileInfo::exists(path)) {
+    if (!FileExists(path)) {
         CloseAll();
         EnsureDepartmentsFile(path, MainScreenDepartments());
     }
@@ -370,7 +369,7 @@ void QLONlistBuilder1::SSCommand2_Click()
     setCursor(Qt::WaitCursor);
     MList1->clear();
     const QByteArray listBuilderCopy = DataPath("Temp\\TempInvLB.dat");
-    Shared().ItemListPath = QFileInfo::exists(HostPath(listBuilderCopy)) ? listBuilderCopy : DataPath("Temp\\TempInv.dat");
+    Shared().ItemListPath = FileExists(HostPath(listBuilderCopy)) ? listBuilderCopy : DataPath("Temp\\TempInv.dat");
     RecordFile &catalogue = Files().OpenRandom(1, HostPath(Shared().ItemListPath), ItemRec500::size);
     catalogue.LockAll();
     for (const ListedItem &item : ListItems(catalogue, categoryChoice())) {

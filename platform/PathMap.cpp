@@ -68,18 +68,17 @@ QString PathMap::folderOf(QChar driveLetter) const
 QString PathMap::toHost(const QString &windowsPath) const
 {
     QStringList parts = windowsPath.split(QRegularExpression(QStringLiteral("[\\\\/]")));
-    QString host;
-    if (!parts.isEmpty() && isDriveName(parts.first())) {
-        host = folderOf(parts.takeFirst().at(0));
-    } else if (windowsPath.startsWith(QLatin1Char('\\')) || windowsPath.startsWith(QLatin1Char('/'))) {
-        host = folderOf(QLatin1Char('C'));
-    } else {
-        host = QDir::currentPath();
-    }
+    // A path without a drive is on drive C:, from its root: the program stands in no folder of
+    // the host, so that no path leads out of the folders the mapping gives.
+    const QString root = !parts.isEmpty() && isDriveName(parts.first()) ? folderOf(parts.takeFirst().at(0)) : folderOf(QLatin1Char('C'));
+    QString host = root;
     for (const QString &part : std::as_const(parts)) {
         if (part.isEmpty() || part == QLatin1String("."))
             continue;
-        host = (part == QLatin1String("..")) ? QFileInfo(host).path() : host + QLatin1Char('/') + findEntry(host, part);
+        if (part != QLatin1String(".."))
+            host += QLatin1Char('/') + findEntry(host, part);
+        else if (host != root) // as on Windows, ".." at a drive's root stays there
+            host = QFileInfo(host).path();
     }
     return host;
 }

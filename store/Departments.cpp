@@ -1,8 +1,8 @@
 #include "store/Departments.h"
 
+#include "core/HostPath.h"
 #include "core/TextFile.h"
 
-#include <QFileInfo>
 
 namespace qlon {
 
@@ -28,7 +28,7 @@ QByteArrayList DepartmentsEditorDepartments()
 
 bool EnsureDepartmentsFile(const QString &hostPath, const QByteArrayList &defaults)
 {
-    if (QFileInfo::exists(hostPath))
+    if (FileExists(hostPath))
         return false;
     WriteDepartmentNames(hostPath, defaults);
     return true;

@@ -1,15 +1,15 @@
 #include "store/EmployeeRec1000.h"
 
 #include "core/Conversions.h"
+#include "core/HostPath.h"
 #include "core/RecordFile.h"
 
-#include <QFileInfo>
 
 namespace qlon {
 
 QByteArrayList ServerNumbers(const QString &employeeFileHostPath)
 {
-    if (!QFileInfo::exists(employeeFileHostPath))
+    if (!FileExists(employeeFileHostPath))
         return {};
     RecordFile file(employeeFileHostPath, EmployeeRec1000::size);
     QByteArrayList numbers;

@@ -2,6 +2,7 @@
 
 #include "core/FileTable.h"
 #include "ui/Dialogs.h"
+#include "ui/ScreenRegistry.h"
 
 #include <QTimer>
 
@@ -48,6 +49,13 @@ void RunHandler(const std::function<void()> &handler)
 int RunningHandlers()
 {
     return runningHandlers;
+}
+
+QWidget *TouchScreen(const QString &name)
+{
+    QWidget *screen = nullptr;
+    RunHandler([&] { screen = Screens().touch(name); });
+    return screen;
 }
 
 void StartOneShot(QObject *context, int milliseconds, const std::function<void()> &handler)

@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+class QWidget;
+
 #include <functional>
 
 namespace qlon {
@@ -22,6 +24,10 @@ inline const QString ProgramTitle = QStringLiteral("QLONListBuilder");
 // loop; a script waits until none is running.
 void RunHandler(const std::function<void()> &handler);
 int RunningHandlers();
+
+// The screen of that name, created and loaded if it doesn't exist yet, as a handler would touch
+// it: a load that fails ends the program with the platform's error. None for an unknown name.
+QWidget *TouchScreen(const QString &name);
 
 // A one-shot timer of a screen; a script waits until none is pending.
 void StartOneShot(QObject *context, int milliseconds, const std::function<void()> &handler);

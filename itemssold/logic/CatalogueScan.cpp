@@ -8,7 +8,6 @@
 #include "store/ItemRec500.h"
 #include "store/SiteConfig.h"
 
-#include <QFileInfo>
 
 #include <algorithm>
 
@@ -74,7 +73,7 @@ void Scan::buttons()
         m_progress.setValue(index);
         CloseAll();
         const QString path = sitePath(ButtonFile(index).items);
-        if (!QFileInfo::exists(path))
+        if (!FileExists(path))
             continue;
         RecordFile file(path, ItemRec500::size);
         for (int number = 1; number <= buttonRecords; ++number) {
@@ -95,7 +94,7 @@ void Scan::modifiers()
     for (int index = 0; index < ModifierFileCount; ++index) {
         m_progress.setValue(index);
         const CatalogueFile lists = ModifierFile(index);
-        if (!QFileInfo::exists(sitePath(lists.items)) || !QFileInfo::exists(sitePath(lists.recipes)))
+        if (!FileExists(sitePath(lists.items)) || !FileExists(sitePath(lists.recipes)))
             continue;
         RecordFile file(sitePath(lists.items), ItemRec500::size);
         for (int number = 1; number <= file.CountRecords(); ++number) {
@@ -112,7 +111,7 @@ void Scan::drinks()
     const auto files = LiquorFiles();
     for (int index = 0; index < drinkFileCount; ++index) {
         const QString path = sitePath(files[index].items);
-        if (!QFileInfo::exists(path))
+        if (!FileExists(path))
             continue;
         RecordFile file(path, ItemRec500::size);
         m_progress.setMaximum(file.CountRecords());
@@ -131,7 +130,7 @@ void Scan::drinks()
 void Scan::retail()
 {
     const QString path = sitePath(RetailFile().items);
-    if (!QFileInfo::exists(path))
+    if (!FileExists(path))
         return;
     RecordFile file(path, ItemRec500::size);
     m_progress.setMaximum(file.CountRecords());

@@ -9,7 +9,6 @@
 #include "store/MonthlySales.h"
 #include "store/SiteConfig.h"
 
-#include <QFileInfo>
 #include <QHash>
 
 namespace qlon {
@@ -161,7 +160,7 @@ SalesScan ScanSalesFiles(const QByteArrayList &catalogueRows, const ScanSpan &sp
     Scanner scanner(catalogueRows, span, progress);
     for (const QDate &month : MonthWalk(span.fromDate)) {
         const QString path = HostPath(MonthFileName(month));
-        if (!QFileInfo::exists(path))
+        if (!FileExists(path))
             continue;
         progress.monthStarted(month);
         if (!scanner.readMonth(path, mode())) {

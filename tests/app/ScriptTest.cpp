@@ -4,6 +4,7 @@
 #include "store/IniRec2300.h"
 #include "tests/support/TempSite.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QImage>
 #include <QProcess>
@@ -173,6 +174,42 @@ TEST_F(ScriptTest, ALockedConfigurationEndsTheProgramWithThePlatformsText)
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.lines(), QStringList{QStringLiteral("message: QLONListBuilder | Run-time error '70':\\r\\n\\r\\nPermission denied")});
     EXPECT_TRUE(result.err.contains(QStringLiteral("Permission denied"))) << result.err.toStdString();
+}
+
+// A configuration record whose data root is `dataRoot`, over the demo site's.
+void setDataRoot(const test::TempSite &site, const QByteArray &dataRoot)
+{
+    RecordFile file(site.hostPath(QStringLiteral("Quillon/QlonINI.dat")), IniRec2300::size);
+    IniRec2300 configuration(file.GetRecord(1));
+    configuration.setField(IniRec2300::DataRootField, dataRoot);
+    file.PutRecord(1, configuration.bytes());
+}
+
+TEST_F(ScriptTest, HostileSiteFilesEndCleanlyAndNothingOutsideTheSiteIsWritten)
+{
+    writeDemoSite();
+    const QByteArray modifiers = site.read(QStringLiteral("Quillon/data/LIQMODIFIERS.IVM"));
+    const QString outside = QFileInfo(site.driveFolder()).dir().filePath(QStringLiteral("ESCAPE"));
+
+    setDataRoot(site, QByteArray("C:\\Quillon\\data\\LIQMODIFIERS.IVM\0", 34));
+    Outcome result = run(QStringLiteral("click QLONlistBuilder1.Command3\n"));
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(result.out.contains(QStringLiteral("Run-time error '52'"))) << result.out.toStdString();
+    EXPECT_TRUE(result.err.contains(QStringLiteral("LIQMODIFIERS.IVM\\x00"))) << result.err.toStdString();
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/data/LIQMODIFIERS.IVM")), modifiers) << "the station's file is never opened";
+
+    setDataRoot(site, "C:\\..\\ESCAPE\\");
+    result = run(QStringLiteral("click QLONlistBuilder1.SSCommand8\nwait\nshow QlonUpDept\n"));
+    EXPECT_FALSE(QFileInfo::exists(outside)) << "\"..\" at the drive's root stays at the root";
+    EXPECT_EQ(result.status, 1) << "no ESCAPE\\data folder on the drive: " << result.err.toStdString();
+
+    // A screen whose load fails ends the program through the one place that handles failures.
+    setDataRoot(site, "C:\\Quillon\\");
+    QDir(site.hostPath(QStringLiteral("Quillon/data"))).removeRecursively();
+    site.write(QStringLiteral("Quillon/data/Departments.dat/x"), {});
+    result = run(QStringLiteral("show QlonItemsSold\n"));
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(result.err.contains(QStringLiteral("Departments.dat"))) << result.err.toStdString();
 }
 
 // The rows of MList1 after rebuilding and loading with one category option.

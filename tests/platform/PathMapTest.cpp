@@ -76,9 +76,16 @@ TEST_F(PathMapTest, DriveOptionsAndDefaults)
         EXPECT_FALSE(fresh.mapDrive(QString::fromLatin1(bad))) << bad;
 }
 
-TEST_F(PathMapTest, RelativePathsLieInTheWorkingFolder)
+TEST_F(PathMapTest, NoPathLeadsOutOfTheMappedFolders)
 {
-    EXPECT_EQ(paths.toHost(QStringLiteral("ExportSales.CSV")), QDir::current().filePath(QStringLiteral("ExportSales.CSV")));
+    const QString site = root.filePath(QStringLiteral("Quillon"));
+    EXPECT_EQ(paths.toHost(QStringLiteral("ExportSales.CSV")), root.filePath(QStringLiteral("ExportSales.CSV")))
+        << "a path without a drive lies on drive C:, not in the working folder";
+    EXPECT_EQ(paths.toHost(QStringLiteral("\\Quillon\\Temp")), root.filePath(QStringLiteral("Quillon/Temp")));
+    EXPECT_EQ(paths.toHost(QStringLiteral("C:\\..\\ESCAPE\\x.dat")), root.filePath(QStringLiteral("ESCAPE/x.dat")));
+    EXPECT_EQ(paths.toHost(QStringLiteral("C:\\Quillon\\..\\..\\..\\etc")), root.filePath(QStringLiteral("etc")));
+    EXPECT_EQ(paths.toHost(QStringLiteral("..\\..\\x")), root.filePath(QStringLiteral("x")));
+    EXPECT_EQ(paths.toHost(QStringLiteral("C:\\Quillon\\data\\..\\Temp\\TempInv.dat")), site + QStringLiteral("/Temp/TempInv.dat"));
 }
 
 } // namespace

@@ -2,6 +2,9 @@
 
 #include <bit>
 
+#include <QFile>
+#include <QUrl>
+
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -123,6 +126,13 @@ private:
     sqlite3_stmt *m_statement;
 };
 
+// Bytes 18 and 19 of the header, the file format's write and read versions, are 2 in WAL mode.
+bool isWalDatabase(const QString &hostPath)
+{
+    QFile file(hostPath);
+    return file.open(QIODevice::ReadOnly) && file.read(20).mid(18, 2) == QByteArrayView("\x02\x02", 2);
+}
+
 QByteArray isoText(QDate date)
 {
     return date.toString(Qt::ISODate).toLatin1();
@@ -170,9 +180,37 @@ RuntimeError SqliteError(sqlite3 *database, const QString &hostPath)
 
 SqliteSalesStore::SqliteSalesStore(const QString &hostPath)
     : m_hostPath(hostPath)
-    , m_database(OpenSqlite(hostPath, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX))
-    , m_all(prepareSelect(EverySalesColumn, {}))
+    , m_database(openForReading())
 {
+    checkSalesTable();
+    m_all = prepareSelect(EverySalesColumn, {});
+}
+
+// A database in rollback mode is read as an immutable file, which leaves no journal or lock file
+// beside it. One in WAL mode needs its -wal and -shm files: it is read from a copy of our own.
+SqliteDatabase SqliteSalesStore::openForReading()
+{
+    if (!isWalDatabase(m_hostPath)) {
+        const QString uri = QString::fromUtf8(QUrl::fromLocalFile(m_hostPath).toEncoded()) + QStringLiteral("?immutable=1");
+        return OpenSqlite(uri, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_URI);
+    }
+    m_copy = std::make_unique<QTemporaryDir>();
+    const QString copy = m_copy->filePath(QStringLiteral("sales.db"));
+    if (!QFile::copy(m_hostPath, copy))
+        throw RuntimeError(RuntimeError::PermissionDenied, m_hostPath);
+    QFile::copy(m_hostPath + QStringLiteral("-wal"), copy + QStringLiteral("-wal"));
+    return OpenSqlite(copy, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX);
+}
+
+void SqliteSalesStore::checkSalesTable() const
+{
+    const SqliteStatement kind = PrepareSqlite(m_database.get(), "SELECT type FROM sqlite_master WHERE name = ?1 COLLATE NOCASE", m_hostPath);
+    sqlite3_bind_text(kind.get(), 1, SalesTableName.data(), int(SalesTableName.size()), SQLITE_STATIC);
+    const int result = sqlite3_step(kind.get());
+    if (result != SQLITE_ROW && result != SQLITE_DONE)
+        throw SqliteError(m_database.get(), m_hostPath);
+    if (result == SQLITE_DONE || columnBytes(kind.get(), 0) != "table")
+        throw MissingTableError(SalesTableName, m_hostPath);
 }
 
 SqliteSalesStore::Select SqliteSalesStore::prepareSelect(SalesColumns columns, QByteArrayView condition) const

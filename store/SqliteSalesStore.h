@@ -3,6 +3,9 @@
 #include "core/Memo.h"
 #include "store/SalesStore.h"
 
+#include <QTemporaryDir>
+
+#include <memory>
 #include <vector>
 
 struct sqlite3;
@@ -25,7 +28,9 @@ SqliteStatement PrepareSqlite(sqlite3 *database, QByteArrayView sql, const QStri
 // The engine's error for SQLite's last failure on the database.
 RuntimeError SqliteError(sqlite3 *database, const QString &hostPath);
 
-// The sales table ItemsSold of an SQLite 3 file, opened read-only, rows in rowid order.
+// The sales table ItemsSold of an SQLite 3 file, opened read-only, rows in rowid order. The file
+// belongs to the stations: nothing is ever written beside it, and a view of that name is no
+// table, so that a read always ends.
 // Dates and times stand in the table as ISO texts: "2004-03-31", "2004-03-31 18:05:00" (or with
 // "T" for the blank) and "18:05:00", which come out by DateTimeText as "3/31/2004",
 // "3/31/2004 6:05:00 PM" and "6:05:00 PM"; a text of that shape that is no real date or time comes
@@ -52,6 +57,8 @@ private:
         std::optional<int> isoDateAt;
     };
 
+    SqliteDatabase openForReading();
+    void checkSalesTable() const;
     Select prepareSelect(SalesColumns columns, QByteArrayView condition) const;
     void walk(const Select &select, const SalesVisitor &visit);
     void readRow(const Select &select);
@@ -60,6 +67,8 @@ private:
     void readNumber(double number, int column);
     void bindText(int parameter, const QByteArray &text);
 
+    // A private copy of a database in WAL mode, whose newest rows may lie in its -wal file.
+    std::unique_ptr<QTemporaryDir> m_copy;
     QString m_hostPath;
     SqliteDatabase m_database;
     Select m_all;

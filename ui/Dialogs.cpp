@@ -68,6 +68,17 @@ MessageAnswer Dialogs::showMessage(QWidget *parent, const QString &title, const 
     return answerOf(QMessageBox::information(parent, title, text, standardButtons(buttons)));
 }
 
+void Dialogs::showError(const QString &title, const QString &text, const QString &details)
+{
+    if (scripted()) {
+        scriptedMessage(title, text, MessageButtons::Ok);
+        return;
+    }
+    QMessageBox box(QMessageBox::Critical, title, text, QMessageBox::Ok);
+    box.setDetailedText(details);
+    box.exec();
+}
+
 QString Dialogs::askSaveFileName(QWidget *parent, const QString &suggestedName, const QString &filter)
 {
     if (!scripted())

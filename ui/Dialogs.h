@@ -30,6 +30,9 @@ public:
 
     static MessageAnswer showMessage(QWidget *parent, const QString &title, const QString &text,
                                      MessageButtons buttons = MessageButtons::Ok);
+    // The platform's error ending: its text, with where it happened (the file concerned) as the
+    // box's details. A script sees the text alone; the details go to standard error.
+    static void showError(const QString &title, const QString &text, const QString &details);
     // The chosen host path, or an empty text when the user cancels.
     static QString askSaveFileName(QWidget *parent, const QString &suggestedName, const QString &filter);
 

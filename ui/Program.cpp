@@ -31,7 +31,7 @@ void EndWithError(const RuntimeError &error)
     QTextStream(stderr) << "qlon: " << error.message().simplified()
                         << (error.detail().isEmpty() ? QString() : QStringLiteral(" (") + error.detail() + QLatin1Char(')'))
                         << Qt::endl;
-    Dialogs::showMessage(nullptr, ProgramTitle, error.message());
+    Dialogs::showError(ProgramTitle, error.message(), error.detail());
     EndProgram(1);
 }
 

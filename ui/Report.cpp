@@ -37,7 +37,7 @@ std::optional<ReportCell> cellOf(const QStringList &words)
     const auto number = [&](int index) {
         bool ok = false;
         const double value = words[index].toDouble(&ok);
-        numbers = numbers && ok;
+        numbers = numbers && ok && std::isfinite(value) && value >= 0;
         return value;
     };
     ReportCell cell;
@@ -139,7 +139,14 @@ bool Report::LoadTemplate(const QString &hostPath)
         if (words.isEmpty() || line.startsWith(QLatin1Char('#')))
             continue;
         if (words[0] == QLatin1String("section") && words.size() == 3) {
-            m_sections.append(ReportSection{words[1], words[2].toDouble(), {}});
+            bool isNumber = false;
+            const double height = words[2].toDouble(&isNumber);
+            // A template with a height that can't be measured is no template.
+            if (!isNumber || !std::isfinite(height) || height < 0) {
+                m_sections.clear();
+                return false;
+            }
+            m_sections.append(ReportSection{words[1], height, {}});
         } else if ((words[0] == QLatin1String("cell") || words[0] == QLatin1String("label")) && !m_sections.isEmpty()) {
             std::optional<ReportCell> cell = cellOf(words);
             if (!cell)
@@ -186,8 +193,11 @@ void Report::startPage()
     ++m_page;
     m_top = m_topMargin;
     m_output->beginPage(m_page);
-    if (m_page > 1 && onNewPage)
+    if (m_page > 1 && onNewPage) {
+        m_startingPage = true;
         onNewPage();
+        m_startingPage = false;
+    }
 }
 
 void Report::endPage()
@@ -208,9 +218,11 @@ void Report::PrintSection(const QString &name)
             m_output->printSection(*printed, m_output->pageHeight() - m_bottomMargin - printed->height);
         return;
     }
+    // A section that doesn't fit goes to a fresh page, where it prints even if it doesn't fit
+    // there either; the sections a new page opens with never turn it.
     if (m_page == 0)
         startPage();
-    else if (m_top + printed->height > m_output->pageHeight() - m_bottomMargin - footerHeight()) {
+    else if (!m_startingPage && m_top > m_topMargin && m_top + printed->height > m_output->pageHeight() - m_bottomMargin - footerHeight()) {
         endPage();
         startPage();
     }

@@ -101,6 +101,7 @@ private:
     int m_page = 0;
     double m_top = 0;
     bool m_inFooter = false;
+    bool m_startingPage = false;
 };
 
 // Where the program's reports go when they are not for the default printer: a PDF file. When

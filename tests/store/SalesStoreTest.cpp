@@ -4,6 +4,8 @@
 #include "store/SqliteSalesWriter.h"
 #include "tests/support/Printers.h"
 
+#include <sqlite3.h>
+
 #include <gtest/gtest.h>
 
 #include <QCryptographicHash>
@@ -403,6 +405,47 @@ protected:
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("Quillon.db"));
 };
+
+// A connection of a station's, writing while the program reads.
+SqliteDatabase stationConnection(const QString &path)
+{
+    SqliteDatabase station = OpenSqlite(path, SQLITE_OPEN_READWRITE);
+    EXPECT_EQ(sqlite3_exec(station.get(), "PRAGMA journal_mode=WAL; INSERT INTO ItemsSold (OrderID) VALUES (2)", nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    return station;
+}
+
+TEST_F(SqliteSalesStoreTest, ReadingLeavesNothingBesideTheStationsFileAndSeesItsNewestRows)
+{
+    writeDates({"2004-03-31"});
+    const QStringList alone = QDir(folder.path()).entryList(QDir::Files);
+    EXPECT_EQ(selectAll(), std::vector<SalesValue>{"1"});
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), alone);
+
+    SqliteDatabase station = stationConnection(path);
+    const QStringList withStation = QDir(folder.path()).entryList(QDir::Files);
+    EXPECT_EQ(selectAll(), (std::vector<SalesValue>{"1", "2"})) << "the row still in the -wal file counts";
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), withStation);
+
+    station.reset();
+    ASSERT_EQ(QDir(folder.path()).entryList(QDir::Files), alone) << "the station's last close folds the -wal file in";
+    EXPECT_EQ(selectAll(), (std::vector<SalesValue>{"1", "2"}));
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), alone) << "a database in WAL mode is read from a copy";
+}
+
+TEST_F(SqliteSalesStoreTest, AViewNamedItemsSoldIsNoSalesTable)
+{
+    SqliteDatabase database = OpenSqlite(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    // A view whose rows never end.
+    ASSERT_EQ(sqlite3_exec(database.get(),
+                           "CREATE VIEW ItemsSold AS WITH RECURSIVE n(OrderID) AS (SELECT 1 UNION ALL SELECT OrderID + 1 FROM n) "
+                           "SELECT OrderID, NULL AS OrderDate FROM n",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    database.reset();
+    const RuntimeError error = ErrorOf([&] { SqliteSalesStore store(path); });
+    EXPECT_EQ(error.number(), EngineMissingTable);
+}
 
 TEST_F(SqliteSalesStoreTest, IsoDatesAndTimesComeOutInTheirTextForms)
 {

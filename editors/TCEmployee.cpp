@@ -88,6 +88,8 @@ QComboBox *picker(QWidget *parent, const QString &name)
 {
     auto *box = Named(new QComboBox(parent), name);
     box->setEditable(true);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMinimumContentsLength(10);
     box->setToolTip(QStringLiteral("You may select from the drop down list or type in a new one"));
     return box;
 }

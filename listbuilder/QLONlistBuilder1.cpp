@@ -628,10 +628,26 @@ void QLONlistBuilder1::SSCommand3_Click()
 {
     setCursor(Qt::WaitCursor);
     SSCommand3->setEnabled(false);
-    MList1->clear();
+    // The walk selects each row it looks at, as the user sees it end. It runs on plain rows and
+    // the list takes what is left at once: a relayout of the view per removal would make a long
+    // list slow beyond use.
+    ListRows rows;
     for (int row = 0; row < MList4->rowCount(); ++row)
-        MList1->addRow(MList4->rowText(row));
-    RemoveRowsWithoutUnits(MList1->rows(), [this](int row) { SkipOnFailure([&] { MList1->setRowSelected(row, true); }); });
+        rows.addRow(MList4->rowText(row));
+    std::optional<int> selected;
+    RemoveRowsWithoutUnits(rows, [&](int row) {
+        if (row < rows.rowCount())
+            selected = row;
+    });
+    // A selected row that the walk removed hands the selection on to the row that takes its
+    // place, or to the new last row, as the list does.
+    if (selected && *selected >= rows.rowCount())
+        selected = rows.rowCount() > 0 ? std::optional(rows.rowCount() - 1) : std::nullopt;
+    MList1->clear();
+    for (int row = 0; row < rows.rowCount(); ++row)
+        MList1->addRow(rows.rowText(row));
+    if (selected)
+        MList1->setRowSelected(*selected, true);
     unsetCursor();
 }
 

@@ -30,6 +30,10 @@ VbComboBox::VbComboBox(QWidget *parent)
 {
     setEditable(true);
     setInsertPolicy(QComboBox::NoInsert);
+    // The box keeps its width whatever its entries hold: a name of any length in a station's
+    // list never widens the screen.
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(10);
     // The old box completed nothing while the user typed.
     setCompleter(nullptr);
     // A typed text that equals an entry stays typed text: leaving the box is not a pick.

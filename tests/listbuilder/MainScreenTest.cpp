@@ -1,9 +1,15 @@
 #include "listbuilder/QLONlistBuilder1.h"
+#include "core/ErrorIgnoring.h"
+#include "listbuilder/logic/ItemsSoldReport.h"
+#include "ui/MList.h"
 #include "ui/VbComboBox.h"
+#include "tests/support/Rows.h"
 #include "tests/support/ScreenTest.h"
 
 #include <QCalendarWidget>
 #include <QLabel>
+#include <QPushButton>
+#include <QRandomGenerator>
 
 #include <gtest/gtest.h>
 
@@ -65,6 +71,33 @@ TEST_F(MainScreenTest, AnUnreadableStartDateLeavesTheCalendar)
     QLONlistBuilder1 *screen = load();
     EXPECT_EQ(screen->Label3->text(), QStringLiteral("6/24/2003"));
     EXPECT_EQ(screen->Label2->text(), screen->MonthView1->selectedDate().toString(QStringLiteral("M/d/yyyy")));
+}
+
+// Remove Items works on plain rows and fills the list at once; the list it leaves, and its
+// selected row, are those of the walk over the list control itself.
+TEST_F(MainScreenTest, RemovingUnsoldRowsLeavesWhatTheWalkOverTheListLeaves)
+{
+    QLONlistBuilder1 *screen = load();
+    QRandomGenerator random(7);
+    for (int round = 0; round < 40; ++round) {
+        MList reference;
+        screen->MList4->clear();
+        const int count = int(random.bounded(12));
+        for (int row = 0; row < count; ++row) {
+            const QByteArray text = random.bounded(5) == 0 ? QByteArray("**********")
+                                                           : "Item|F|1.00|" + QByteArray::number(random.bounded(3)) + "|x";
+            screen->MList4->addRow(text);
+            reference.addRow(text);
+        }
+        RemoveRowsWithoutUnits(reference.rows(), [&](int row) { SkipOnFailure([&] { reference.setRowSelected(row, true); }); });
+
+        screen->SSCommand3->setEnabled(true);
+        screen->SSCommand3->click();
+
+        ASSERT_EQ(test::TextsOf(screen->MList1->rows()), test::TextsOf(reference.rows())) << "round " << round;
+        for (int row = 0; row < reference.rowCount(); ++row)
+            ASSERT_EQ(screen->MList1->isRowSelected(row), reference.isRowSelected(row)) << "round " << round << " row " << row;
+    }
 }
 
 } // namespace

@@ -214,6 +214,12 @@ TEST_F(CalculateSalesTest, RemovalRebuildsTheListAndPassesOverTheRowBehindEachRe
                                       "Odd|Mystery|2.00|1|$2.01|0000000001|0000002.01|2.01", "**Food|Total|4|4|$14.01|Q8$|Q9$|Q5$",
                                       "**Beer|Total|2|2|$8.00|Q8$|Q9$|Q5$", "**Empty|Total|0|0|$0.00|Q8$|Q9$|Q5$"}));
     EXPECT_TRUE(screen->MList1->rowTag(0).isEmpty()) << "the tags are gone";
+    QList<int> selected;
+    for (int row = 0; row < screen->MList1->rowCount(); ++row) {
+        if (screen->MList1->isRowSelected(row))
+            selected.append(row);
+    }
+    EXPECT_EQ(selected, QList<int>{5}) << "the last row the walk looked at";
     EXPECT_FALSE(screen->SSCommand3->isEnabled());
 }
 

@@ -74,23 +74,29 @@ std::optional<QDate> takeDate(TextCursor& cursor)
     return date;
 }
 
-// Turns an hour of the twelve-hour clock into one of the day; fails outside 1 to 12.
-std::optional<int> DayHour(int hour, bool afternoon)
+// The hour of the day that an hour read beside "AM" or "PM" stands for, as the platform reads
+// it: 12 AM is midnight, 0 PM is noon, and an hour past 12 stands as it is whatever follows it.
+int dayHour(int hour, bool afternoon)
 {
-    if (hour < 1 || hour > 12)
-        return std::nullopt;
-    return hour % 12 + (afternoon ? 12 : 0);
+    if (hour > 12)
+        return hour;
+    if (afternoon)
+        return hour == 12 || hour == 0 ? 12 : hour + 12;
+    return hour == 12 ? 0 : hour;
 }
 
-// Reads an optional "AM" or "PM" after the time and gives the hour of the day.
-std::optional<int> takeMeridiemHour(TextCursor& cursor, int hour)
+// "AM" or "PM" after the time: whether it is the afternoon; none when neither stands there.
+std::optional<bool> takeMeridiem(TextCursor& cursor)
 {
-    cursor.skipAnyOf(blanks);
-    if (cursor.takeCaseless("am"))
-        return DayHour(hour, false);
-    if (cursor.takeCaseless("pm"))
-        return DayHour(hour, true);
-    return hour;
+    TextCursor ahead = cursor;
+    ahead.skipAnyOf(blanks);
+    for (const bool afternoon : {false, true}) {
+        if (ahead.takeCaseless(afternoon ? "pm" : "am")) {
+            cursor = ahead;
+            return afternoon;
+        }
+    }
+    return std::nullopt;
 }
 
 std::optional<int> takeSecond(TextCursor& cursor)
@@ -101,14 +107,21 @@ std::optional<int> takeSecond(TextCursor& cursor)
 std::optional<QTime> takeTime(TextCursor& cursor)
 {
     const std::optional<int> hour = takeNumber(cursor, 2);
-    if (!hour || !cursor.take(':'))
+    const bool colon = cursor.take(':');
+    if (!hour || (!colon && !cursor.take('.')))
         return std::nullopt;
     const std::optional<int> minute = takeNumber(cursor, 2);
     const std::optional<int> second = minute ? takeSecond(cursor) : std::nullopt;
-    const std::optional<int> dayHour = second ? takeMeridiemHour(cursor, *hour) : std::nullopt;
-    if (!dayHour || !QTime::isValid(*dayHour, *minute, *second))
+    if (!second)
         return std::nullopt;
-    return QTime(*dayHour, *minute, *second);
+    const std::optional<bool> afternoon = takeMeridiem(cursor);
+    // A point between hour and minute reads only in a time of the twelve-hour clock: "5.30 pm".
+    if (!colon && !afternoon)
+        return std::nullopt;
+    const int hourOfDay = afternoon ? dayHour(*hour, *afternoon) : *hour;
+    if (!QTime::isValid(hourOfDay, *minute, *second))
+        return std::nullopt;
+    return QTime(hourOfDay, *minute, *second);
 }
 
 struct DateAndTime

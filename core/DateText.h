@@ -15,9 +15,10 @@ namespace qlon {
 // passed over; surrounding blanks are allowed. So "04/31/05" is 31 May 2004, and "04/31/04" fails.
 std::optional<QDate> ToDate(QByteArrayView text);
 
-// A time of day from hour ":" minute, optional ":" second and an optional "AM" or "PM" in any case. A date
-// may stand before it and is passed over; a text that is only a date gives midnight. Fails for an empty
-// or unreadable text, and for an hour outside 1 to 12 with "AM" or "PM".
+// A time of day from hour ":" minute, optional ":" second and an optional "AM" or "PM" in any case
+// ("." may part hour and minute before "AM" or "PM"). A date may stand before it and is passed over;
+// a text that is only a date gives midnight. Read as the platform reads it: "12:30 AM" is 0:30,
+// "13:00 PM" is 13:00, "0:00 PM" is noon. Fails for an empty or unreadable text.
 std::optional<QTime> ToTime(QByteArrayView text);
 
 // The US short date, "3/31/2004".

@@ -20,12 +20,20 @@ struct DecimalDigits
     QByteArray fraction;
 };
 
-// The shortest decimal text that reads back as the magnitude, so that a stored 1.005 rounds as written.
-QByteArray shortestDecimal(double magnitude)
+// The magnitude written out in full from its 15 significant digits, as the platform turns a double
+// into decimals before it rounds: 3.65 + 2.085, stored as 5.734999999999999..., is 5.735 here.
+QByteArray fifteenDigitDecimal(double magnitude)
 {
-    std::array<char, 400> buffer; // room for any finite double written out in full
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::fixed).ptr;
-    return QByteArray(buffer.data(), end - buffer.data());
+    std::array<char, 32> buffer;
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific, 14).ptr;
+    const QByteArrayView scientific(buffer.data(), end);
+    const qsizetype exponentAt = scientific.indexOf('e');
+    const QByteArray digits = scientific.first(1).toByteArray() + scientific.sliced(2, exponentAt - 2).toByteArray();
+    const int exponent = scientific.sliced(exponentAt + 1).toInt();
+    if (exponent < 0)
+        return "0." + QByteArray(-exponent - 1, '0') + digits;
+    const QByteArray whole = digits.leftJustified(exponent + 1, '0', true);
+    return exponent + 1 >= digits.size() ? whole : whole + '.' + digits.sliced(exponent + 1);
 }
 
 void addOneInLastPlace(QByteArray& digits)
@@ -57,7 +65,7 @@ QByteArray withoutTrailingZeros(const QByteArray& digits)
 
 DecimalDigits Rounded(double value, qsizetype places)
 {
-    const QByteArray text = shortestDecimal(std::abs(value));
+    const QByteArray text = fifteenDigitDecimal(std::abs(value));
     const qsizetype point = text.contains('.') ? text.indexOf('.') : text.size();
     const QByteArray fraction = text.sliced(qMin(point + 1, text.size()));
     QByteArray digits = text.first(point) + fraction.leftJustified(places, '0', true);

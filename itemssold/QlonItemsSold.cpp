@@ -196,7 +196,7 @@ void QlonItemsSold::Form_Load()
     Combo1[0]->setText("12:00 am");
     Combo1[1]->setText("11:59 pm");
     // The departments file below the site root, not the data root.
-    const QString departments = HostPath(Site().SiteRoot + "data\\Departments.dat");
+    const QString departments = HostPath(Site().DataRoot + "data\\Departments.dat");
     EnsureDepartmentsFile(departments, ItemsSoldDepartments());
     for (const QByteArray &name : ReadDepartmentNames(departments))
         Combo2->addEntry(name);

@@ -21,7 +21,7 @@ constexpr int monthLimit = 1200;
 // The latest month that has a file in the data folder, if any.
 std::optional<QDate> latestMonthWithFile()
 {
-    const QString folder = HostPath(Site().SiteRoot + "data");
+    const QString folder = HostPath(Site().DataRoot + "data");
     static const QRegularExpression name(QStringLiteral("^ItemsSold(\\d\\d)(\\d{4})\\.DAT$"), QRegularExpression::CaseInsensitiveOption);
     std::optional<QDate> latest;
     for (const QString &file : QDir(folder).entryList(QDir::Files)) {
@@ -49,7 +49,7 @@ bool walkEnds(QDate current)
 
 QByteArray MonthFileName(QDate date)
 {
-    return Site().SiteRoot + "data\\ItemsSold" + Format(date, "MMYYYY") + ".DAT";
+    return Site().DataRoot + "data\\ItemsSold" + Format(date, "MMYYYY") + ".DAT";
 }
 
 QList<QDate> MonthWalk(QByteArrayView fromDate)

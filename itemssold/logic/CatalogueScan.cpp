@@ -20,7 +20,7 @@ constexpr int drinkFileCount = 6;
 
 QString sitePath(const QByteArray &relative)
 {
-    return HostPath(Site().SiteRoot + relative);
+    return HostPath(Site().DataRoot + relative);
 }
 
 // A title that names something: not empty and not the spelling of a free slot.

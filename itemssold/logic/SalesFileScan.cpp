@@ -59,7 +59,7 @@ private:
     enum class Outcome { Counted, Dropped, Stopped };
     Outcome take(const MonthlyRecord &record, const QByteArray &modeLetter);
     bool outsideDates(const std::optional<QDate> &date) const { return before(date, m_from) || before(m_to, date); }
-    bool outsideHours(const std::optional<QDate> &date, const std::optional<QTime> &time) const;
+    bool outsideHours(const std::optional<QDate> &date, const std::optional<QTime> &saleTime) const;
 
     std::optional<QDate> m_from;
     std::optional<QDate> m_to;
@@ -78,8 +78,9 @@ void Scanner::load(const QByteArrayList &catalogueRows)
         firstRowFor(TrimBlanks(row.name));
         result.rows.push_back(row);
     }
+    // Every row is split, also those past the table: the last one's class letter stays.
     if (!catalogueRows.isEmpty())
-        result.lastClass = catalogueRows.mid(0, tableRows).last().split('|').value(2);
+        result.lastClass = catalogueRows.last().split('|').value(2);
     firstRowFor({});
     result.rows.push_back({});
 }
@@ -90,12 +91,14 @@ void Scanner::firstRowFor(const QByteArray &name)
         m_firstRow.insert(name, int(result.rows.size()));
 }
 
-bool Scanner::outsideHours(const std::optional<QDate> &date, const std::optional<QTime> &time) const
+// A sale's time counts in whole minutes, as "HH:MM ampm" writes it: a span ending at 11:59 pm
+// takes 11:59:30 PM.
+bool Scanner::outsideHours(const std::optional<QDate> &date, const std::optional<QTime> &saleTime) const
 {
-    if (!date || !time)
+    if (!date || !saleTime)
         return false;
-    return (m_from && *date == *m_from && m_fromTime && *time < *m_fromTime)
-           || (m_to && *date == *m_to && m_toTime && *time > *m_toTime);
+    const QTime time(saleTime->hour(), saleTime->minute());
+    return (m_from && *date == *m_from && m_fromTime && time < *m_fromTime) || (m_to && *date == *m_to && m_toTime && time > *m_toTime);
 }
 
 Scanner::Outcome Scanner::take(const MonthlyRecord &record, const QByteArray &modeLetter)

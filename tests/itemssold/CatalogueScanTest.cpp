@@ -36,7 +36,9 @@ protected:
     void SetUp() override
     {
         Site() = SiteGlobals{};
-        Site().SiteRoot = "C:\\Quillon\\";
+        // The site's files lie under the data root, whatever folder the configuration stands in.
+        Site().SiteRoot = "C:\\Station\\";
+        Site().DataRoot = "C:\\Quillon\\";
         QList<ItemRec500> buttons = {CatalogueItem({"Burger", "Food", "9.95", "Burger Deluxe"}), CatalogueItem({"Avaliable", "Food", "1", "x"}), CatalogueItem({"Water", "Food", "0", "Water"})};
         for (int filler = 0; filler < 11; ++filler)
             buttons.append(CatalogueItem({"Late " + QByteArray::number(filler), "Food", "1", "Late"}));

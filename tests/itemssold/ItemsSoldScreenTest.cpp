@@ -28,7 +28,9 @@ protected:
     void SetUp() override
     {
         ScreenTest::SetUp();
-        Site().SiteRoot = "C:\\Quillon\\";
+        Site().SiteRoot = "C:\\Station\\";
+        Site().DataRoot = "C:\\Quillon\\";
+        site.write(QStringLiteral("Station/Items.tmp"), {});
         QByteArray buttons;
         for (const ItemRec500 &record : {test::CatalogueItem({"Burger", "Food", "6.50"}), test::CatalogueItem({"Fries", "Food", "2.50"}),
                                           test::CatalogueItem({"Salad", "Catering", "1200"})})

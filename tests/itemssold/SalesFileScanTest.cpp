@@ -37,8 +37,10 @@ class SalesFileScanTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        Site() = SiteGlobals{};
-        Site().SiteRoot = "C:\\Quillon\\";
+        // The monthly files lie under the data root; the reject file stands in the configuration's folder.
+        Site().SiteRoot = "C:\\Station\\";
+        Site().DataRoot = "C:\\Quillon\\";
+        site.write(QStringLiteral("Station/Items.tmp"), {});
         site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"),
                    line("03/01/04", "2", "Burger", "6.5", "F", "7:00 PM") + line("03/01/04", "1", "Burger", "6.5", "F", "5:00 PM")
                        + line("03/02/04", "1", "Cola", "1.25", "L", "1:00 AM") + line("03/02/04", "1", "Cola", "1.25", "L", "3:00 AM")
@@ -92,6 +94,36 @@ TEST_F(SalesFileScanTest, AStopEndsTheScanAndShortNamesGetThreeBlanks)
     ASSERT_EQ(report.size(), 2u);
     EXPECT_EQ(report[0].listText, "1|Fourteen chars   |$2.00|1|Food");
     EXPECT_EQ(report[1].listText, "1|Fifteen chars!!|$2.00|1|Food");
+}
+
+// The edges a slip would move: the span's ends, the case of the gift and modifier tests, a
+// refund, and the class letter that chooses the "not reported" message.
+TEST_F(SalesFileScanTest, TheSpansEdgesCountAndTheTestsKeepTheirCase)
+{
+    site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"),
+               line("03/01/04", "1", "Burger", "6.5", "F", "6:00 PM") + line("03/01/04", "1", "Burger", "6.5", "F", "5:59:59 PM")
+                   + line("03/02/04", "1", "Burger", "6.5", "F", "2:00:45 AM") + line("03/02/04", "1", "Burger", "6.5", "F", "2:01 AM")
+                   + line("03/01/04", "1", "gift card", "25", "R", "8:00 PM") + line("03/01/04", "-3", "Cola", "-3.75", "L", "8:00 PM")
+                   + line("03/01/04", "1", "NO ONIONS", "0", "F", "8:00 PM") + line("03/01/04", "1", "No onions", "0", "F", "8:00 PM"));
+    QByteArrayList catalogue = {catalogueRow("Burger", "6.50", 'F', "Food"), catalogueRow("Cola", "1.25", 'L', "Beverage")};
+    for (int filler = 0; filler < 4001; ++filler)
+        catalogue.append(catalogueRow("Filler", "1", 'F', "Food"));
+    catalogue.append(catalogueRow("Past The Table", "1", 'R', "Retail"));
+    StopAfter never;
+    const SalesScan both = ScanSalesFiles(catalogue, {"03/01/04", "03/02/04", "6:00 pm", "2:00 am"}, [] { return QByteArray("B"); }, never);
+
+    EXPECT_EQ(both.rows[0].quantity, 2) << "6:00 PM on the first day and 2:00:45 AM, in whole minutes 2:00, on the last";
+    EXPECT_EQ(both.giftCount, 0) << "\"gift card\" isn't a gift";
+    EXPECT_EQ(both.notReported, (QByteArrayList{"gift card", "No onions"})) << "\"NO \" is a modifier, \"No \" isn't";
+    EXPECT_EQ(both.rows.size(), 4002u) << "rows past the table aren't kept";
+    EXPECT_EQ(both.lastClass, "R") << "the class of the last catalogue row, also past the table";
+    const std::vector<ReportLine> report = ReportLines(both);
+    ASSERT_EQ(report.size(), 2u);
+    EXPECT_EQ(report[1].listText.left(29), "-3|Cola              |($3.75)") << "a refund still makes its line";
+
+    const SalesScan end = ScanSalesFiles(catalogue, {"03/01/04", "03/02/04", "6:00 pm", "11:59 pm"}, [] { return QByteArray("F"); }, never);
+    EXPECT_EQ(end.rows[0].quantity, 3) << "a span ending at 11:59 pm keeps 2:01 AM on its last day";
+    EXPECT_EQ(end.notReported, QByteArrayList{"No onions"}) << "a food report leaves the retail line out";
 }
 
 // The old search walked the table from the top for every line; the scan finds the same first row.

@@ -12,7 +12,7 @@ class MonthlySalesTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        Site().SiteRoot = "C:\\Quillon\\";
+        Site().DataRoot = "C:\\Quillon\\";
     }
 
     void writeMonths(QDate first, QDate last)

@@ -1,6 +1,7 @@
 #include "itemssold/QlonItemsSold.h"
 
 #include "core/Ansi.h"
+#include "core/CarriedFields.h"
 #include "core/Clock.h"
 #include "core/Conversions.h"
 #include "core/ErrorIgnoring.h"
@@ -268,8 +269,12 @@ void QlonItemsSold::UpdateList()
     SSOption4[3]->setEnabled(true);
     MList3->clear();
     SSPanel1->setText(QStringLiteral("Retreving Sold Items"));
-    for (const QByteArray &row : ReadCatalogue(reportOptions(), *this).rows)
-        MList3->addRow(row);
+    // From here on a failing statement is left out: a catalogue file that can't be read gives
+    // no rows, and the run goes on.
+    SkipOnFailure([this] {
+        for (const QByteArray &row : ReadCatalogue(reportOptions(), *this).rows)
+            MList3->addRow(row);
+    });
     if (stopped())
         return;
     SSPanel1->setText(QStringLiteral("Sorting Items"));
@@ -289,7 +294,7 @@ void QlonItemsSold::UpdateList()
     if (stopped())
         return;
     SSPanel1->setText(QStringLiteral("Retreving Sales Data"));
-    ReadSalesFiles();
+    SkipOnFailure([this] { ReadSalesFiles(); });
     if (stopped())
         return;
     MList2->clear();
@@ -429,18 +434,28 @@ void QlonItemsSold::SSCommand9_Click()
     double total = 0;
     const QByteArray selection = TrimBlanks(Combo2->text());
     const bool all = selection.isEmpty() || selection == "All";
-    QByteArrayList fields(5);
+    // A row of fewer fields, such as the gift row, keeps the fields of the row before.
+    CarriedFields fields(5);
     for (int row = 0; row < MList2->rowCount(); ++row) {
-        // A row of fewer fields keeps the fields of the row before where it has none.
-        const QByteArrayList split = MList2->rowText(row).split('|');
-        for (qsizetype field = 0; field < split.size() && field < fields.size(); ++field)
-            fields[field] = split[field];
+        fields.read(MList2->rowText(row));
         if (!all && TrimBlanks(fields[4]) != selection)
             continue;
-        MList1->addRow(MList2->rowText(row));
+        addKeepingEveryRow(MList2->rowText(row));
         total += FormattedValue(fields[2], "###,###,###.##");
     }
     Label7->setText(FromAnsi(Currency(total)));
+}
+
+// The numeric comparer that "Total Sold" left on the list fails on the names that "Item Name"
+// sorts: a row the list can't place goes in at the end, with sorting off, so that no row is lost.
+void QlonItemsSold::addKeepingEveryRow(const QByteArray &text)
+{
+    try {
+        MList1->addRow(text);
+    } catch (const RuntimeError &) {
+        MList1->setSorted(false);
+        MList1->addRow(text);
+    }
 }
 
 void QlonItemsSold::setMaximum(int maximum)

@@ -87,6 +87,7 @@ private:
     void Check2_Click();
     void RebuildPrintList();
     void SSCommand9_Click();
+    void addKeepingEveryRow(const QByteArray &text);
     QByteArray modeLetter() const;
     ReportOptions reportOptions() const;
     void tellNotReported(const QByteArray &kind);

@@ -2,6 +2,7 @@
 
 #include "core/Conversions.h"
 #include "core/DateText.h"
+#include "core/ErrorIgnoring.h"
 #include "core/FileTable.h"
 #include "core/FixedField.h"
 #include "core/Format.h"
@@ -141,7 +142,9 @@ bool Scanner::readMonth(const QString &path, const QByteArray &modeLetter)
     m_progress.setMaximum(100);
     int shown = -1;
     while (const std::optional<MonthlyRecord> record = month.next()) {
-        const Outcome outcome = take(*record, modeLetter);
+        // A line that can't be converted leaves the figures as they were.
+        Outcome outcome = Outcome::Dropped;
+        SkipOnFailure([&] { outcome = take(*record, modeLetter); });
         if (outcome == Outcome::Stopped)
             return false;
         if (outcome == Outcome::Counted || month.size() == 0)
@@ -166,7 +169,10 @@ SalesScan ScanSalesFiles(const QByteArrayList &catalogueRows, const ScanSpan &sp
         if (!FileExists(path))
             continue;
         progress.monthStarted(month);
-        if (!scanner.readMonth(path, mode())) {
+        // A month's file that can't be opened or locked, such as one a station holds, is passed over.
+        bool stopped = false;
+        SkipOnFailure([&] { stopped = !scanner.readMonth(path, mode()); });
+        if (stopped) {
             scanner.result.stopped = true;
             break;
         }

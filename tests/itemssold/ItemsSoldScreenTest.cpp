@@ -1,4 +1,5 @@
 #include "itemssold/QlonItemsSold.h"
+#include "core/RecordFile.h"
 #include "ui/Dialogs.h"
 #include "ui/MList.h"
 #include "ui/VbComboBox.h"
@@ -109,6 +110,37 @@ TEST_F(ItemsSoldScreenTest, SortsKeepThePrintListInStepAndTheFilterKeepsItsOddTo
     screen->SSCommand9->click();
     EXPECT_EQ(rows().size(), 4);
     EXPECT_EQ(screen->Label7->text(), QStringLiteral("$41.50")) << "13 + 2.5 + 1 + the gift row's 25";
+}
+
+TEST_F(ItemsSoldScreenTest, NameOrderThenADepartmentFilterKeepsEveryRow)
+{
+    screen->SSCommand4->click();
+    screen->SSOption4[0]->click(); // leaves the numeric comparer on the list
+    screen->SSOption4[1]->click(); // names sort through it and fail
+    screen->Combo2->setText("Food");
+    screen->SSCommand9->click();
+    EXPECT_EQ(rows().size(), 2) << "Fries and Burger, in whatever order the list could keep";
+    EXPECT_EQ(screen->Label7->text(), QStringLiteral("$15.50"));
+}
+
+TEST_F(ItemsSoldScreenTest, FilesThatCantBeReadArePassedOverByUpdateList)
+{
+    // A month a station holds, a folder in place of a catalogue file and a quantity no number holds.
+    RecordFile held(site.hostPath(QStringLiteral("Quillon/data/ItemsSold032004.DAT")), 1);
+    held.LockAll();
+    QDir(site.driveFolder()).mkpath(QStringLiteral("Quillon/ini/Button1.dat"));
+    site.write(QStringLiteral("Quillon/data/ItemsSold022004.DAT"),
+               line("02/28/04", "Fries", "2.5", "F", "8:00 PM") + "\"02/28/04\"," + QByteArray(400, '9') + ",\"Fries\",2.5,\"F\",\"8:00 PM\",\"\",\"\"\r\n");
+    for (QCalendarWidget *calendar : {screen->MonthView1}) {
+        calendar->setSelectedDate(QDate(2004, 2, 28));
+        emit calendar->clicked(QDate(2004, 2, 28));
+    }
+
+    screen->SSCommand4->click();
+
+    EXPECT_EQ(screen->SSPanel1->text(), QStringLiteral("Report Complete"));
+    ASSERT_EQ(rows().size(), 1) << "February's lines count; March, held, is passed over";
+    EXPECT_TRUE(rows().first().startsWith("1|Fries")) << rows().first().constData();
 }
 
 TEST_F(ItemsSoldScreenTest, AStopBeforeTheCatalogueIsReadLeavesAnEmptyList)

@@ -85,11 +85,6 @@ void QLONlistBuilder1::createControls()
     MList1->setColumns({{QStringLiteral("Item"), 150}, {QStringLiteral("Type"), 60}, {QStringLiteral("Price"), 75},
                         {QStringLiteral("Sold"), 70}, {QStringLiteral("Volume"), 150}, {QStringLiteral("unit"), 40},
                         {QStringLiteral("Vol"), 40}, {QStringLiteral("Actual"), 20}});
-    MList2 = Named(new MList(this), QStringLiteral("MList2"));
-    MList3 = Named(new MList(this), QStringLiteral("MList3"));
-    MList4 = Named(new MList(this), QStringLiteral("MList4"));
-    for (MList *hidden : {MList2, MList3, MList4})
-        hidden->hide();
 
     SSFrame1 = Named(new QGroupBox(QStringLiteral("Report "), this), QStringLiteral("SSFrame1"));
     SSOption1 = Named(new QRadioButton(QStringLiteral("Food"), SSFrame1), QStringLiteral("SSOption1"));
@@ -387,8 +382,8 @@ void QLONlistBuilder1::SSCommand4_Click()
 {
     ProgramGlobals &shared = Shared();
     shared.ScreenMode.clear();
-    for (MList *list : {MList2, MList3, MList4})
-        list->clear();
+    for (ListRows *rows : {&MList2, &MList3, &MList4})
+        rows->clear();
     // The values for a screen whose hour lists were never filled.
     if (Combo2->text() == "Combo2")
         Combo2->setText("12:00 am");
@@ -396,8 +391,8 @@ void QLONlistBuilder1::SSCommand4_Click()
         Combo3->setText("11:59 pm");
     for (int row = 0; row < categoryRows; ++row) {
         shared.CategoryTable.at(row, 1) = "0";
-        MList2->addRow("0");
-        MList3->addRow("0");
+        MList2.addRow("0");
+        MList3.addRow("0");
     }
     Label7->clear();
     Label10->setText(QStringLiteral("00:00:00"));
@@ -472,13 +467,13 @@ void QLONlistBuilder1::addTotalRows()
     const QByteArray separator(20, '*');
     MList1->addRow(QByteArray());
     MList1->addRow(separator);
-    MList4->addRow(separator);
+    MList4.addRow(separator);
     QByteArrayList departments;
     for (int entry = 0; entry < Combo1->entryCount(); ++entry)
         departments.append(Combo1->entryText(entry));
-    for (const QByteArray &total : DepartmentTotalRows(MList2->rows(), MList3->rows(), departments)) {
+    for (const QByteArray &total : DepartmentTotalRows(MList2, MList3, departments)) {
         MList1->addRow(total);
-        MList4->addRow(total);
+        MList4.addRow(total);
     }
     SkipOnFailure([this] { MList1->setRowSelected(MList1->rowCount() - 1, true); });
 }
@@ -632,8 +627,8 @@ void QLONlistBuilder1::SSCommand3_Click()
     // the list takes what is left at once: a relayout of the view per removal would make a long
     // list slow beyond use.
     ListRows rows;
-    for (int row = 0; row < MList4->rowCount(); ++row)
-        rows.addRow(MList4->rowText(row));
+    for (int row = 0; row < MList4.rowCount(); ++row)
+        rows.addRow(MList4.rowText(row));
     std::optional<int> selected;
     RemoveRowsWithoutUnits(rows, [&](int row) {
         if (row < rows.rowCount())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ListRows.h"
 #include "listbuilder/logic/CSort.h"
 #include "listbuilder/logic/LoadList.h"
 #include "ui/Report.h"
@@ -59,11 +60,12 @@ public:
     // The screen's working globals, named as the rest of the program knows them.
     static constexpr int categoryRows = 101;
 
-    // The working list and its hidden scratch lists.
+    // The working list, and the run's plain rows that no one sees: each department's sales and
+    // units, row for row with Combo1, and the item and total rows that Remove Items starts from.
     MList *MList1;
-    MList *MList2;
-    MList *MList3;
-    MList *MList4;
+    ListRows MList2;
+    ListRows MList3;
+    ListRows MList4;
 
     QGroupBox *SSFrame1;
     QRadioButton *SSOption1;

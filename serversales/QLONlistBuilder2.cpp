@@ -15,7 +15,9 @@
 #include "ui/MList.h"
 #include "ui/Program.h"
 #include "ui/VbComboBox.h"
+#include "listbuilder/logic/ItemsSoldReport.h"
 #include "serversales/DataControl.h"
+#include "serversales/logic/CalculatedItem.h"
 #include "store/ProgramGlobals.h"
 #include "store/SiteConfig.h"
 
@@ -137,28 +139,18 @@ void QLONlistBuilder2::Get_Sales()
     const ItemSales &sales = salesOf(searched, span);
     TextFile(tracePath, TextFile::Mode::Append).WriteLines(sales.trace);
 
-    const QByteArray tag = main->MList1->rowTag(shared.CurrentRow);
-    const QByteArray actual = Format(sales.sales, "#########.##");
-    const double total = actual == "." ? 0.0 : NumericValue(actual);
-    shared.LastItemSales = total;
+    const CalculatedItem item = CalculateItem(sales, name, main->MList1->rowTag(shared.CurrentRow), type, price);
+    shared.LastItemSales = item.sales;
     shared.LastItemType = type;
-    // Deliberately kept: with no sales the money text can't be made, and the column shows
-    // what its variable held, the receipt of the item's last row read.
-    QByteArray money = sales.lastReceipt;
-    AssignUnlessFailed(money, Currency(actual));
-    const QByteArray units = PlainNumber(sales.units);
-    const QByteArray unitKey = ("0000000000" + units).right(10);
-    const QByteArray volumeKey = ("0000000000" + actual).right(10);
-    TextFile(HostPath(shared.TempItemsPath), TextFile::Mode::Append).WriteFields({tag, units, actual});
+    TextFile(HostPath(shared.TempItemsPath), TextFile::Mode::Append).WriteFields(item.tempItemsLine);
     CloseAll();
 
-    countInCategory(type, total, sales.units);
+    countInCategory(type, item.sales, item.units);
 
-    const QByteArray text = name + '|' + type + '|' + price + '|' + units + '|' + money + '|' + unitKey + '|' + volumeKey + '|' + actual;
-    main->MList1->setRowText(shared.CurrentRow, text);
+    main->MList1->setRowText(shared.CurrentRow, item.rowText);
     main->MList1->setRowTag(shared.CurrentRow, name);
-    if (sales.units != 0)
-        main->MList4->addRow(text);
+    if (item.units != 0)
+        main->MList4.addRow(item.rowText);
     Label2->setText(QStringLiteral("Search Completed"));
 }
 
@@ -189,10 +181,7 @@ void QLONlistBuilder2::countInCategory(const QByteArray &type, double sales, dou
         table.at(position, 0) = type;
         table.at(position, 2) = PlainNumber(units);
     });
-    SkipOnFailure([&] {
-        main->MList2->setRowText(position, PlainNumber(NumericValue(main->MList2->rowText(position)) + sales));
-        main->MList3->setRowText(position, PlainNumber(NumericValue(main->MList3->rowText(position)) + units));
-    });
+    AddToDepartment(main->MList2, main->MList3, position, sales, units);
 }
 
 void QLONlistBuilder2::BLD_DATA3()

@@ -58,6 +58,14 @@ PrintedList ItemsSoldPrintLayout(const ListRows &list)
     return printed;
 }
 
+void AddToDepartment(ListRows &sales, ListRows &units, int department, double addedSales, double addedUnits)
+{
+    SkipOnFailure([&] {
+        sales.setRowText(department, PlainNumber(NumericValue(sales.rowText(department)) + addedSales));
+        units.setRowText(department, PlainNumber(NumericValue(units.rowText(department)) + addedUnits));
+    });
+}
+
 QByteArrayList DepartmentTotalRows(const ListRows &sales, const ListRows &units, const QByteArrayList &departments)
 {
     QByteArrayList totals;

@@ -33,6 +33,10 @@ struct PrintedList
 
 PrintedList ItemsSoldPrintLayout(const ListRows &list);
 
+// Adds an item's sales and units to the sums of its department, kept as texts row for row beside
+// the departments. A department past the rows adds nothing to either.
+void AddToDepartment(ListRows &sales, ListRows &units, int department, double addedSales, double addedUnits);
+
 // The total rows that close a run, one for each department name that isn't empty, from the
 // sums of the department's sales and units kept row for row beside the departments.
 QByteArrayList DepartmentTotalRows(const ListRows &sales, const ListRows &units, const QByteArrayList &departments);

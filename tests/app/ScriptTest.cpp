@@ -77,7 +77,7 @@ TEST_F(ScriptTest, TheDemoSiteComesUpInTheFirstState)
         "get QLONlistBuilder1.Combo2 row 10\nget QLONlistBuilder1.Combo2 row 11\nget QLONlistBuilder1.Combo3 row 263\n"
         "get QLONlistBuilder1.SSCommand4 enabled\nget QLONlistBuilder1.SSCommand5 visible\nget QLONlistBuilder1.SSCommand6 visible\n"
         "get QLONlistBuilder1.SSCommand7 enabled\nget QLONlistBuilder1.SSCommand3 enabled\nget QLONlistBuilder1.SSCommand2 enabled\n"
-        "get QLONlistBuilder1.MList1 count\nget QLONlistBuilder1.MList2 visible\nget QLONlistBuilder1.SSCommand7\n"
+        "get QLONlistBuilder1.MList1 count\nget QLONlistBuilder1.SSCommand7\n"
         "get QLONlistBuilder2.Label2\nget QLONlistBuilder2 visible\n"));
     ASSERT_EQ(result.status, 0) << result.err.toStdString();
     EXPECT_EQ(result.lines(),
@@ -86,7 +86,7 @@ TEST_F(ScriptTest, TheDemoSiteComesUpInTheFirstState)
                            QStringLiteral("11:59 PM"), QStringLiteral("264"), QStringLiteral("12:55 am"), QStringLiteral("01:00 am"),
                            QStringLiteral("11:55 pm"), QStringLiteral("false"), QStringLiteral("false"), QStringLiteral("false"),
                            QStringLiteral("false"), QStringLiteral("false"), QStringLiteral("true"), QStringLiteral("0"),
-                           QStringLiteral("false"), QStringLiteral("Export Sales"), QStringLiteral("Loading"), QStringLiteral("false")}));
+                           QStringLiteral("Export Sales"), QStringLiteral("Loading"), QStringLiteral("false")}));
 }
 
 TEST_F(ScriptTest, TheHourListsHaveNoFiveMinuteLine)

@@ -81,12 +81,12 @@ TEST_F(MainScreenTest, RemovingUnsoldRowsLeavesWhatTheWalkOverTheListLeaves)
     QRandomGenerator random(7);
     for (int round = 0; round < 40; ++round) {
         MList reference;
-        screen->MList4->clear();
+        screen->MList4.clear();
         const int count = int(random.bounded(12));
         for (int row = 0; row < count; ++row) {
             const QByteArray text = random.bounded(5) == 0 ? QByteArray("**********")
                                                            : "Item|F|1.00|" + QByteArray::number(random.bounded(3)) + "|x";
-            screen->MList4->addRow(text);
+            screen->MList4.addRow(text);
             reference.addRow(text);
         }
         RemoveRowsWithoutUnits(reference.rows(), [&](int row) { SkipOnFailure([&] { reference.setRowSelected(row, true); }); });

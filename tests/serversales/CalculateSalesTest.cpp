@@ -125,7 +125,7 @@ TEST_F(CalculateSalesTest, AFinishedRunFillsTheRowsTheFilesAndTheTotals)
               "\"Odd\",\"6\",\"1\",\"1/1/2004\",\"R6\",\"6\",\"Dine In\"\r\n");
     EXPECT_TRUE(screen->SSCommand6->isVisibleTo(screen)) << "PRINT";
     EXPECT_TRUE(screen->SSCommand5->isHidden()) << "Stop";
-    EXPECT_EQ(screen->MList4->rowCount(), 3 + 1 + 4);
+    EXPECT_EQ(screen->MList4.rowCount(), 3 + 1 + 4);
     // An unknown type is counted in the first category with the running number of the last one.
     EXPECT_EQ(Shared().CategoryTable.at(0, 0), "Mystery");
     EXPECT_EQ(Shared().CategoryTable.at(0, 1), ".");

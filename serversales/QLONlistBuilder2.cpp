@@ -1,6 +1,7 @@
 #include "serversales/QLONlistBuilder2.h"
 
 #include "core/Ansi.h"
+#include "core/CarriedFields.h"
 #include "core/Clock.h"
 #include "core/Conversions.h"
 #include "core/ErrorIgnoring.h"
@@ -111,11 +112,13 @@ const ItemSales &QLONlistBuilder2::salesOf(const QByteArray &name, const SalesSp
 void QLONlistBuilder2::Parse_ListRow()
 {
     const QByteArray row = MainScreen()->MList1->rowText(Shared().CurrentRow);
-    // A row short of fields leaves the labels with what the row before left there.
-    const QByteArrayList fields = row.split('|');
-    if (fields.size() >= 3)
+    // A field counts where a separator closes it; a row short of fields leaves the labels with
+    // what the row before left there.
+    CarriedFields fields(3, CarriedFields::LastField::NeedsSeparator);
+    fields.read(row);
+    if (fields.fieldsRead() > 1)
         Label4->setText(FromAnsi(fields[1]));
-    if (fields.size() >= 4)
+    if (fields.fieldsRead() > 2)
         Label5->setText(FromAnsi(fields[2]));
 }
 

@@ -24,6 +24,7 @@ public:
         PermissionDenied = 70,
         PathFileAccessError = 75,
         PathNotFound = 76,
+        ObjectNotSet = 91,
         InvalidPropertyValue = 380,
     };
 

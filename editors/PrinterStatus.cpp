@@ -52,7 +52,9 @@ IniRec2300 readConfiguration()
     const QString path = HostPath("C:\\Quillon\\QlonINI.dat");
     if (!FileExists(path))
         return IniRec2300();
-    return IniRec2300(RecordFile(path, IniRec2300::size).GetRecord(1));
+    const IniRec2300 configuration(RecordFile(path, IniRec2300::size).GetRecord(1));
+    Shared().SiteName = configuration.trimmedField(IniRec2300::SiteName);
+    return configuration;
 }
 
 } // namespace

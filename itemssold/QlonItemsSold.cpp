@@ -10,10 +10,13 @@
 #include "core/Format.h"
 #include "core/HostPath.h"
 #include "core/Yield.h"
+#include "itemssold/logic/ItemsSoldPrint.h"
 #include "itemssold/logic/SalesFileScan.h"
+#include "listbuilder/ItemsSoldEngine.h"
 #include "listbuilder/QLONlistBuilder1.h"
 #include "ui/Controls.h"
 #include "ui/Dialogs.h"
+#include "ui/LinePrinter.h"
 #include "ui/MList.h"
 #include "ui/Program.h"
 #include "ui/VbComboBox.h"
@@ -173,6 +176,9 @@ void QlonItemsSold::connectHandlers()
         OnEvent(SSOption4[index], &QRadioButton::clicked, this, [this, index] { SSOption4_Click(index); });
     OnEvent(Check2, &QCheckBox::clicked, this, [this] { Check2_Click(); });
     OnEvent(SSCommand9, &QPushButton::clicked, this, [this] { SSCommand9_Click(); });
+    OnEvent(SSCommand5, &QPushButton::clicked, this, [this] { SSCommand5_Click(); });
+    OnEvent(SSCommand6, &QPushButton::clicked, this, [this] { SSCommand6_Click(); });
+    OnEvent(SSCommand8, &QPushButton::clicked, this, [this] { SSCommand8_Click(); });
     OnEvent(SSCommand10, &QPushButton::clicked, this, [] {
         if (QWidget *editor = Screens().touch(QStringLiteral("QlonUpDept")))
             editor->show();
@@ -196,7 +202,7 @@ void QlonItemsSold::Form_Load()
     }
     Combo1[0]->setText("12:00 am");
     Combo1[1]->setText("11:59 pm");
-    // The departments file below the site root, not the data root.
+    // The departments file under the site root.
     const QString departments = HostPath(Site().DataRoot + "data\\Departments.dat");
     EnsureDepartmentsFile(departments, ItemsSoldDepartments());
     for (const QByteArray &name : ReadDepartmentNames(departments))
@@ -456,6 +462,98 @@ void QlonItemsSold::addKeepingEveryRow(const QByteArray &text)
         MList1->setSorted(false);
         MList1->addRow(text);
     }
+}
+
+void QlonItemsSold::SSCommand5_Click()
+{
+    DisableButtons();
+    SelectReportPrinter(); // SelectReceiptPrinter
+    printSlip();
+    EnableButtons();
+}
+
+void QlonItemsSold::SSCommand6_Click()
+{
+    DisableButtons();
+    // Failures of the report routines are passed over; the buttons come back whatever happens.
+    SkipOnFailure([this] {
+        if (Site().DataRoot.isEmpty())
+            Site().DataRoot = DefaultSiteRoot;
+        // The test and the report name the template in two spellings, both required.
+        if (FileExists(HostPath(Site().DataRoot + "ItemSold.vrd")))
+            printThroughEngine();
+        else
+            printSlip();
+    });
+    EnableButtons();
+}
+
+void QlonItemsSold::printSlip()
+{
+    SlipContent content{Shared().SiteName, ToAnsi(Label2->text()), ToAnsi(Label3->text()), {}, ToAnsi(Label7->text())};
+    for (int row = 0; row < List1->count(); ++row)
+        content.printRows.append(ToAnsi(List1->item(row)->text()));
+    QString pdfPath;
+    LinePrintJob job(ChooseReportOutput(HostPath(DataPath("ItemsSoldSlip.pdf")), &pdfPath));
+    for (const SlipLine &line : ItemsSoldSlip(content)) {
+        job.setFontSize(line.fontSize);
+        job.print(FromAnsi(line.text));
+    }
+    job.endDoc();
+    TellWherePrinted(this, pdfPath);
+}
+
+void QlonItemsSold::printThroughEngine()
+{
+    ItemsSoldEngine engine(QStringLiteral("ItemsSold.pdf"));
+    engine.fillCell("top", QStringLiteral("T1"), ToAnsi(Label2->text()));
+    engine.fillCell("top", QStringLiteral("T2"), ToAnsi(Label3->text()));
+    engine.fillCell("top", QStringLiteral("T3"), Shared().SiteName);
+    engine.report().PrintSection(QStringLiteral("top"));
+    // The engine prints the list as it stands, filtered or not, with the gift row.
+    QByteArrayList rows;
+    for (int row = 0; row < MList1->rowCount(); ++row)
+        rows.append(MList1->rowText(row));
+    for (const QList<EngineRow> &block : EngineBlocks(rows)) {
+        for (int row = 1; row <= 3; ++row) {
+            for (int field = 1; field <= 3; ++field)
+                engine.fillCell("mid", QStringLiteral("T%1%2").arg(row).arg(field), row <= block.size() ? block[row - 1][field - 1] : QByteArray());
+        }
+        engine.report().PrintSection(QStringLiteral("mid"));
+    }
+    engine.fillCell("Bottom", QStringLiteral("TS"), ToAnsi(Label7->text()));
+    engine.report().PrintSection(QStringLiteral("Bottom"));
+    engine.report().EndReport();
+    TellWherePrinted(this, engine.pdfPath());
+}
+
+// No inventory window exists here, so the door always answers with its message and leaves the
+// list and totals as they are.
+void QlonItemsSold::SSCommand8_Click()
+{
+    try {
+        showInventory();
+    } catch (const RuntimeError &) {
+        Dialogs::showMessage(this, QStringLiteral("Option Error"), QStringLiteral("This option is only avaliable from the Back Office"));
+    }
+}
+
+void QlonItemsSold::showInventory()
+{
+    if (!m_inventory)
+        throw RuntimeError(RuntimeError::ObjectNotSet);
+    m_inventory->Show();
+    m_inventory->setLabel2Caption(0, Label2->text());
+    m_inventory->setLabel2Caption(1, Label3->text());
+    m_inventory->setLabel2Caption(2, Label7->text());
+    QString kind;
+    for (const auto &[option, number] : {std::pair{SSOption1, "1"}, std::pair{SSOption2, "2"}, std::pair{SSOption3, "3"}}) {
+        if (option->isChecked())
+            kind = QString::fromLatin1(number);
+    }
+    m_inventory->setLabel3Caption(kind);
+    for (int row = 0; row < MList1->rowCount(); ++row)
+        m_inventory->MList1_AddItem(MList1->rowText(row));
 }
 
 void QlonItemsSold::setMaximum(int maximum)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "itemssold/InventoryWindow.h"
 #include "itemssold/logic/CatalogueScan.h"
 #include "listbuilder/logic/CSort.h"
 #include "ui/ScreenRegistry.h"
@@ -88,6 +89,12 @@ private:
     void RebuildPrintList();
     void SSCommand9_Click();
     void addKeepingEveryRow(const QByteArray &text);
+    void SSCommand5_Click();
+    void SSCommand6_Click();
+    void SSCommand8_Click();
+    void printSlip();
+    void printThroughEngine();
+    void showInventory();
     QByteArray modeLetter() const;
     ReportOptions reportOptions() const;
     void tellNotReported(const QByteArray &kind);
@@ -99,6 +106,8 @@ private:
     void monthStarted(QDate month) override;
 
     CSort m_comparer;
+    // Never set in this program: the back office's window, reached late-bound.
+    InventoryWindow *m_inventory = nullptr;
     QString m_monthStatus;
 };
 

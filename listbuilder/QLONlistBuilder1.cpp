@@ -10,6 +10,7 @@
 #include "core/Format.h"
 #include "core/Version.h"
 #include "core/Yield.h"
+#include "listbuilder/ItemsSoldEngine.h"
 #include "listbuilder/SalesWorker.h"
 #include "listbuilder/logic/ItemsSoldReport.h"
 #include "listbuilder/ServerSalesScreen.h"
@@ -518,21 +519,16 @@ void QLONlistBuilder1::SSCommand6_Click()
     // The other template name is only tested for being a text; that file is never opened.
     if (!DataPath("ItemSold.vrd").isEmpty())
         Print_ItemsSold();
-    if (m_objReport && m_objReport->pageNumber() > 0)
-        TellWherePrinted(this, m_reportPdf);
+    if (m_report && m_report->report().pageNumber() > 0)
+        TellWherePrinted(this, m_report->pdfPath());
 }
 
-bool QLONlistBuilder1::InitializeReport(const QByteArray &templatePath)
+void QLONlistBuilder1::Inilize_Print()
 {
     try {
-        m_objReport.reset();
-        m_objReport = std::make_unique<Report>(ChooseReportOutput(HostPath(DataPath("ItemsSold.pdf")), &m_reportPdf));
-        m_objReport->onNewPage = [this] { m_objReport_NewPage(); };
-        m_objReport->onPrintFooter = [this] { m_objReport_PrintFooter(); };
-        const bool loaded = m_objReport->LoadTemplate(HostPath(templatePath));
-        m_objReport->setFooterSection(QStringLiteral("Footer"));
+        m_report.reset();
+        m_report = std::make_unique<ItemsSoldEngine>(QStringLiteral("ItemsSold.pdf"));
         unsetCursor();
-        return loaded;
     } catch (const RuntimeError &) {
         // Deliberately kept: the old handler passed its title where the buttons go, so its own
         // message failed with a type mismatch and the program ended with that.
@@ -540,36 +536,17 @@ bool QLONlistBuilder1::InitializeReport(const QByteArray &templatePath)
     }
 }
 
-void QLONlistBuilder1::Inilize_Print()
-{
-    if (Site().DataRoot.isEmpty())
-        Site().DataRoot = DefaultSiteRoot;
-    InitializeReport(Site().DataRoot + "ItemsSold.vrd");
-    // The old engine's print mode 2 has no counterpart here: the report prints as laid out.
-    m_objReport->setFooterSection(QStringLiteral("Footer"));
-    // The margins are whole numbers: "0.05" makes them 0, in every print.
-    m_objReport->setMargins(0, 0);
-}
-
 namespace {
 
-void fillCell(Report &report, const char *section, const QString &cell, const QByteArray &value)
-{
-    if (ReportSection *found = report.section(QString::fromLatin1(section))) {
-        if (ReportCell *target = found->cell(cell))
-            target->value = FromAnsi(value);
-    }
-}
-
 // Prints one "mid" line of three items.
-void printLine(Report &report, const std::array<PrintedItem, 3> &line)
+void printLine(ItemsSoldEngine &engine, const std::array<PrintedItem, 3> &line)
 {
     for (int group = 1; group <= 3; ++group) {
         const PrintedItem &item = line[group - 1];
         for (const auto &[part, value] : {std::pair{1, item.units}, std::pair{2, item.name}, std::pair{3, item.volume}})
-            fillCell(report, "mid", QStringLiteral("T%1%2").arg(group).arg(part), value);
+            engine.fillCell("mid", QStringLiteral("T%1%2").arg(group).arg(part), value);
     }
-    report.PrintSection(QStringLiteral("mid"));
+    engine.report().PrintSection(QStringLiteral("mid"));
 }
 
 } // namespace
@@ -577,46 +554,18 @@ void printLine(Report &report, const std::array<PrintedItem, 3> &line)
 void QLONlistBuilder1::Print_ItemsSold()
 {
     Inilize_Print();
-    Report &report = *m_objReport;
-    fillCell(report, "top", QStringLiteral("T1"), ToAnsi(Label2->text()));
-    fillCell(report, "top", QStringLiteral("T2"), ToAnsi(Label3->text()));
-    // The site name is read only by the printer status screen: on this road it prints empty.
-    fillCell(report, "top", QStringLiteral("T3"), {});
-    report.PrintSection(QStringLiteral("top"));
+    ItemsSoldEngine &engine = *m_report;
+    engine.fillCell("top", QStringLiteral("T1"), ToAnsi(Label2->text()));
+    engine.fillCell("top", QStringLiteral("T2"), ToAnsi(Label3->text()));
+    // The site name is known only once the printer status screen has read the configuration.
+    engine.fillCell("top", QStringLiteral("T3"), Shared().SiteName);
+    engine.report().PrintSection(QStringLiteral("top"));
     const PrintedList printed = ItemsSoldPrintLayout(MList1->rows());
     for (const std::array<PrintedItem, 3> &line : printed.lines)
-        printLine(report, line);
-    fillCell(report, "Bottom", QStringLiteral("TS"), Currency(printed.grandTotal));
-    report.PrintSection(QStringLiteral("Bottom"));
-    report.EndReport();
-}
-
-void QLONlistBuilder1::m_objReport_NewPage()
-{
-    for (int index = 0; index < m_objReport->sectionCount(); ++index) {
-        ReportSection *page = m_objReport->section(index);
-        if (page->name.toLower() != QLatin1String("top"))
-            continue;
-        // The words stand as they are; the screen's dates aren't used here.
-        for (const auto &[cell, text] : {std::pair{"T1", "FromDate"}, std::pair{"T2", "ToDate"}, std::pair{"T3", "Company Date"}}) {
-            if (ReportCell *target = page->cell(QString::fromLatin1(cell)))
-                target->text2 = QString::fromLatin1(text);
-        }
-        m_objReport->PrintSection(QStringLiteral("top"));
-    }
-}
-
-void QLONlistBuilder1::m_objReport_PrintFooter()
-{
-    m_objReport->setFooterSection(QStringLiteral("Footer"));
-    for (int index = 0; index < m_objReport->sectionCount(); ++index) {
-        ReportSection *footer = m_objReport->section(index);
-        if (footer->name.toLower() != QLatin1String("footer"))
-            continue;
-        if (ReportCell *number = footer->cell(QStringLiteral("T13")))
-            number->value = QString::number(m_objReport->pageNumber());
-        m_objReport->PrintSection(QStringLiteral("Footer"));
-    }
+        printLine(engine, line);
+    engine.fillCell("Bottom", QStringLiteral("TS"), Currency(printed.grandTotal));
+    engine.report().PrintSection(QStringLiteral("Bottom"));
+    engine.report().EndReport();
 }
 
 void QLONlistBuilder1::SSCommand3_Click()

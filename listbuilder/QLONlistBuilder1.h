@@ -3,7 +3,7 @@
 #include "core/ListRows.h"
 #include "listbuilder/logic/CSort.h"
 #include "listbuilder/logic/LoadList.h"
-#include "ui/Report.h"
+#include "listbuilder/ItemsSoldEngine.h"
 #include "ui/ScreenRegistry.h"
 
 #include <QWidget>
@@ -130,9 +130,6 @@ private:
     void SSCommand7_Click();
     void SSCommand6_Click();
     void Inilize_Print();
-    bool InitializeReport(const QByteArray &templatePath);
-    void m_objReport_NewPage();
-    void m_objReport_PrintFooter();
     void SSCommand3_Click();
     void BLD_DATA2();
     void removeRunRows();
@@ -144,8 +141,7 @@ private:
     void SSCommand1_Click();
 
     CSort m_comparer;
-    std::unique_ptr<Report> m_objReport;
-    QString m_reportPdf;
+    std::unique_ptr<ItemsSoldEngine> m_report;
     QButtonGroup *m_reportOptions;
     QButtonGroup *m_sortOptions;
 };

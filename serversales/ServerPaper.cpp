@@ -18,16 +18,9 @@ namespace {
 
 const QString rule(32, QLatin1Char('='));
 
-// Get_Drink: the report printer becomes the current one.
-void chooseReportPrinter()
-{
-    const IniRec2300 &configuration = Site().Config;
-    SetCurrentPrinter(ChooseReportPrinter(InstalledPrinters(), configuration.trimmedField(IniRec2300::ReportPrinter), CurrentPrinter()));
-}
-
 LinePrintJob startJob(QString *pdfPath)
 {
-    chooseReportPrinter();
+    SelectReportPrinter(); // Get_Drink
     LinePrintJob job(ChooseReportOutput(HostPath(DataPath("ServerSales.pdf")), pdfPath));
     job.setFontSize(NumericValue(Site().Config.field(IniRec2300::ReportFontSize)));
     return job;
@@ -50,17 +43,6 @@ void printValues(LinePrintJob &job, QByteArrayView listName)
 }
 
 } // namespace
-
-QString ChooseReportPrinter(const QStringList &devices, QByteArrayView configuredName, const QString &current)
-{
-    const QString name = FromAnsi(TrimBlanks(configuredName));
-    QString chosen = current;
-    for (const QString &device : devices) {
-        if (device.left(name.size()) == name)
-            chosen = device;
-    }
-    return chosen;
-}
 
 QString PrintServerSummary(const ServerSummary &summary)
 {

@@ -6,10 +6,6 @@
 
 namespace qlon {
 
-// The report printer of the site's configuration among the installed ones: the last whose device
-// name begins with the trimmed name. An empty name begins every device name, so the last printer
-// wins, deliberately; with no match the current printer stays.
-QString ChooseReportPrinter(const QStringList &devices, QByteArrayView configuredName, const QString &current);
 
 // What the summary page shows: the server screen's boxes as they stand at the click.
 struct ServerSummary

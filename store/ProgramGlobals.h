@@ -40,6 +40,8 @@ struct ProgramGlobals
     QByteArray TempItemsPath;
     double LastItemSales = 0;
     QByteArray LastItemType;
+    // The site's name, which only the printer status screen reads from the configuration.
+    QByteArray SiteName;
     // The documents waiting at a printer, as the printer queue screen counted them last.
     qint32 PendingCount = 0;
 };

@@ -1,5 +1,9 @@
 #include "ui/LinePrinter.h"
 
+#include "core/Ansi.h"
+#include "core/FixedField.h"
+#include "store/SiteConfig.h"
+
 #include <QPrinterInfo>
 
 namespace qlon {
@@ -17,6 +21,22 @@ constexpr double lineSpacing = 1.25;
 QStringList InstalledPrinters()
 {
     return QPrinterInfo::availablePrinterNames();
+}
+
+QString ChooseReportPrinter(const QStringList &devices, QByteArrayView configuredName, const QString &current)
+{
+    const QString name = FromAnsi(TrimBlanks(configuredName));
+    QString chosen = current;
+    for (const QString &device : devices) {
+        if (device.left(name.size()) == name)
+            chosen = device;
+    }
+    return chosen;
+}
+
+void SelectReportPrinter()
+{
+    SetCurrentPrinter(ChooseReportPrinter(InstalledPrinters(), Site().Config.trimmedField(IniRec2300::ReportPrinter), CurrentPrinter()));
 }
 
 void SetCurrentPrinter(const QString &deviceName)

@@ -2,6 +2,7 @@
 
 #include "ui/Report.h"
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
@@ -14,6 +15,14 @@ QStringList InstalledPrinters();
 // the system's default.
 void SetCurrentPrinter(const QString &deviceName);
 QString CurrentPrinter();
+
+// The report printer of the site's configuration among the installed ones: the last whose device
+// name begins with the trimmed name. An empty name begins every device name, so the last printer
+// wins, deliberately; with no match the current printer stays.
+QString ChooseReportPrinter(const QStringList &devices, QByteArrayView configuredName, const QString &current);
+// Makes the site's report printer the current one, as the server sales paper and the Items Sold
+// slip do before they print.
+void SelectReportPrinter();
 
 // A print job of the platform's printer object: text line after line at the left margin, in
 // the printer's font at the size set, going on to a new page when one is full, with no header

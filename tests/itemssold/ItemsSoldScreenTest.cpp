@@ -1,9 +1,11 @@
 #include "itemssold/QlonItemsSold.h"
 #include "core/RecordFile.h"
+#include "store/ReportTemplate.h"
 #include "ui/Dialogs.h"
 #include "ui/MList.h"
 #include "ui/VbComboBox.h"
 #include "tests/support/CatalogueItem.h"
+#include "tests/support/RecordingOutput.h"
 #include "tests/support/ScreenTest.h"
 
 #include <QCalendarWidget>
@@ -141,6 +143,69 @@ TEST_F(ItemsSoldScreenTest, FilesThatCantBeReadArePassedOverByUpdateList)
     EXPECT_EQ(screen->SSPanel1->text(), QStringLiteral("Report Complete"));
     ASSERT_EQ(rows().size(), 1) << "February's lines count; March, held, is passed over";
     EXPECT_TRUE(rows().first().startsWith("1|Fries")) << rows().first().constData();
+}
+
+class ItemsSoldPrintingTest : public ItemsSoldScreenTest
+{
+protected:
+    void SetUp() override
+    {
+        ItemsSoldScreenTest::SetUp();
+        SetReportOutputFactory([this] { return std::make_unique<test::RecordingOutput>(printed, 792); });
+        screen->SSCommand4->click();
+    }
+    void TearDown() override
+    {
+        SetReportOutputFactory({});
+        ItemsSoldScreenTest::TearDown();
+    }
+    QStringList printedSections() const
+    {
+        QStringList sections;
+        for (const test::Printed &section : printed)
+            sections.append(section.section + QLatin1Char(' ') + section.values.join(QLatin1Char('/')));
+        return sections;
+    }
+
+    QList<test::Printed> printed;
+};
+
+TEST_F(ItemsSoldPrintingTest, TheSlipLeavesTheGiftRowOutAndTheEngineShowsTheListAsItStands)
+{
+    screen->SSCommand5->click();
+    ASSERT_EQ(printed.size(), 3 + 3 + 5);
+    EXPECT_EQ(printed.at(3).values.value(0), QStringLiteral("2\tBurger            \t$13.00")) << "the print list in scan order";
+    EXPECT_EQ(printed.at(9).values.value(0), QString()) << "no gift row on the slip";
+    EXPECT_TRUE(screen->SSCommand5->isEnabled());
+
+    printed.clear();
+    ASSERT_TRUE(WriteItemsSoldTemplate(site.write(QStringLiteral("Quillon/ItemsSold.vrd"), {})));
+    screen->SSCommand6->click();
+    EXPECT_EQ(printed.size(), 3 + 3 + 5) << "no ItemSold.vrd, so the same slip goes to the current printer";
+
+    printed.clear();
+    site.write(QStringLiteral("Quillon/ItemSold.vrd"), {});
+    screen->SSCommand6->click();
+    const QStringList sections = printedSections();
+    ASSERT_EQ(sections.size(), 5) << sections.join(QLatin1Char('\n')).toStdString();
+    EXPECT_TRUE(sections.at(2).contains(QStringLiteral("2/Burger            /$13.00"))) << sections.at(2).toStdString();
+    EXPECT_TRUE(sections.at(1).startsWith(QStringLiteral("mid 1/Fries"))) << sections.at(1).toStdString();
+    EXPECT_TRUE(sections.at(1).contains(QStringLiteral("Gift Card & Reloads"))) << "the engine prints the gift row";
+    EXPECT_TRUE(sections.at(3).startsWith(QStringLiteral("Bottom"))) << sections.at(3).toStdString();
+    EXPECT_TRUE(screen->SSCommand6->isEnabled());
+}
+
+TEST_F(ItemsSoldScreenTest, TheInventoryDoorAnswersFromTheBackOfficeAndChangesNothing)
+{
+    screen->SSCommand4->click();
+    const QByteArrayList before = rows();
+    for (int click = 0; click < 2; ++click)
+        screen->SSCommand8->click();
+    messages.flush();
+    EXPECT_EQ(shown.count(QStringLiteral("message: Option Error | This option is only avaliable from the Back Office")), 2)
+        << shown.toStdString();
+    EXPECT_EQ(rows(), before);
+    EXPECT_EQ(screen->Label7->text(), QStringLiteral("$1,215.50"));
 }
 
 TEST_F(ItemsSoldScreenTest, AStopBeforeTheCatalogueIsReadLeavesAnEmptyList)

@@ -195,6 +195,7 @@ void QlonItemsSold::Form_Load()
     MonthView1->setSelectedDate(Today());
     MonthView2->setSelectedDate(Today());
     showDates();
+    m_buttonTable = LoadButtonTable();
     for (VbComboBox *times : Combo1) {
         for (const QByteArray &line : TimeOfDayLines())
             times->addEntry(line);
@@ -325,8 +326,64 @@ void QlonItemsSold::ReadSalesFiles()
     for (int row = 0; row < MList3->rowCount(); ++row)
         catalogue.append(MList3->rowText(row));
     ProgressBar1->show();
-    const ScanSpan span{ToAnsi(Label2->text()), ToAnsi(Label3->text()), Combo1[0]->text(), Combo1[1]->text()};
-    const SalesScan scan = ScanSalesFiles(catalogue, span, [this] { return modeLetter(); }, *this);
+    const SalesScan scan = ScanSalesFiles(catalogue, scanSpan(), [this] { return modeLetter(); }, *this);
+    showScan(scan, savedStatus);
+}
+
+void QlonItemsSold::ReadFoodFile()
+{
+    SSPanel1->setText(QStringLiteral("Retreving Food Items"));
+    runOlderScan(OlderScan::Food);
+    SSPanel1->setText(QStringLiteral("Sorting Items"));
+    MList3->setSortKey("0a ");
+    MList3->setSorted(true);
+    SSPanel1->setText(QStringLiteral("Removing Duplicates"));
+    QByteArrayList catalogue;
+    for (int row = 0; row < MList3->rowCount(); ++row)
+        catalogue.append(MList3->rowText(row));
+    RemoveDuplicates(catalogue);
+    MList3->setSorted(false);
+    MList3->clear();
+    for (const QByteArray &row : catalogue)
+        MList3->addRow(row);
+    SSPanel1->setText(QStringLiteral("Items Sold"));
+}
+
+void QlonItemsSold::ReadBarFile()
+{
+    runOlderScan(OlderScan::Bar);
+}
+
+void QlonItemsSold::ReadBothFile()
+{
+    runOlderScan(OlderScan::Both);
+}
+
+void QlonItemsSold::runOlderScan(OlderScan kind)
+{
+    setCursor(Qt::WaitCursor);
+    DisableButtons();
+    const QString savedStatus = SSPanel1->text();
+    SSPanel1->setText(QStringLiteral("WORKING"));
+    MList1->clear();
+    List1->clear();
+    List2->clear();
+    ProgressBar1->show();
+    SalesScan scan;
+    // Failures are passed over, as in the full scan.
+    SkipOnFailure([&] { scan = RunOlderScan(kind, m_buttonTable, scanSpan(), *this); });
+    showScan(scan, savedStatus);
+}
+
+ScanSpan QlonItemsSold::scanSpan() const
+{
+    return {ToAnsi(Label2->text()), ToAnsi(Label3->text()), Combo1[0]->text(), Combo1[1]->text()};
+}
+
+// The display step of every scan: the report rows, the print lists, the total, the gift row
+// after it, and the items not reported.
+void QlonItemsSold::showScan(const SalesScan &scan, const QString &savedStatus)
+{
     if (scan.stopped) {
         SSCommand11->hide();
         SSPanel1->setText(QStringLiteral("User Stopped"));

@@ -2,6 +2,7 @@
 
 #include "itemssold/InventoryWindow.h"
 #include "itemssold/logic/CatalogueScan.h"
+#include "itemssold/logic/OlderScans.h"
 #include "listbuilder/logic/CSort.h"
 #include "ui/ScreenRegistry.h"
 
@@ -38,6 +39,10 @@ public:
     // the monthly files and the report.
     void UpdateList();
     void ReadSalesFiles();
+    // The older scans: no control calls them; they stay for a caller that wants their figures.
+    void ReadFoodFile();
+    void ReadBarFile();
+    void ReadBothFile();
     void DisableButtons() { setButtonsEnabled(false); }
     void EnableButtons() { setButtonsEnabled(true); }
 
@@ -89,6 +94,9 @@ private:
     void RebuildPrintList();
     void SSCommand9_Click();
     void addKeepingEveryRow(const QByteArray &text);
+    ScanSpan scanSpan() const;
+    void showScan(const SalesScan &scan, const QString &savedStatus);
+    void runOlderScan(OlderScan kind);
     void SSCommand5_Click();
     void SSCommand6_Click();
     void SSCommand8_Click();
@@ -106,6 +114,7 @@ private:
     void monthStarted(QDate month) override;
 
     CSort m_comparer;
+    QList<ItemRec500> m_buttonTable;
     // Never set in this program: the back office's window, reached late-bound.
     InventoryWindow *m_inventory = nullptr;
     QString m_monthStatus;

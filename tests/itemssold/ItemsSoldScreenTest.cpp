@@ -208,6 +208,15 @@ TEST_F(ItemsSoldScreenTest, TheInventoryDoorAnswersFromTheBackOfficeAndChangesNo
     EXPECT_EQ(screen->Label7->text(), QStringLiteral("$1,215.50"));
 }
 
+TEST_F(ItemsSoldScreenTest, TheFoodScanFillsTheListAndReportsNothingMissing)
+{
+    screen->ReadFoodFile();
+    EXPECT_EQ(rows().size(), 4) << "Fries, Salad, Burger and the gift row";
+    EXPECT_EQ(screen->Label7->text(), QStringLiteral("$1,215.50"));
+    EXPECT_EQ(screen->List4->count(), 0) << "Soup is on no button, and this scan doesn't say so";
+    EXPECT_EQ(screen->SSPanel1->text(), QStringLiteral("Items Sold"));
+}
+
 TEST_F(ItemsSoldScreenTest, AStopBeforeTheCatalogueIsReadLeavesAnEmptyList)
 {
     Shared().StopRequested = false;

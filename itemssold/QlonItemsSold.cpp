@@ -17,6 +17,7 @@
 #include "ui/Controls.h"
 #include "ui/Dialogs.h"
 #include "ui/LinePrinter.h"
+#include "ui/Sound.h"
 #include "ui/MList.h"
 #include "ui/Program.h"
 #include "ui/VbComboBox.h"
@@ -25,6 +26,8 @@
 #include "store/SiteConfig.h"
 
 #include <QCalendarWidget>
+#include <QGraphicsOpacityEffect>
+#include <QPropertyAnimation>
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -405,6 +408,7 @@ void QlonItemsSold::showScan(const SalesScan &scan, const QString &savedStatus)
     // Gift cards stand in the list and never in the total.
     if (scan.giftCount != 0)
         MList1->addRow(PlainNumber(scan.giftCount) + "|Gift Card & Reloads|" + Currency(scan.giftTotal));
+    SSTransition1_Play();
     SSPanel1->setText(savedStatus);
     unsetCursor();
     for (const QByteArray &item : scan.notReported)
@@ -413,6 +417,21 @@ void QlonItemsSold::showScan(const SalesScan &scan, const QString &savedStatus)
     if (List4->count() > 0)
         tellNotReported(scan.giftCount != 0 ? Currency(scan.giftTotal) : scan.lastClass);
     CloseAll();
+}
+
+// The transition: the report fades in over 800 ms, and its sound plays as it starts; a sound file
+// that isn't there is passed over.
+void QlonItemsSold::SSTransition1_Play()
+{
+    auto *fade = new QGraphicsOpacityEffect(MList1);
+    MList1->setGraphicsEffect(fade);
+    auto *animation = new QPropertyAnimation(fade, "opacity", MList1);
+    animation->setDuration(800);
+    animation->setStartValue(0.0);
+    animation->setEndValue(1.0);
+    connect(animation, &QPropertyAnimation::finished, MList1, [this] { MList1->setGraphicsEffect(nullptr); });
+    animation->start(QAbstractAnimation::DeleteWhenStopped);
+    SkipOnFailure([] { PlaySound(HostPath(Site().DataRoot + "data\\whoosh.wav")); });
 }
 
 void QlonItemsSold::tellNotReported(const QByteArray &kind)

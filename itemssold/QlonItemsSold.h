@@ -106,6 +106,7 @@ private:
     QByteArray modeLetter() const;
     ReportOptions reportOptions() const;
     void tellNotReported(const QByteArray &kind);
+    void SSTransition1_Play();
 
     // The scans' progress, on the bar and the status line.
     void setMaximum(int maximum) override;

@@ -3,6 +3,7 @@
 #include "store/ReportTemplate.h"
 #include "ui/Dialogs.h"
 #include "ui/MList.h"
+#include "ui/Sound.h"
 #include "ui/VbComboBox.h"
 #include "tests/support/CatalogueItem.h"
 #include "tests/support/RecordingOutput.h"
@@ -11,6 +12,7 @@
 #include <QCalendarWidget>
 #include <QLabel>
 #include <QListWidget>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTextStream>
@@ -208,6 +210,18 @@ TEST_F(ItemsSoldScreenTest, TheInventoryDoorAnswersFromTheBackOfficeAndChangesNo
     EXPECT_EQ(screen->Label7->text(), QStringLiteral("$1,215.50"));
 }
 
+TEST_F(ItemsSoldScreenTest, TheReportArrivesWithItsSoundWhenTheSiteHasOne)
+{
+    QStringList played;
+    SetSoundPlayer([&](const QString &path) { played.append(path); });
+    screen->SSCommand4->click();
+    EXPECT_TRUE(played.isEmpty()) << "no data\\whoosh.wav: silence";
+    site.write(QStringLiteral("Quillon/data/Whoosh.WAV"), "RIFF");
+    screen->SSCommand4->click();
+    SetSoundPlayer({});
+    EXPECT_EQ(played, QStringList{site.hostPath(QStringLiteral("Quillon/data/Whoosh.WAV"))});
+}
+
 TEST_F(ItemsSoldScreenTest, TheFoodScanFillsTheListAndReportsNothingMissing)
 {
     screen->ReadFoodFile();
@@ -215,6 +229,21 @@ TEST_F(ItemsSoldScreenTest, TheFoodScanFillsTheListAndReportsNothingMissing)
     EXPECT_EQ(screen->Label7->text(), QStringLiteral("$1,215.50"));
     EXPECT_EQ(screen->List4->count(), 0) << "Soup is on no button, and this scan doesn't say so";
     EXPECT_EQ(screen->SSPanel1->text(), QStringLiteral("Items Sold"));
+}
+
+TEST_F(ItemsSoldScreenTest, StopIsHeardWhileTheMonthlyFilesAreRead)
+{
+    // The user clicks Stop once the sales scan shows its progress bar, between two lines.
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+        if (screen->ProgressBar1->isVisibleTo(screen) && screen->SSCommand11->isVisibleTo(screen))
+            screen->SSCommand11->click();
+    });
+    watch.start(0);
+    screen->SSCommand4->click();
+    watch.stop();
+    EXPECT_EQ(screen->SSPanel1->text(), QStringLiteral("User Stopped"));
+    EXPECT_TRUE(rows().isEmpty()) << "the rows counted so far aren't shown";
 }
 
 TEST_F(ItemsSoldScreenTest, AStopBeforeTheCatalogueIsReadLeavesAnEmptyList)

@@ -129,6 +129,8 @@ TEST_F(CalculateSalesTest, AFinishedRunFillsTheRowsTheFilesAndTheTotals)
     // An unknown type is counted in the first category with the running number of the last one.
     EXPECT_EQ(Shared().CategoryTable.at(0, 0), "Mystery");
     EXPECT_EQ(Shared().CategoryTable.at(0, 1), ".");
+    EXPECT_EQ(Shared().CategoryTable.at(0, 2), "1") << "the units of the last item counted there, not the sum of the department's";
+    EXPECT_EQ(Shared().CategoryTable.at(1, 2), "2");
     EXPECT_EQ(screen->Combo1->entryNumber(0), 12);
 }
 

@@ -71,6 +71,29 @@ TEST_F(MonthlySalesTest, ARecordAFieldShortIsRejectedAndReadingGoesOnInStep)
     EXPECT_EQ(site.read(QStringLiteral("Quillon/Items.tmp")), "\"1|Cola|1.5|L|1:00 PM|||03/02/04|\"\r\n");
 }
 
+TEST_F(MonthlySalesTest, ADateWithoutItsSlashInPlaceIsOutOfStepAndTheReaderFindsItsStepAgain)
+{
+    QByteArray lines;
+    for (int number = 1; number <= 20; ++number) {
+        const QByteArray date = number == 2 ? QByteArray("1/5/04") : QByteArray("03/01/04");
+        lines += "\"" + date + "\",1,\"Item " + QByteArray::number(number) + "\",1,\"F\",\"6:05 PM\",\"\",\"\"\r\n";
+    }
+    const QString path = site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"), lines);
+    QByteArrayList items;
+    int rejects = 0;
+    {
+        MonthlySalesFile month(path, site.hostPath(QStringLiteral("Quillon/Items.tmp")));
+        while (const std::optional<MonthlyRecord> record = month.next())
+            items.append(record->at(SoldItem));
+        rejects = month.rejects();
+    }
+    // Each reject takes seven more fields, so the reader steps one field back each time and is
+    // in step again after eight.
+    EXPECT_EQ(rejects, 8);
+    EXPECT_EQ(items, (QByteArrayList{"Item 1", "Item 17", "Item 18", "Item 19", "Item 20"}));
+    EXPECT_TRUE(site.read(QStringLiteral("Quillon/Items.tmp")).startsWith("\"1/5/04|1|Item 2|1|F|6:05 PM|||\"\r\n"));
+}
+
 TEST(MonthlyValuesTest, TypesAndPricesAreNormalised)
 {
     EXPECT_EQ(NormalizedType(" 1 "), "F");

@@ -134,6 +134,16 @@ TEST_F(CalculateSalesTest, AFinishedRunFillsTheRowsTheFilesAndTheTotals)
     EXPECT_EQ(screen->Combo1->entryNumber(0), 12);
 }
 
+TEST_F(CalculateSalesTest, ARefundOverTheSpanIsKeptForRemoveItems)
+{
+    SqliteSalesWriter sales(site.hostPath(QStringLiteral("Quillon/data/Quillon.mdb")));
+    sales.add(sale(1, "Cap", "2004-01-01", "19:00:00", "-1", "-15.00"));
+    sales.commit();
+    calculate();
+    ASSERT_EQ(screen->MList4.rowCount(), 1 + 1 + 4);
+    EXPECT_TRUE(screen->MList4.rowText(0).startsWith("Cap|Retail|15.00|-1|")) << screen->MList4.rowText(0).constData();
+}
+
 TEST_F(CalculateSalesTest, ASecondRunWithoutLoadListGivesTheSameRows)
 {
     calculate();

@@ -3,6 +3,7 @@
 #include "core/Clock.h"
 #include "core/FileTable.h"
 #include "core/HostPath.h"
+#include "store/JetCheck.h"
 #include "store/ReportTemplate.h"
 #include "store/SiteConfig.h"
 #include "ui/Dialogs.h"
@@ -89,6 +90,9 @@ int main(int argc, char *argv[])
     if (commandLine.scripted())
         qlon::Dialogs::useScriptedAnswers(&out);
 
+    const QString jetChecker = QCoreApplication::applicationDirPath() + QStringLiteral("/qlon-jet-check");
+    if (QFileInfo::exists(jetChecker))
+        qlon::SetJetChecker(jetChecker);
     qlon::RegisterScreens();
     // The program starts by loading its main screen; there is no other way in.
     qlon::TouchScreen(mainScreen);

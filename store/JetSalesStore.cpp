@@ -1,6 +1,7 @@
 #include "store/JetSalesStore.h"
 
 #include "core/Ansi.h"
+#include "store/JetCheck.h"
 
 // mdbtools.h includes glib.h inside its C block, where glib's C++ templates don't compile.
 #include <glib.h>
@@ -10,7 +11,15 @@
 #include <QtEndian>
 
 #include <cmath>
+#include <cstdio>
 #include <vector>
+
+#include <fcntl.h>
+#ifdef Q_OS_WIN
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
 
 namespace qlon {
 namespace {
@@ -19,6 +28,49 @@ namespace {
 // memo of a third of a million characters. libmdb takes this much from the heap for each text it
 // converts but writes only what the text needs, so the size costs no time.
 constexpr size_t bindSize = 1 << 20;
+// Standard output goes nowhere while it lives: the program's own output stays clean of what a
+// library prints.
+class StandardOutputSilenced
+{
+public:
+    StandardOutputSilenced()
+    {
+        std::fflush(stdout);
+#ifdef Q_OS_WIN
+        m_saved = _dup(1);
+        const int nowhere = _open("NUL", _O_WRONLY);
+#else
+        m_saved = dup(1);
+        const int nowhere = ::open("/dev/null", O_WRONLY);
+#endif
+        if (nowhere >= 0)
+            redirect(nowhere);
+    }
+    ~StandardOutputSilenced()
+    {
+        std::fflush(stdout);
+        if (m_saved >= 0)
+            redirect(m_saved);
+    }
+    StandardOutputSilenced(const StandardOutputSilenced &) = delete;
+    StandardOutputSilenced &operator=(const StandardOutputSilenced &) = delete;
+
+private:
+    // Standard output becomes the file, whose own descriptor goes.
+    static void redirect(int file)
+    {
+#ifdef Q_OS_WIN
+        _dup2(file, 1);
+        _close(file);
+#else
+        dup2(file, 1);
+        close(file);
+#endif
+    }
+
+    int m_saved = -1;
+};
+
 // A row's offset on its page keeps flags in the bits above these.
 constexpr int rowOffsetMask = 0x1fff;
 constexpr int secondsPerDay = 24 * 60 * 60;
@@ -129,6 +181,8 @@ JetTable::Reader::Reader(const QString &hostPath, QByteArrayView name, const QBy
 
 void JetTable::Reader::open(const QString &hostPath, QByteArrayView name)
 {
+    CheckJetFile(hostPath, name);
+    const StandardOutputSilenced silence; // libmdb prints blank lines on some damaged files
     m_handle.reset(mdb_open(QFile::encodeName(hostPath).constData(), MDB_NOFLAGS));
     if (!m_handle || !mdb_read_catalog(m_handle.get(), MDB_TABLE))
         throw UnrecognizedFormatError(hostPath);

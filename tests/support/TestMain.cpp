@@ -1,5 +1,6 @@
 // The main of the tests without widgets: each test starts and ends with the site's state as a
 // fresh program has it.
+#include "store/JetCheck.h"
 #include "store/SiteState.h"
 
 #include <gtest/gtest.h>
@@ -17,6 +18,8 @@ class FreshState : public ::testing::EmptyTestEventListener
 int main(int argc, char *argv[])
 {
     ::testing::InitGoogleTest(&argc, argv);
+    // Jet files are read as the program reads them, their catalogue checked apart first.
+    qlon::SetJetChecker(QStringLiteral(QLON_JET_CHECKER));
     ::testing::UnitTest::GetInstance()->listeners().Append(new FreshState);
     return RUN_ALL_TESTS();
 }

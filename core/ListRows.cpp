@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <numeric>
 #include <optional>
-#include <ranges>
 
 namespace qlon {
 
@@ -157,14 +156,21 @@ int ListRows::checkedRow(int row) const
     return row;
 }
 
-// The first row that the text ranks before, so that it goes behind the rows equal to it.
+// The first row that the text ranks before, so that it goes behind the rows equal to it: a
+// binary search over the sorted rows.
 int ListRows::sortedPlaceOf(const QByteArray &text) const
 {
     const QByteArray key = fieldOf(text, m_sortColumn);
-    const auto rows = std::views::iota(0, rowCount());
-    const auto place = std::ranges::partition_point(
-        rows, [&](int row) { return !ranksBefore(key, field(row, m_sortColumn)); });
-    return place == rows.end() ? rowCount() : *place;
+    int low = 0;
+    int high = rowCount();
+    while (low < high) {
+        const int middle = low + (high - low) / 2;
+        if (ranksBefore(key, field(middle, m_sortColumn)))
+            high = middle;
+        else
+            low = middle + 1;
+    }
+    return low;
 }
 
 bool ListRows::ranksBefore(const QByteArray &a, const QByteArray &b) const

@@ -94,6 +94,10 @@ void QLONlistBuilder1::createControls()
     SSOption5 = Named(new QRadioButton(QStringLiteral("Retail"), SSFrame1), QStringLiteral("SSOption5"));
     SSOption6 = Named(new QRadioButton(QStringLiteral("All"), SSFrame1), QStringLiteral("SSOption6"));
     SSOption7 = Named(new QRadioButton(QStringLiteral("Seclect Below"), SSFrame1), QStringLiteral("SSOption7"));
+    // Its caption is a department's name from the site's list: the option keeps its width
+    // however long the name.
+    SSOption7->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    SSOption7->setMinimumWidth(120);
     Combo1 = Named(new VbComboBox(SSFrame1), QStringLiteral("Combo1"));
     Combo1->setText("More");
     Command3 = MakeButton(SSFrame1, QStringLiteral("Command3"), QStringLiteral("Edit"));

@@ -6,6 +6,7 @@
 #include "tests/support/Rows.h"
 #include "tests/support/ScreenTest.h"
 
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QLabel>
 #include <QPushButton>
@@ -71,6 +72,17 @@ TEST_F(MainScreenTest, AnUnreadableStartDateLeavesTheCalendar)
     QLONlistBuilder1 *screen = load();
     EXPECT_EQ(screen->Label3->text(), QStringLiteral("6/24/2003"));
     EXPECT_EQ(screen->Label2->text(), screen->MonthView1->selectedDate().toString(QStringLiteral("M/d/yyyy")));
+}
+
+TEST_F(MainScreenTest, ALongDepartmentNameDoesNotWidenTheScreen)
+{
+    site.write(QStringLiteral("Quillon/data/Departments.dat"), "\"Food\"\r\n\"" + QByteArray(100000, 'W') + "\"\r\n");
+    QLONlistBuilder1 *screen = load();
+    const int width = screen->sizeHint().width();
+    screen->Combo1->setText(QByteArray(100000, 'W'));
+    screen->show();
+    QApplication::processEvents();
+    EXPECT_EQ(screen->sizeHint().width(), width) << "picking the name changes no width";
 }
 
 // Remove Items works on plain rows and fills the list at once; the list it leaves, and its

@@ -5,6 +5,7 @@
 #include "platform/PathMap.h"
 
 #include <QFileInfo>
+#include <QHash>
 
 #include <algorithm>
 
@@ -32,13 +33,30 @@ QString shownPath(QByteArrayView path)
     return shown;
 }
 
+// The site paths of the host paths given lately; a few hundred files at the most, then afresh.
+QHash<QString, QByteArray> &recentSitePaths()
+{
+    static QHash<QString, QByteArray> paths;
+    return paths;
+}
+
 } // namespace
 
 QString HostPath(QByteArrayView sitePath)
 {
     if (!isValidSitePath(sitePath))
         throw RuntimeError(RuntimeError::BadFileNameOrNumber, shownPath(sitePath));
-    return SitePaths().toHost(FromAnsi(sitePath));
+    QString host = SitePaths().toHost(FromAnsi(sitePath));
+    QHash<QString, QByteArray> &recent = recentSitePaths();
+    if (recent.size() > 512)
+        recent.clear();
+    recent.insert(host, sitePath.toByteArray());
+    return host;
+}
+
+QByteArray SitePathOf(const QString &hostPath)
+{
+    return recentSitePaths().value(hostPath);
 }
 
 bool FileExists(const QString &hostPath)

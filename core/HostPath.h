@@ -11,6 +11,10 @@ namespace qlon {
 // number": no file of another name is ever opened in its place.
 QString HostPath(QByteArrayView sitePath);
 
+// The site path that last gave this host path, so that an error can name the file as the site
+// knows it; empty when no recent path gave it.
+QByteArray SitePathOf(const QString &hostPath);
+
 // Whether a file stands at the host path; a folder in its place counts as missing.
 bool FileExists(const QString &hostPath);
 

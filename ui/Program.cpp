@@ -1,6 +1,8 @@
 #include "ui/Program.h"
 
+#include "core/Ansi.h"
 #include "core/FileTable.h"
+#include "core/HostPath.h"
 #include "ui/Dialogs.h"
 #include "ui/ScreenRegistry.h"
 
@@ -26,12 +28,19 @@ void EndProgram(int status)
     std::_Exit(status);
 }
 
+// Where it happened: a file as the site names it and where it lies on this host.
+QString whereItHappened(const RuntimeError &error)
+{
+    const QByteArray sitePath = SitePathOf(error.detail());
+    return sitePath.isEmpty() ? error.detail() : FromAnsi(sitePath) + QStringLiteral(", ") + error.detail();
+}
+
 void EndWithError(const RuntimeError &error)
 {
-    QTextStream(stderr) << "qlon: " << error.message().simplified()
-                        << (error.detail().isEmpty() ? QString() : QStringLiteral(" (") + error.detail() + QLatin1Char(')'))
+    const QString where = whereItHappened(error);
+    QTextStream(stderr) << "qlon: " << error.message().simplified() << (where.isEmpty() ? QString() : QStringLiteral(" (") + where + QLatin1Char(')'))
                         << Qt::endl;
-    Dialogs::showError(ProgramTitle, error.message(), error.detail());
+    Dialogs::showError(ProgramTitle, error.message(), where);
     EndProgram(1);
 }
 

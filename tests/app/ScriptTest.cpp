@@ -209,7 +209,8 @@ TEST_F(ScriptTest, HostileSiteFilesEndCleanlyAndNothingOutsideTheSiteIsWritten)
     site.write(QStringLiteral("Quillon/data/Departments.dat/x"), {});
     result = run(QStringLiteral("show QlonItemsSold\n"));
     EXPECT_EQ(result.status, 1);
-    EXPECT_TRUE(result.err.contains(QStringLiteral("Departments.dat"))) << result.err.toStdString();
+    EXPECT_TRUE(result.err.contains(QStringLiteral("(C:\\QUILLON\\data\\Departments.dat, ") + site.hostPath(QStringLiteral("Quillon/data/Departments.dat"))))
+        << "the file as the site names it and where it lies: " << result.err.toStdString();
 }
 
 // The rows of MList1 after rebuilding and loading with one category option.

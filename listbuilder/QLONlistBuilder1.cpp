@@ -583,8 +583,8 @@ void QLONlistBuilder1::SSCommand3_Click()
     for (int row = 0; row < MList4.rowCount(); ++row)
         rows.addRow(MList4.rowText(row));
     std::optional<int> selected;
-    RemoveRowsWithoutUnits(rows, [&](int row) {
-        if (row < rows.rowCount())
+    RemoveRowsWithoutUnits(rows, [&](int row, int rowCount) {
+        if (row < rowCount)
             selected = row;
     });
     // A selected row that the walk removed hands the selection on to the row that takes its

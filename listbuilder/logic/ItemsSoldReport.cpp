@@ -85,17 +85,26 @@ QByteArrayList DepartmentTotalRows(const ListRows &sales, const ListRows &units,
     return totals;
 }
 
-void RemoveRowsWithoutUnits(ListRows &list, const std::function<void(int row)> &visiting)
+void RemoveRowsWithoutUnits(ListRows &list, const std::function<void(int row, int rowCount)> &visiting)
 {
-    // A failing statement is left out. The walk doesn't step back after a removal,
-    // deliberately: the row that moves up into the place is never looked at.
+    // The walk goes over the row numbers as the list stood and doesn't step back after a
+    // removal, deliberately: the row that moves up into the place is never looked at, and a
+    // number past the shortened list reads nothing new, its removal failing. Walked here over the
+    // rows as they stood, with the list rebuilt once, so that a long list costs no more than its
+    // length.
     const int last = list.rowCount() - 1;
+    QByteArrayList kept;
+    int original = 0; // the row that stands at the walk's number now
+    int removed = 0;
     QByteArray text;
     std::array<qsizetype, 4> bars = {0, 0, 0, 0};
     QByteArray sold;
     for (int row = 0; row <= last; ++row) {
-        visiting(row);
-        SkipOnFailure([&] { text = list.rowText(row); });
+        const int rowCount = list.rowCount() - removed;
+        visiting(row, rowCount);
+        const bool exists = row < rowCount;
+        if (exists)
+            text = list.rowText(original);
         // A row short of separators reads its field where the row before had its own: the old
         // walk kept the separators' places, not the fields.
         qsizetype from = 0;
@@ -108,9 +117,23 @@ void RemoveRowsWithoutUnits(ListRows &list, const std::function<void(int row)> &
         }
         if (bars[3] > bars[2])
             sold = text.mid(bars[2] + 1, bars[3] - bars[2] - 1);
-        if (NumericValue(sold) == 0)
-            SkipOnFailure([&] { list.removeRow(row); });
+        if (!exists)
+            continue;
+        if (NumericValue(sold) == 0) {
+            ++removed;
+            // The row that moves up into its place stays, unlooked at.
+            if (++original < list.rowCount())
+                kept.append(list.rowText(original));
+        } else {
+            kept.append(text);
+        }
+        ++original;
     }
+    for (; original < list.rowCount(); ++original)
+        kept.append(list.rowText(original));
+    list.clear();
+    for (const QByteArray &row : kept)
+        list.addRow(row);
 }
 
 void DumpSpanSales(SalesStore &store, const QByteArray &from, const QByteArray &to, const QByteArray &endTime, TextFile &dump)

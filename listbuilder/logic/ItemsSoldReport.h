@@ -41,9 +41,9 @@ void AddToDepartment(ListRows &sales, ListRows &units, int department, double ad
 // sums of the department's sales and units kept row for row beside the departments.
 QByteArrayList DepartmentTotalRows(const ListRows &sales, const ListRows &units, const QByteArrayList &departments);
 
-// Removes the rows whose units sold read as 0, walking the rows as the list stood, telling
-// `visiting` of each row number before it is looked at.
-void RemoveRowsWithoutUnits(ListRows &list, const std::function<void(int row)> &visiting);
+// Removes the rows whose units sold read as 0, walking the row numbers as the list stood, telling
+// `visiting` of each number before it is looked at, with the number of rows the list then holds.
+void RemoveRowsWithoutUnits(ListRows &list, const std::function<void(int row, int rowCount)> &visiting);
 
 // Writes every sale of the span that the dump keeps to `dump`: from the from date on, and on the
 // to date up to the end time.

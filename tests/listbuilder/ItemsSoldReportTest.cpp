@@ -75,7 +75,7 @@ TEST(ItemsSoldReportTest, RemovingUnsoldRowsNeverLooksAtTheRowThatMovesUp)
     AddRows(list, {"Burger|Food|6.50|12|x", "Soda|Bev|1.50|0|x", "Tea|Bev|1.00|0|x", "Pie|Food|3.00|2|x", "Cake|Food|2|0|x"});
     QList<int> visited;
 
-    RemoveRowsWithoutUnits(list, [&](int row) { visited.append(row); });
+    RemoveRowsWithoutUnits(list, [&](int row, int) { visited.append(row); });
 
     EXPECT_EQ(TextsOf(list), (QByteArrayList{"Burger|Food|6.50|12|x", "Tea|Bev|1.00|0|x", "Pie|Food|3.00|2|x"}));
     EXPECT_EQ(visited, (QList<int>{0, 1, 2, 3, 4}));
@@ -86,7 +86,7 @@ TEST(ItemsSoldReportTest, ARowShortOfSeparatorsReadsItsUnitsWhereTheRowBeforeHad
     ListRows list;
     AddRows(list, {"Burger|Food|6.50|12|x", "********************", "Soda|Bev|1.50|0|x", "Tea|Bev|1|3|x"});
 
-    RemoveRowsWithoutUnits(list, [](int) {});
+    RemoveRowsWithoutUnits(list, [](int, int) {});
 
     EXPECT_EQ(TextsOf(list), (QByteArrayList{"Burger|Food|6.50|12|x", "Soda|Bev|1.50|0|x", "Tea|Bev|1|3|x"}))
         << "the separator row reads \"**\" between the places of Burger's bars, which counts 0; Soda moves up "

@@ -27,22 +27,22 @@ CommandLine ParseCommandLine(const QStringList &arguments)
     parser.setApplicationDescription(QStringLiteral("Items Sold: what the site sold, over a span of dates and hours."));
     parser.addHelpOption();
     const QCommandLineOption drive(QStringLiteral("drive"),
-                                   QStringLiteral("Maps a drive letter of the site's paths to a host folder, such as C=/srv/pos. "
-                                                  "Without it, drive X: stands for /mnt/x."),
-                                   QStringLiteral("LETTER=FOLDER"));
+        QStringLiteral("Maps a drive letter of the site's paths to a host folder, such as C=/srv/pos. "
+                       "Without it, drive X: stands for /mnt/x."),
+        QStringLiteral("LETTER=FOLDER"));
     const QCommandLineOption script(QStringLiteral("script"),
-                                    QStringLiteral("Runs without a window, driving the screens by the commands of FILE "
-                                                   "(- for standard input)."),
-                                    QStringLiteral("FILE"));
+        QStringLiteral("Runs without a window, driving the screens by the commands of FILE "
+                       "(- for standard input)."),
+        QStringLiteral("FILE"));
     const QCommandLineOption screenshot(QStringLiteral("screenshot"),
-                                        QStringLiteral("Saves a PNG of SCREEN to PATH once the script has run "
-                                                       "(or, without a script, once the program has started) and ends."),
-                                        QStringLiteral("SCREEN=PATH"));
-    const QCommandLineOption today(QStringLiteral("today"), QStringLiteral("Takes DATE (YYYY-MM-DD) as today's date."),
-                                   QStringLiteral("DATE"));
+        QStringLiteral("Saves a PNG of SCREEN to PATH once the script has run "
+                       "(or, without a script, once the program has started) and ends."),
+        QStringLiteral("SCREEN=PATH"));
+    const QCommandLineOption today(
+        QStringLiteral("today"), QStringLiteral("Takes DATE (YYYY-MM-DD) as today's date."), QStringLiteral("DATE"));
     const QCommandLineOption writeTemplate(QStringLiteral("write-report-template"),
-                                           QStringLiteral("Writes the default Items Sold report template, ItemsSold.vrd, into "
-                                                          "the site's data root when the site has none, and ends."));
+        QStringLiteral("Writes the default Items Sold report template, ItemsSold.vrd, into "
+                       "the site's data root when the site has none, and ends."));
     parser.addOptions({drive, script, screenshot, today, writeTemplate});
 
     CommandLine commandLine;

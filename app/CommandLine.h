@@ -10,12 +10,12 @@ namespace qlon {
 struct CommandLine
 {
     QStringList driveMappings; // "C=/srv/pos", one per --drive
-    QString scriptPath;        // empty: the screens are shown; "-": standard input
-    QStringList screenshots;   // "SCREEN=PATH", one per --screenshot
-    QDate today;               // fixes the clock's day when valid
+    QString scriptPath; // empty: the screens are shown; "-": standard input
+    QStringList screenshots; // "SCREEN=PATH", one per --screenshot
+    QDate today; // fixes the clock's day when valid
     bool writeReportTemplate = false;
-    QString error;             // not empty when the command line can't be used
-    QString help;              // not empty when help was asked for
+    QString error; // not empty when the command line can't be used
+    QString help; // not empty when help was asked for
 
     bool scripted() const { return !scriptPath.isEmpty(); }
 };

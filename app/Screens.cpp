@@ -6,10 +6,10 @@
 #include "itemssold/QlonItemsSold.h"
 #include "listbuilder/QLONlistBuilder1.h"
 #include "listbuilder/QLONlistBuilder3.h"
-#include "ui/ScreenRegistry.h"
 #include "rebuild/QlonExit.h"
 #include "serversales/QLONlistBuilder2.h"
 #include "serversales/QLONserverLiquor.h"
+#include "ui/ScreenRegistry.h"
 
 namespace qlon {
 

@@ -263,9 +263,8 @@ QString ScriptRunner::execute(const QString &line)
 
 QString ScriptRunner::executeOnControl(const QString &command, const QString &target, const QString &rest)
 {
-    static const QStringList commands = {QStringLiteral("click"), QStringLiteral("set"), QStringLiteral("pick"),
-                                         QStringLiteral("get"), QStringLiteral("rows"), QStringLiteral("show"),
-                                         QStringLiteral("screenshot")};
+    static const QStringList commands = {QStringLiteral("click"), QStringLiteral("set"), QStringLiteral("pick"), QStringLiteral("get"),
+        QStringLiteral("rows"), QStringLiteral("show"), QStringLiteral("screenshot")};
     if (!commands.contains(command) || target.isEmpty())
         return QStringLiteral("unknown command");
 

@@ -1,5 +1,6 @@
 #include "app/CommandLine.h"
 #include "app/Screens.h"
+#include "app/ScriptRunner.h"
 #include "core/Clock.h"
 #include "core/FileTable.h"
 #include "core/HostPath.h"
@@ -9,7 +10,6 @@
 #include "ui/Dialogs.h"
 #include "ui/Program.h"
 #include "ui/ScreenRegistry.h"
-#include "app/ScriptRunner.h"
 
 #include <QApplication>
 #include <QFile>
@@ -23,7 +23,8 @@ const QString mainScreen = QStringLiteral("QLONlistBuilder1");
 int runScript(const QString &path, QTextStream &out, QTextStream &err)
 {
     QFile script;
-    const bool opened = path == QLatin1String("-") ? script.open(stdin, QIODevice::ReadOnly) : (script.setFileName(path), script.open(QIODevice::ReadOnly));
+    const bool opened =
+        path == QLatin1String("-") ? script.open(stdin, QIODevice::ReadOnly) : (script.setFileName(path), script.open(QIODevice::ReadOnly));
     if (!opened) {
         err << "qlon: can't read the script " << path << Qt::endl;
         return qlon::ScriptRunner::BadLine;
@@ -80,7 +81,8 @@ int main(int argc, char *argv[])
 
     const qlon::CommandLine commandLine = qlon::ParseCommandLine(application.arguments());
     if (!commandLine.help.isEmpty() || !commandLine.error.isEmpty()) {
-        (commandLine.error.isEmpty() ? out : err) << (commandLine.error.isEmpty() ? commandLine.help : QStringLiteral("qlon: ") + commandLine.error) << Qt::endl;
+        (commandLine.error.isEmpty() ? out : err)
+            << (commandLine.error.isEmpty() ? commandLine.help : QStringLiteral("qlon: ") + commandLine.error) << Qt::endl;
         return commandLine.error.isEmpty() ? 0 : 2;
     }
     if (commandLine.writeReportTemplate)

@@ -34,7 +34,7 @@ void removeOnPlainRows(const QByteArrayList &source, MList &list)
         list.setRowSelected(rows.rowCount() - 1, true);
 }
 
-template <void (*Remove)(const QByteArrayList &, MList &)>
+template<void (*Remove)(const QByteArrayList &, MList &)>
 void BM_RemoveItems(benchmark::State &state)
 {
     const QByteArrayList source = generatedRows(int(state.range(0)));

@@ -88,9 +88,9 @@ void BM_GroupByYardstick(benchmark::State &state)
     sqlite3_open_v2(database().path().toUtf8().constData(), &handle, SQLITE_OPEN_READONLY, nullptr);
     sqlite3_stmt *query = nullptr;
     sqlite3_prepare_v2(handle,
-                       "SELECT Item, SUM(UnitPrice), SUM(Quantity) FROM ItemsSold "
-                       "WHERE OrderDate >= '2026-11-16' AND OrderDate <= '2026-11-23 00:00:00' GROUP BY Item",
-                       -1, &query, nullptr);
+        "SELECT Item, SUM(UnitPrice), SUM(Quantity) FROM ItemsSold "
+        "WHERE OrderDate >= '2026-11-16' AND OrderDate <= '2026-11-23 00:00:00' GROUP BY Item",
+        -1, &query, nullptr);
     for (auto _ : state) {
         double total = 0;
         while (sqlite3_step(query) == SQLITE_ROW)
@@ -112,8 +112,8 @@ void BM_JetReadOrders(benchmark::State &state)
         state.SkipWithError("the Jet fixtures are not there");
         return;
     }
-    const QByteArrayList columns = {"OrderID", "CustomerID", "EmployeeID", "OrderDate", "RequiredDate", "ShippedDate", "ShipVia",
-                                    "Freight", "ShipName", "ShipAddress", "ShipCity", "ShipRegion", "ShipPostalCode", "ShipCountry"};
+    const QByteArrayList columns = {"OrderID", "CustomerID", "EmployeeID", "OrderDate", "RequiredDate", "ShippedDate", "ShipVia", "Freight",
+        "ShipName", "ShipAddress", "ShipCity", "ShipRegion", "ShipPostalCode", "ShipCountry"};
     JetTable orders(path, "Orders", columns);
     qint64 rows = 0;
     for (auto _ : state) {

@@ -12,7 +12,7 @@ class CarriedFields
 {
 public:
     enum class LastField {
-        Counts,         // every field the row has is read
+        Counts, // every field the row has is read
         NeedsSeparator, // a field is read only when a separator follows it
     };
 

@@ -13,7 +13,7 @@ namespace {
 
 // Converts the plain decimal form built by the readers below; fails for a form without digits
 // and for a magnitude beyond the range of a double.
-std::optional<double> decimalValue(const QByteArray& number)
+std::optional<double> decimalValue(const QByteArray &number)
 {
     double value = 0;
     const auto [end, error] = std::from_chars(number.cbegin(), number.cend(), value);
@@ -22,12 +22,12 @@ std::optional<double> decimalValue(const QByteArray& number)
     return value;
 }
 
-QByteArray takeSign(TextCursor& cursor)
+QByteArray takeSign(TextCursor &cursor)
 {
     return cursor.takeAnyOf(QByteArrayLiteral("+-")) == '-' ? QByteArrayLiteral("-") : QByteArray();
 }
 
-QByteArray takeGroupedDigits(TextCursor& cursor)
+QByteArray takeGroupedDigits(TextCursor &cursor)
 {
     QByteArray digits = cursor.takeDigits().toByteArray();
     while (!digits.isEmpty() && cursor.take(','))
@@ -36,7 +36,7 @@ QByteArray takeGroupedDigits(TextCursor& cursor)
 }
 
 // Reads "digits[.digits]" or ".digits" and gives it in plain decimal form, or nothing without a digit.
-QByteArray takeMantissa(TextCursor& cursor)
+QByteArray takeMantissa(TextCursor &cursor)
 {
     QByteArray mantissa = takeGroupedDigits(cursor);
     if (cursor.take('.'))
@@ -46,7 +46,7 @@ QByteArray takeMantissa(TextCursor& cursor)
 
 // Reads an exponent if one stands there; gives "e" and its signed digits, an empty text for none,
 // or nothing when the exponent letter has no digits.
-std::optional<QByteArray> takeExponent(TextCursor& cursor)
+std::optional<QByteArray> takeExponent(TextCursor &cursor)
 {
     if (!cursor.takeAnyOf(QByteArrayLiteral("eE")))
         return QByteArray();
@@ -58,7 +58,7 @@ std::optional<QByteArray> takeExponent(TextCursor& cursor)
 }
 
 // Appends the next digit, or the first decimal point, to the number; false when neither stands there.
-bool takeDigitOrFirstPoint(TextCursor& cursor, QByteArray& number)
+bool takeDigitOrFirstPoint(TextCursor &cursor, QByteArray &number)
 {
     const char next = cursor.peek();
     if (!TextCursor::isDigit(next) && (next != '.' || number.contains('.')))
@@ -107,8 +107,7 @@ std::optional<double> ToNumber(QByteArrayView text)
 std::optional<qint32> ToInteger(double value, IntegerWidth width)
 {
     const double whole = roundedHalfToEven(value);
-    const double highest = width == IntegerWidth::Bits16 ? std::numeric_limits<qint16>::max()
-                                                         : std::numeric_limits<qint32>::max();
+    const double highest = width == IntegerWidth::Bits16 ? std::numeric_limits<qint16>::max() : std::numeric_limits<qint32>::max();
     if (!(whole >= -highest - 1 && whole <= highest))
         return std::nullopt;
     return static_cast<qint32>(whole);

@@ -33,7 +33,7 @@ int fullYear(int year)
     return year < 30 ? 2000 + year : 1900 + year;
 }
 
-std::optional<int> takeNumber(TextCursor& cursor, qsizetype maxDigits)
+std::optional<int> takeNumber(TextCursor &cursor, qsizetype maxDigits)
 {
     const QByteArrayView digits = cursor.takeDigits();
     if (digits.isEmpty() || digits.size() > maxDigits)
@@ -41,7 +41,7 @@ std::optional<int> takeNumber(TextCursor& cursor, qsizetype maxDigits)
     return digits.toInt();
 }
 
-std::optional<std::array<int, 3>> takeDateNumbers(TextCursor& cursor)
+std::optional<std::array<int, 3>> takeDateNumbers(TextCursor &cursor)
 {
     std::array<int, 3> numbers{};
     for (qsizetype index = 0; index < 3; ++index) {
@@ -53,9 +53,9 @@ std::optional<std::array<int, 3>> takeDateNumbers(TextCursor& cursor)
     return numbers;
 }
 
-std::optional<QDate> dateInFirstOrder(const std::array<int, 3>& numbers)
+std::optional<QDate> dateInFirstOrder(const std::array<int, 3> &numbers)
 {
-    for (const DateOrder& order : dateOrders) {
+    for (const DateOrder &order : dateOrders) {
         const QDate date(fullYear(numbers[order.year]), numbers[order.month], numbers[order.day]);
         if (date.isValid())
             return date;
@@ -64,7 +64,7 @@ std::optional<QDate> dateInFirstOrder(const std::array<int, 3>& numbers)
 }
 
 // Takes a date if one stands at the cursor; the cursor moves only past a date that reads.
-std::optional<QDate> takeDate(TextCursor& cursor)
+std::optional<QDate> takeDate(TextCursor &cursor)
 {
     TextCursor ahead = cursor;
     const auto numbers = takeDateNumbers(ahead);
@@ -86,7 +86,7 @@ int dayHour(int hour, bool afternoon)
 }
 
 // "AM" or "PM" after the time: whether it is the afternoon; none when neither stands there.
-std::optional<bool> takeMeridiem(TextCursor& cursor)
+std::optional<bool> takeMeridiem(TextCursor &cursor)
 {
     TextCursor ahead = cursor;
     ahead.skipAnyOf(blanks);
@@ -99,12 +99,12 @@ std::optional<bool> takeMeridiem(TextCursor& cursor)
     return std::nullopt;
 }
 
-std::optional<int> takeSecond(TextCursor& cursor)
+std::optional<int> takeSecond(TextCursor &cursor)
 {
     return cursor.take(':') ? takeNumber(cursor, 2) : 0;
 }
 
-std::optional<QTime> takeTime(TextCursor& cursor)
+std::optional<QTime> takeTime(TextCursor &cursor)
 {
     const std::optional<int> hour = takeNumber(cursor, 2);
     const bool colon = cursor.take(':');

@@ -12,7 +12,7 @@ namespace qlon {
 // these regions code its outcomes explicitly with the helpers below, and nothing else.
 
 // A value that could not be computed is not assigned: the target keeps what it held.
-template <typename Target, typename Value>
+template<typename Target, typename Value>
 void AssignUnlessFailed(Target &target, const std::optional<Value> &value)
 {
     if (value)
@@ -26,7 +26,7 @@ inline bool HoldsUnlessFailed(const std::optional<bool> &test)
 }
 
 // A statement that raises a run-time error is left out.
-template <typename Statement>
+template<typename Statement>
 void SkipOnFailure(Statement &&statement)
 {
     try {

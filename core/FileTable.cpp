@@ -2,7 +2,7 @@
 
 namespace qlon {
 
-template <typename File, typename... Arguments>
+template<typename File, typename... Arguments>
 File &FileTable::open(int number, Arguments &&...arguments)
 {
     if (isOpen(number))
@@ -13,7 +13,7 @@ File &FileTable::open(int number, Arguments &&...arguments)
     return opened;
 }
 
-template <typename File>
+template<typename File>
 File &FileTable::fileOf(int number)
 {
     const auto found = m_files.find(number);

@@ -27,9 +27,9 @@ public:
     void CloseAll();
 
 private:
-    template <typename File, typename... Arguments>
+    template<typename File, typename... Arguments>
     File &open(int number, Arguments &&...arguments);
-    template <typename File>
+    template<typename File>
     File &fileOf(int number);
 
     std::map<int, std::unique_ptr<SiteFile>> m_files;

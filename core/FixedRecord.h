@@ -17,7 +17,7 @@ struct FieldRun
 };
 
 // The spans of consecutive fields, from the runs of their widths.
-template <std::size_t FieldCount, std::size_t RunCount>
+template<std::size_t FieldCount, std::size_t RunCount>
 constexpr std::array<FieldSpan, FieldCount> LayoutOfRuns(const std::array<FieldRun, RunCount> &runs)
 {
     std::array<FieldSpan, FieldCount> layout{};
@@ -32,7 +32,7 @@ constexpr std::array<FieldSpan, FieldCount> LayoutOfRuns(const std::array<FieldR
     return layout;
 }
 
-template <std::size_t FieldCount>
+template<std::size_t FieldCount>
 constexpr std::array<FieldSpan, FieldCount> LayoutOfWidths(const std::array<int, FieldCount> &widths)
 {
     std::array<FieldRun, FieldCount> runs{};
@@ -41,7 +41,7 @@ constexpr std::array<FieldSpan, FieldCount> LayoutOfWidths(const std::array<int,
     return LayoutOfRuns<FieldCount>(runs);
 }
 
-template <std::size_t FieldCount>
+template<std::size_t FieldCount>
 constexpr int LayoutSize(const std::array<FieldSpan, FieldCount> &layout)
 {
     return layout.back().offset + layout.back().width;
@@ -49,7 +49,7 @@ constexpr int LayoutSize(const std::array<FieldSpan, FieldCount> &layout)
 
 // A record of fixed text fields, held as its bytes. Fields are read and written in place; a
 // byte that no field write touches stays as it was read.
-template <int Size, const auto &Layout>
+template<int Size, const auto &Layout>
 class FixedRecord
 {
     static_assert(LayoutSize(Layout) == Size, "the fields must fill the record");

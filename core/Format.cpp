@@ -36,7 +36,7 @@ QByteArray fifteenDigitDecimal(double magnitude)
     return exponent + 1 >= digits.size() ? whole : whole + '.' + digits.sliced(exponent + 1);
 }
 
-void addOneInLastPlace(QByteArray& digits)
+void addOneInLastPlace(QByteArray &digits)
 {
     qsizetype at = digits.size();
     while (at > 0 && digits.at(at - 1) == '9')
@@ -47,7 +47,7 @@ void addOneInLastPlace(QByteArray& digits)
         ++digits[at - 1];
 }
 
-QByteArray withoutLeadingZeros(const QByteArray& digits)
+QByteArray withoutLeadingZeros(const QByteArray &digits)
 {
     qsizetype start = 0;
     while (start < digits.size() && digits.at(start) == '0')
@@ -55,7 +55,7 @@ QByteArray withoutLeadingZeros(const QByteArray& digits)
     return digits.sliced(start);
 }
 
-QByteArray withoutTrailingZeros(const QByteArray& digits)
+QByteArray withoutTrailingZeros(const QByteArray &digits)
 {
     qsizetype end = digits.size();
     while (end > 0 && digits.at(end - 1) == '0')
@@ -87,7 +87,7 @@ QByteArray grouped(QByteArray digits)
 
 // Walks the pattern behind the decimal point: a "#" takes the next decimal, anything else is written
 // as it stands, and the walk ends with the decimals.
-QByteArray fractionText(const QByteArray& fraction, QByteArrayView pattern)
+QByteArray fractionText(const QByteArray &fraction, QByteArrayView pattern)
 {
     QByteArray text;
     qsizetype next = 0;
@@ -146,8 +146,11 @@ class DateTimeWriter
 {
 public:
     DateTimeWriter(QDate date, QTime time, QByteArrayView pattern)
-        : m_date(date), m_time(time), m_pattern(pattern), m_tokens(pattern.toByteArray().toUpper()),
-          m_twelveHour(m_tokens.contains(s_meridiem))
+        : m_date(date)
+        , m_time(time)
+        , m_pattern(pattern)
+        , m_tokens(pattern.toByteArray().toUpper())
+        , m_twelveHour(m_tokens.contains(s_meridiem))
     {
     }
 
@@ -164,7 +167,7 @@ private:
     static constexpr QByteArrayView s_fieldLetters{"MDYHS"};
 
     // Writes the token or character that starts at the position and gives its length.
-    qsizetype writeNext(qsizetype at, QByteArray& text)
+    qsizetype writeNext(qsizetype at, QByteArray &text)
     {
         if (m_tokens.sliced(at).startsWith(s_meridiem)) {
             text += meridiemText(m_time);
@@ -184,16 +187,11 @@ private:
     QByteArray fieldText(char letter, qsizetype length) const
     {
         switch (letter) {
-        case 'M':
-            return m_afterHour ? Digits(m_time.minute(), length) : monthText(m_date, length);
-        case 'D':
-            return dayText(m_date, length);
-        case 'Y':
-            return yearText(m_date, length);
-        case 'H':
-            return hourText(m_time, length, m_twelveHour);
-        default:
-            return Digits(m_time.second(), length);
+        case 'M': return m_afterHour ? Digits(m_time.minute(), length) : monthText(m_date, length);
+        case 'D': return dayText(m_date, length);
+        case 'Y': return yearText(m_date, length);
+        case 'H': return hourText(m_time, length, m_twelveHour);
+        default: return Digits(m_time.second(), length);
         }
     }
 
@@ -219,7 +217,7 @@ QByteArray Format(double value, QByteArrayView pattern)
     return text;
 }
 
-QByteArray Format(const QDateTime& value, QByteArrayView pattern)
+QByteArray Format(const QDateTime &value, QByteArrayView pattern)
 {
     return DateTimeWriter(value.date(), value.time(), pattern).text();
 }

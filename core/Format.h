@@ -23,7 +23,7 @@ QByteArray Format(double value, QByteArrayView pattern);
 // weekday's English short/full name, "YY" two-digit and "YYYY" four-digit year, "H"/"HH" hour, "S"/"SS"
 // second, and "AMPM" for "AM" or "PM", which also puts the hours on the twelve-hour clock. A doubled letter
 // writes two digits. Every other character is written as it stands.
-QByteArray Format(const QDateTime& value, QByteArrayView pattern);
+QByteArray Format(const QDateTime &value, QByteArrayView pattern);
 QByteArray Format(QDate value, QByteArrayView pattern);
 QByteArray Format(QTime value, QByteArrayView pattern);
 

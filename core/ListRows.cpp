@@ -45,8 +45,7 @@ uchar foldedCase(char byte)
 int compareTexts(QByteArrayView a, QByteArrayView b)
 {
     const auto folded = std::lexicographical_compare_three_way(
-        a.begin(), a.end(), b.begin(), b.end(),
-        [](char x, char y) { return foldedCase(x) <=> foldedCase(y); });
+        a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return foldedCase(x) <=> foldedCase(y); });
     if (folded != 0)
         return folded < 0 ? -1 : 1;
     return a.compare(b);
@@ -194,8 +193,7 @@ void ListRows::sortRows()
         keys.append(field(row, m_sortColumn));
     QList<int> order(rowCount());
     std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(),
-                     [&](int a, int b) { return ranksBefore(keys.at(a), keys.at(b)); });
+    std::stable_sort(order.begin(), order.end(), [&](int a, int b) { return ranksBefore(keys.at(a), keys.at(b)); });
     reorder(order);
 }
 

@@ -21,16 +21,16 @@ class ListRowsObserver
 {
 public:
     virtual ~ListRowsObserver() = default;
-    virtual void beforeInsert(int /*row*/) {}
-    virtual void afterInsert() {}
-    virtual void beforeRemove(int /*row*/) {}
-    virtual void afterRemove() {}
-    virtual void beforeReset() {}
-    virtual void afterReset() {}
-    virtual void beforeReorder() {}
+    virtual void beforeInsert(int /*row*/) { }
+    virtual void afterInsert() { }
+    virtual void beforeRemove(int /*row*/) { }
+    virtual void afterRemove() { }
+    virtual void beforeReset() { }
+    virtual void afterReset() { }
+    virtual void beforeReorder() { }
     // newRowOf[i] is where the row that stood at i went.
-    virtual void afterReorder(const QList<int> & /*newRowOf*/) {}
-    virtual void rowsChanged(int /*first*/, int /*last*/) {}
+    virtual void afterReorder(const QList<int> & /*newRowOf*/) { }
+    virtual void rowsChanged(int /*first*/, int /*last*/) { }
 };
 
 // The rows of a list control, without any view: texts whose fields, split at the separator, are

@@ -57,8 +57,8 @@ void FileCopy(const QString &fromHostPath, const QString &toHostPath)
         throw RuntimeError(RuntimeError::FileNotFound, fromHostPath);
     const QByteArray bytes = source.readAll();
     QFile target(toHostPath);
-    if (!target.open(QIODevice::ReadWrite) || FileLock::isLockedElsewhere(target) || !target.resize(0)
-        || target.write(bytes) != bytes.size())
+    if (!target.open(QIODevice::ReadWrite) || FileLock::isLockedElsewhere(target) || !target.resize(0) ||
+        target.write(bytes) != bytes.size())
         throw RuntimeError(RuntimeError::PermissionDenied, toHostPath);
 }
 

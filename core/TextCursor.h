@@ -8,7 +8,10 @@ namespace qlon {
 class TextCursor
 {
 public:
-    explicit TextCursor(QByteArrayView text) : m_text(text) {}
+    explicit TextCursor(QByteArrayView text)
+        : m_text(text)
+    {
+    }
 
     bool atEnd() const { return m_position == m_text.size(); }
     char peek() const { return atEnd() ? '\0' : m_text.at(m_position); }

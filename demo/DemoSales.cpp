@@ -72,7 +72,10 @@ class SalesDay
 {
 public:
     SalesDay(SqliteSalesWriter &writer, const Menu &menu, QRandomGenerator &random, int &orderId)
-        : m_writer(writer), m_menu(menu), m_random(random), m_orderId(orderId)
+        : m_writer(writer)
+        , m_menu(menu)
+        , m_random(random)
+        , m_orderId(orderId)
     {
     }
 
@@ -89,9 +92,9 @@ public:
     void ring(QDate day)
     {
         const int weekendBusier = day.dayOfWeek() >= 5 ? 14 : 0;
-        ringOrders(day, 11 * 60 + 15, 14 * 60, 22 + weekendBusier);  // lunch
+        ringOrders(day, 11 * 60 + 15, 14 * 60, 22 + weekendBusier); // lunch
         ringOrders(day, 17 * 60 + 15, 21 * 60 + 30, 34 + weekendBusier); // dinner
-        ringOrders(day, 23 * 60 + 10, 23 * 60 + 59, 2);               // after hours
+        ringOrders(day, 23 * 60 + 10, 23 * 60 + 59, 2); // after hours
     }
 
 private:
@@ -123,7 +126,7 @@ private:
     }
 
     void addLine(QDate day, QTime time, const SoldItem &item, int quantity, const QByteArray &table, const QByteArray &server,
-                 const QByteArray &saleType)
+        const QByteArray &saleType)
     {
         SalesRow row;
         row[OrderID] = QByteArray::number(m_orderId);
@@ -141,8 +144,7 @@ private:
         row[EmpNumber] = server;
         row[TableNumber] = table;
         AppendQuotedLine(m_monthly[day.toString(u"MMyyyy")],
-                         {Format(day, "MM/DD/YY"), *row[Quantity], item.name, *row[UnitPrice], item.type, Format(time, "H:MM AMPM"),
-                          saleType, server});
+            {Format(day, "MM/DD/YY"), *row[Quantity], item.name, *row[UnitPrice], item.type, Format(time, "H:MM AMPM"), saleType, server});
         breakNowAndThen(row);
         m_writer.add(row);
     }

@@ -7,8 +7,8 @@
 #include "demo/DemoSales.h"
 #include "store/Departments.h"
 #include "store/EmployeeRec1000.h"
-#include "store/ReportTemplate.h"
 #include "store/IniRec2300.h"
+#include "store/ReportTemplate.h"
 
 #include <QDir>
 
@@ -55,12 +55,18 @@ void writeEmployees(const QString &path)
         const char *job;
         bool takesTables;
     } staff[] = {
-        {"1002", "Maria Santos", "Server", true},   {"1003", "Dave O'Brien", "Bartender", true},
-        {"1004", "Lena Fischer", "Server", true},   {"1005", "Tom Nguyen", "Server", true},
-        {"1006", "Ana Lopez", "Server", true},      {"1007", "Sam Carter", "Bartender", true},
-        {"1008", "Priya Shah", "Server", true},     {"1009", "Joe Kowalski", "Server", true},
-        {"1010", "Kim Lee", "Server", true},        {"1020", "Rob Hale", "Cook", false},
-        {"", "", "", false},                        {"1031", "Jay Moss", "Server", true},
+        {"1002", "Maria Santos", "Server", true},
+        {"1003", "Dave O'Brien", "Bartender", true},
+        {"1004", "Lena Fischer", "Server", true},
+        {"1005", "Tom Nguyen", "Server", true},
+        {"1006", "Ana Lopez", "Server", true},
+        {"1007", "Sam Carter", "Bartender", true},
+        {"1008", "Priya Shah", "Server", true},
+        {"1009", "Joe Kowalski", "Server", true},
+        {"1010", "Kim Lee", "Server", true},
+        {"1020", "Rob Hale", "Cook", false},
+        {"", "", "", false},
+        {"1031", "Jay Moss", "Server", true},
     };
     QFile::remove(path);
     RecordFile file(path, EmployeeRec1000::size);

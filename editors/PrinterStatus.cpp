@@ -7,11 +7,11 @@
 #include "core/RuntimeError.h"
 #include "core/Yield.h"
 #include "platform/spooler/PrintSpooler.h"
+#include "store/IniRec2300.h"
+#include "store/ProgramGlobals.h"
 #include "ui/Controls.h"
 #include "ui/Dialogs.h"
 #include "ui/Program.h"
-#include "store/IniRec2300.h"
-#include "store/ProgramGlobals.h"
 
 #include <QDesktopServices>
 #include <QGridLayout>
@@ -268,7 +268,7 @@ void PrinterStatus::StartCPLApp(const QString &item)
         return;
     const RuntimeError error(RuntimeError::FileNotFound);
     Dialogs::showMessage(this, QStringLiteral(" Error ") + QString::number(error.number()),
-                         error.description() + QStringLiteral(" While executing ") + item);
+        error.description() + QStringLiteral(" While executing ") + item);
 }
 
 } // namespace qlon

@@ -7,12 +7,12 @@
 #include "core/HostPath.h"
 #include "itemssold/QlonItemsSold.h"
 #include "listbuilder/QLONlistBuilder1.h"
-#include "ui/Controls.h"
-#include "ui/Program.h"
-#include "ui/VbComboBox.h"
 #include "store/Departments.h"
 #include "store/ProgramGlobals.h"
 #include "store/SiteConfig.h"
+#include "ui/Controls.h"
+#include "ui/Program.h"
+#include "ui/VbComboBox.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

@@ -6,11 +6,11 @@
 #include "core/FixedField.h"
 #include "core/HostPath.h"
 #include "core/RecordFile.h"
-#include "ui/Controls.h"
-#include "ui/Program.h"
 #include "store/Departments.h"
 #include "store/EmployeeRec1000.h"
 #include "store/SiteConfig.h"
+#include "ui/Controls.h"
+#include "ui/Program.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -31,15 +31,14 @@ namespace {
 
 const QByteArray employeeTemp = QByteArrayLiteral("Data\\Zemployee.tmp");
 const QStringList sortLabels = {QStringLiteral("name"), QStringLiteral("numb"), QStringLiteral("ph")};
-constexpr std::array<EmployeeRec1000::Field, 3> sortFields = {EmployeeRec1000::EmployeeName, EmployeeRec1000::EmployeeNumber,
-                                                             EmployeeRec1000::Phone};
+constexpr std::array<EmployeeRec1000::Field, 3> sortFields = {
+    EmployeeRec1000::EmployeeName, EmployeeRec1000::EmployeeNumber, EmployeeRec1000::Phone};
 constexpr std::array<EmployeeRec1000::Field, TCEmployee::jobCount> jobTitles = {
     EmployeeRec1000::JobTitle1, EmployeeRec1000::JobTitle2, EmployeeRec1000::JobTitle3, EmployeeRec1000::JobTitle4};
-constexpr std::array<EmployeeRec1000::Field, TCEmployee::jobCount> jobRates = {EmployeeRec1000::JobRate1, EmployeeRec1000::JobRate2,
-                                                                              EmployeeRec1000::JobRate3, EmployeeRec1000::JobRate4};
+constexpr std::array<EmployeeRec1000::Field, TCEmployee::jobCount> jobRates = {
+    EmployeeRec1000::JobRate1, EmployeeRec1000::JobRate2, EmployeeRec1000::JobRate3, EmployeeRec1000::JobRate4};
 constexpr std::array<EmployeeRec1000::Field, TCEmployee::jobCount> jobDepartments = {
-    EmployeeRec1000::JobDepartment1, EmployeeRec1000::JobDepartment2, EmployeeRec1000::JobDepartment3,
-    EmployeeRec1000::JobDepartment4};
+    EmployeeRec1000::JobDepartment1, EmployeeRec1000::JobDepartment2, EmployeeRec1000::JobDepartment3, EmployeeRec1000::JobDepartment4};
 // A box with the focus is pale yellow, as stored BGR C0 FF FF.
 const QColor focusColour(0xFF, 0xFF, 0xC0);
 
@@ -52,10 +51,7 @@ public:
     {
         setData(Qt::UserRole, record);
     }
-    bool operator<(const QListWidgetItem &other) const override
-    {
-        return text().compare(other.text(), Qt::CaseInsensitive) < 0;
-    }
+    bool operator<(const QListWidgetItem &other) const override { return text().compare(other.text(), Qt::CaseInsensitive) < 0; }
 };
 
 // Tints a box pale yellow while it has the focus and white when it loses it.
@@ -145,7 +141,7 @@ TCEmployee::TCEmployee(QWidget *parent)
     txtSocSec = textBox(this, QStringLiteral("txtSocSec"));
     txtStartDate = textBox(this, QStringLiteral("txtStartDate"));
     txtHourlyRate = textBox(this, QStringLiteral("txtHourlyRate"),
-                            QStringLiteral("This is the Hourly rate used if you do require the employee to select a job when they clock in"));
+        QStringLiteral("This is the Hourly rate used if you do require the employee to select a job when they clock in"));
     txtCommission = textBox(this, QStringLiteral("txtCommission"), QStringLiteral("Please use whole numbers with no puncutation"));
     txtEmployeeNumber = textBox(this, QStringLiteral("txtEmployeeNumber"), QStringLiteral("Please use 4 digits between 1002 - 9990 "));
     txtNotes = Named(new QPlainTextEdit(this), QStringLiteral("txtNotes"));
@@ -185,10 +181,9 @@ TCEmployee::TCEmployee(QWidget *parent)
 
     auto *personal = new QFormLayout;
     personal->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    const QList<std::pair<QString, QWidget *>> fields = {
-        {QStringLiteral("Name"), txtName}, {QStringLiteral("Address"), txtAddress}, {QStringLiteral("City"), txtCity},
-        {QStringLiteral("State"), txtState}, {QStringLiteral("Zip"), txtZip}, {QStringLiteral("Phone"), txtPhone},
-        {QStringLiteral("Emergency Contact"), txtEmergency}, {QStringLiteral("DOB"), txtBirthDate},
+    const QList<std::pair<QString, QWidget *>> fields = {{QStringLiteral("Name"), txtName}, {QStringLiteral("Address"), txtAddress},
+        {QStringLiteral("City"), txtCity}, {QStringLiteral("State"), txtState}, {QStringLiteral("Zip"), txtZip},
+        {QStringLiteral("Phone"), txtPhone}, {QStringLiteral("Emergency Contact"), txtEmergency}, {QStringLiteral("DOB"), txtBirthDate},
         {QStringLiteral("Soc Sec "), txtSocSec}, {QStringLiteral("Start Date"), txtStartDate},
         {QStringLiteral("Hourly Rate"), txtHourlyRate}, {QStringLiteral("Commission Rate (10, 20, 30 ect)"), txtCommission},
         {QStringLiteral("Employee Number (1002 -9990)"), txtEmployeeNumber}, {QStringLiteral("Notes"), txtNotes}};
@@ -222,8 +217,8 @@ QWidget *TCEmployee::makeJobGroups()
         auto *form = new QGridLayout(group);
         form->addWidget(job, 0, 0);
         form->addWidget(MakeButton(group, editName + QStringLiteral("Job"), QStringLiteral("Edit"),
-                                   QStringLiteral("Edit the drop down list and add budget information for Job Titles")),
-                        0, 1);
+                            QStringLiteral("Edit the drop down list and add budget information for Job Titles")),
+            0, 1);
         if (rate) {
             form->addWidget(MakeLabel(group, {}, QStringLiteral("Hourly Rate")), 1, 0);
             form->addWidget(rate, 1, 1);
@@ -231,16 +226,16 @@ QWidget *TCEmployee::makeJobGroups()
         form->addWidget(MakeLabel(group, {}, QStringLiteral("Department")), 2, 0);
         form->addWidget(department, 3, 0);
         form->addWidget(MakeButton(group, editName + QStringLiteral("Department"), QStringLiteral("Edit"),
-                                   QStringLiteral("Edit the drop down list and add budget information for Department Titles")),
-                        3, 1);
+                            QStringLiteral("Edit the drop down list and add budget information for Department Titles")),
+            3, 1);
         column->addWidget(group);
     };
     for (int job = 0; job < jobCount; ++job) {
         cmbJob[job] = picker(jobs, ArrayName("cmbJob", job));
         txtJobRate[job] = textBox(jobs, ArrayName("txtJobRate", job));
         cmbJobDepartment[job] = picker(jobs, ArrayName("cmbJobDepartment", job));
-        addGroup(QStringLiteral("Job Title %1").arg(job + 1), cmbJob[job], txtJobRate[job], cmbJobDepartment[job],
-                 ArrayName("cmdEdit", job));
+        addGroup(
+            QStringLiteral("Job Title %1").arg(job + 1), cmbJob[job], txtJobRate[job], cmbJobDepartment[job], ArrayName("cmdEdit", job));
     }
     cmbDefaultJob = picker(jobs, QStringLiteral("cmbDefaultJob"));
     cmbDefaultDepartment = picker(jobs, QStringLiteral("cmbDefaultDepartment"));
@@ -255,7 +250,8 @@ void TCEmployee::connectHandlers()
     OnEvent(cmdSortPhone, &QPushButton::clicked, this, [this] { Command1_Click(2); });
     OnEvent(optActive, &QRadioButton::clicked, this, [this] { Command1_Click(sortKey()); });
     OnEvent(optAll, &QRadioButton::clicked, this, [this] { Command1_Click(sortKey()); });
-    QObject::connect(List1, &QListWidget::itemClicked, this, [this](QListWidgetItem *item) { RunHandler([=, this] { List1_Click(item); }); });
+    QObject::connect(
+        List1, &QListWidget::itemClicked, this, [this](QListWidgetItem *item) { RunHandler([=, this] { List1_Click(item); }); });
     OnEvent(txtRecord, &QLineEdit::returnPressed, this, [this] { Fill_text(); });
     OnEvent(cmdDone, &QPushButton::clicked, this, [this] { close(); });
     OnEvent(cmdSaveUpdate, &QPushButton::clicked, this, [this] { save(); });
@@ -300,20 +296,17 @@ QList<QComboBox *> TCEmployee::departmentPickers() const
 
 QList<QLineEdit *> TCEmployee::textBoxes() const
 {
-    return {txtName,     txtAddress,    txtCity,       txtState,          txtZip,        txtPhone,
-            txtEmergency, txtBirthDate, txtSocSec,     txtStartDate,      txtHourlyRate, txtCommission,
-            txtEmployeeNumber, txtJobRate[0], txtJobRate[1], txtJobRate[2], txtJobRate[3]};
+    return {txtName, txtAddress, txtCity, txtState, txtZip, txtPhone, txtEmergency, txtBirthDate, txtSocSec, txtStartDate, txtHourlyRate,
+        txtCommission, txtEmployeeNumber, txtJobRate[0], txtJobRate[1], txtJobRate[2], txtJobRate[3]};
 }
 
 QList<std::pair<QLineEdit *, int>> TCEmployee::fieldBoxes() const
 {
     return {{txtEmployeeNumber, EmployeeRec1000::EmployeeNumber}, {txtPhone, EmployeeRec1000::Phone},
-            {txtName, EmployeeRec1000::EmployeeName},             {txtAddress, EmployeeRec1000::Address},
-            {txtCity, EmployeeRec1000::City},                     {txtState, EmployeeRec1000::State},
-            {txtZip, EmployeeRec1000::Zip},                       {txtBirthDate, EmployeeRec1000::BirthDate},
-            {txtStartDate, EmployeeRec1000::StartDate},           {txtSocSec, EmployeeRec1000::SocSec},
-            {txtHourlyRate, EmployeeRec1000::HourlyRate},         {txtCommission, EmployeeRec1000::CommissionRate},
-            {txtEmergency, EmployeeRec1000::EmergencyContact}};
+        {txtName, EmployeeRec1000::EmployeeName}, {txtAddress, EmployeeRec1000::Address}, {txtCity, EmployeeRec1000::City},
+        {txtState, EmployeeRec1000::State}, {txtZip, EmployeeRec1000::Zip}, {txtBirthDate, EmployeeRec1000::BirthDate},
+        {txtStartDate, EmployeeRec1000::StartDate}, {txtSocSec, EmployeeRec1000::SocSec}, {txtHourlyRate, EmployeeRec1000::HourlyRate},
+        {txtCommission, EmployeeRec1000::CommissionRate}, {txtEmergency, EmployeeRec1000::EmergencyContact}};
 }
 
 int TCEmployee::recordCount() const
@@ -334,8 +327,8 @@ void TCEmployee::Form_Load()
     if (count > 0) {
         RecordFile file(employeePath(), EmployeeRec1000::size);
         for (int number = 1; number <= count; ++number)
-            List1->addItem(new EmployeeEntry(
-                FromAnsi(EmployeeRec1000(file.GetRecord(number)).trimmedField(EmployeeRec1000::EmployeeName)), number));
+            List1->addItem(
+                new EmployeeEntry(FromAnsi(EmployeeRec1000(file.GetRecord(number)).trimmedField(EmployeeRec1000::EmployeeName)), number));
     }
     chkTransfers->setVisible(FileExists(HostPath("C:\\Quillon\\Quillon.exe")));
     Fill_Jobs();

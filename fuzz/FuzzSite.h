@@ -13,7 +13,7 @@ namespace qlon::fuzz {
 QString WriteSiteFile(const QString &relative, const uint8_t *data, size_t size);
 
 // Runs a reader on the input; a failure the program reports (RuntimeError) is an expected end.
-template <typename Reader>
+template<typename Reader>
 int Survive(Reader &&reader)
 {
     try {

@@ -8,7 +8,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const QString rejects = qlon::fuzz::WriteSiteFile(QStringLiteral("Quillon/Items.tmp"), nullptr, 0);
     return qlon::fuzz::Survive([&] {
         qlon::MonthlySalesFile month(path, rejects);
-        while (month.next()) {
-        }
+        while (month.next()) { }
     });
 }

@@ -8,9 +8,9 @@ class NoOutput : public qlon::ReportOutput
 {
 public:
     double pageHeight() const override { return 792; }
-    void beginPage(int) override {}
-    void printSection(const qlon::ReportSection &, double) override {}
-    void finish() override {}
+    void beginPage(int) override { }
+    void printSection(const qlon::ReportSection &, double) override { }
+    void finish() override { }
 };
 
 } // namespace

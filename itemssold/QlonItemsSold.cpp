@@ -14,26 +14,26 @@
 #include "itemssold/logic/SalesFileScan.h"
 #include "listbuilder/ItemsSoldEngine.h"
 #include "listbuilder/QLONlistBuilder1.h"
-#include "ui/Controls.h"
-#include "ui/Dialogs.h"
-#include "ui/LinePrinter.h"
-#include "ui/Sound.h"
-#include "ui/MList.h"
-#include "ui/Program.h"
-#include "ui/VbComboBox.h"
 #include "store/Departments.h"
 #include "store/ProgramGlobals.h"
 #include "store/SiteConfig.h"
+#include "ui/Controls.h"
+#include "ui/Dialogs.h"
+#include "ui/LinePrinter.h"
+#include "ui/MList.h"
+#include "ui/Program.h"
+#include "ui/Sound.h"
+#include "ui/VbComboBox.h"
 
 #include <QCalendarWidget>
-#include <QGraphicsOpacityEffect>
-#include <QPropertyAnimation>
 #include <QCheckBox>
+#include <QGraphicsOpacityEffect>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
+#include <QPropertyAnimation>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -84,16 +84,17 @@ QlonItemsSold::QlonItemsSold(QWidget *parent)
     SSOption5 = option(this, QStringLiteral("SSOption5"), QStringLiteral("Retail"));
     SSOption6 = option(this, QStringLiteral("SSOption6"), QStringLiteral("All"));
     SSOption6->setChecked(true);
-    const QString sortCaptions[] = {QStringLiteral("Total Sold"), QStringLiteral("Item Name"), QStringLiteral("Sales Volume"),
-                                    QStringLiteral("No Sort")};
+    const QString sortCaptions[] = {
+        QStringLiteral("Total Sold"), QStringLiteral("Item Name"), QStringLiteral("Sales Volume"), QStringLiteral("No Sort")};
     for (int index = 0; index < int(SSOption4.size()); ++index)
         SSOption4[index] = option(this, ArrayName("SSOption4", index), sortCaptions[index]);
     Check2 = Named(new QCheckBox(QStringLiteral("Numeric Sort"), this), QStringLiteral("Check2"));
     Combo2 = Named(new VbComboBox(this), QStringLiteral("Combo2"));
-    SSCommand9 = MakeButton(this, QStringLiteral("SSCommand9"), QStringLiteral("Update"),
-                            QStringLiteral("Updat the list using only the above deprtment."));
+    SSCommand9 = MakeButton(
+        this, QStringLiteral("SSCommand9"), QStringLiteral("Update"), QStringLiteral("Updat the list using only the above deprtment."));
     SSCommand10 = MakeButton(this, QStringLiteral("SSCommand10"), QStringLiteral("Edit"), QStringLiteral("Edit the list of departments"));
-    SSCommand4 = MakeButton(this, QStringLiteral("SSCommand4"), QStringLiteral("Update List"), QStringLiteral("Update the list using these dates"));
+    SSCommand4 =
+        MakeButton(this, QStringLiteral("SSCommand4"), QStringLiteral("Update List"), QStringLiteral("Update the list using these dates"));
     SSCommand11 = MakeButton(this, QStringLiteral("SSCommand11"), QStringLiteral("Stop"));
     SSCommand11->hide();
     SSCommand5 = MakeButton(this, QStringLiteral("SSCommand5"), QStringLiteral("Print"), QStringLiteral("Use receipt Printer"));
@@ -107,7 +108,7 @@ QlonItemsSold::QlonItemsSold(QWidget *parent)
     Label7 = MakeLabel(this, QStringLiteral("Label7"));
     MList1 = Named(new MList(this), QStringLiteral("MList1"));
     MList1->setColumns({{QStringLiteral("Sold"), 50}, {QStringLiteral("Item"), 160}, {QStringLiteral("Amount"), 90},
-                        {QStringLiteral("Price"), 70}, {QStringLiteral("Department"), 120}});
+        {QStringLiteral("Price"), 70}, {QStringLiteral("Department"), 120}});
     MList2 = Named(new MList(this), QStringLiteral("MList2"));
     MList3 = Named(new MList(this), QStringLiteral("MList3"));
     MList2->hide();
@@ -123,7 +124,8 @@ void QlonItemsSold::layOut()
 {
     auto *layout = new QGridLayout(this);
     layout->addWidget(SSPanel1, 0, 0, 1, 4);
-    const auto dateColumn = [&](int column, QCalendarWidget *calendar, QLabel *date, QLabel *day, const std::array<QPushButton *, 2> &steps) {
+    const auto dateColumn = [&](int column, QCalendarWidget *calendar, QLabel *date, QLabel *day,
+                                const std::array<QPushButton *, 2> &steps) {
         layout->addWidget(calendar, 1, column, 1, 2);
         layout->addWidget(date, 2, column);
         layout->addWidget(day, 2, column + 1);
@@ -231,9 +233,8 @@ void QlonItemsSold::stepDate(QCalendarWidget *calendar, int days)
 
 void QlonItemsSold::setButtonsEnabled(bool enabled)
 {
-    QList<QWidget *> buttons = {SSCommand1[0], SSCommand1[1], SSCommand2[0], SSCommand2[1], SSCommand4, SSCommand5, SSCommand6,
-                                SSCommand3,    SSCommand8,    SSCommand9,    SSCommand10,   SSOption1,  SSOption2,  SSOption3,
-                                SSOption5,     SSOption6};
+    QList<QWidget *> buttons = {SSCommand1[0], SSCommand1[1], SSCommand2[0], SSCommand2[1], SSCommand4, SSCommand5, SSCommand6, SSCommand3,
+        SSCommand8, SSCommand9, SSCommand10, SSOption1, SSOption2, SSOption3, SSOption5, SSOption6};
     for (QRadioButton *sort : SSOption4)
         buttons.append(sort);
     for (QWidget *button : buttons)
@@ -329,7 +330,8 @@ void QlonItemsSold::ReadSalesFiles()
     for (int row = 0; row < MList3->rowCount(); ++row)
         catalogue.append(MList3->rowText(row));
     ProgressBar1->show();
-    const SalesScan scan = ScanSalesFiles(catalogue, scanSpan(), [this] { return modeLetter(); }, *this);
+    const SalesScan scan = ScanSalesFiles(
+        catalogue, scanSpan(), [this] { return modeLetter(); }, *this);
     showScan(scan, savedStatus);
 }
 
@@ -593,7 +595,8 @@ void QlonItemsSold::printThroughEngine()
     for (const QList<EngineRow> &block : EngineBlocks(rows)) {
         for (int row = 1; row <= 3; ++row) {
             for (int field = 1; field <= 3; ++field)
-                engine.fillCell("mid", QStringLiteral("T%1%2").arg(row).arg(field), row <= block.size() ? block[row - 1][field - 1] : QByteArray());
+                engine.fillCell(
+                    "mid", QStringLiteral("T%1%2").arg(row).arg(field), row <= block.size() ? block[row - 1][field - 1] : QByteArray());
         }
         engine.report().PrintSection(QStringLiteral("mid"));
     }

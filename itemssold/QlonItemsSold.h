@@ -54,29 +54,29 @@ public:
     QLabel *Label5;
     std::array<QPushButton *, 2> SSCommand1; // a day later, a day earlier: the from date
     std::array<QPushButton *, 2> SSCommand2; // the same for the to date
-    std::array<VbComboBox *, 2> Combo1;      // from and to time of day
-    QRadioButton *SSOption1;                 // "Food"
-    QRadioButton *SSOption2;                 // "Bar"
-    QRadioButton *SSOption3;                 // "Both"
-    QRadioButton *SSOption5;                 // "Retail"
-    QRadioButton *SSOption6;                 // "All"
+    std::array<VbComboBox *, 2> Combo1; // from and to time of day
+    QRadioButton *SSOption1; // "Food"
+    QRadioButton *SSOption2; // "Bar"
+    QRadioButton *SSOption3; // "Both"
+    QRadioButton *SSOption5; // "Retail"
+    QRadioButton *SSOption6; // "All"
     std::array<QRadioButton *, 4> SSOption4; // sort order
-    QCheckBox *Check2;                       // "Numeric Sort"
-    VbComboBox *Combo2;                      // "Show only this Department"
-    QPushButton *SSCommand9;                 // "Update": the department filter
-    QPushButton *SSCommand10;                // "Edit": the departments editor
-    QPushButton *SSCommand4;                 // "Update List"
-    QPushButton *SSCommand11;                // "Stop"
-    QPushButton *SSCommand5;                 // "Print" on the receipt printer
-    QPushButton *SSCommand6;                 // "Print" through the report engine
-    QPushButton *SSCommand8;                 // "Inventory"
-    QPushButton *SSCommand3;                 // "Done"
-    QLabel *SSPanel1;                        // title and status line
+    QCheckBox *Check2; // "Numeric Sort"
+    VbComboBox *Combo2; // "Show only this Department"
+    QPushButton *SSCommand9; // "Update": the department filter
+    QPushButton *SSCommand10; // "Edit": the departments editor
+    QPushButton *SSCommand4; // "Update List"
+    QPushButton *SSCommand11; // "Stop"
+    QPushButton *SSCommand5; // "Print" on the receipt printer
+    QPushButton *SSCommand6; // "Print" through the report engine
+    QPushButton *SSCommand8; // "Inventory"
+    QPushButton *SSCommand3; // "Done"
+    QLabel *SSPanel1; // title and status line
     QProgressBar *ProgressBar1;
     QLabel *Label7; // the total sales volume
-    MList *MList1;  // the report
-    MList *MList2;  // the report as the scan left it, for the filter
-    MList *MList3;  // the catalogue rows
+    MList *MList1; // the report
+    MList *MList2; // the report as the scan left it, for the filter
+    MList *MList3; // the catalogue rows
     QListWidget *List1; // printable rows in display order
     QListWidget *List2; // printable rows in scan order
     QListWidget *List4; // items not reported

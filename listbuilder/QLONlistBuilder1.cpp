@@ -1,33 +1,33 @@
 #include "listbuilder/QLONlistBuilder1.h"
 
 #include "core/Ansi.h"
-#include "core/Conversions.h"
 #include "core/Clock.h"
+#include "core/Conversions.h"
 #include "core/DateText.h"
 #include "core/ErrorIgnoring.h"
 #include "core/FileTable.h"
 #include "core/FixedField.h"
 #include "core/Format.h"
+#include "core/HostPath.h"
 #include "core/Version.h"
 #include "core/Yield.h"
 #include "listbuilder/ItemsSoldEngine.h"
 #include "listbuilder/SalesWorker.h"
-#include "listbuilder/logic/ItemsSoldReport.h"
 #include "listbuilder/ServerSalesScreen.h"
-#include "core/HostPath.h"
+#include "listbuilder/logic/ItemsSoldReport.h"
 #include "platform/InstanceGuard.h"
+#include "store/CarriedColumns.h"
+#include "store/Departments.h"
+#include "store/ItemRec500.h"
+#include "store/ProgramGlobals.h"
+#include "store/SalesStore.h"
+#include "store/SiteConfig.h"
+#include "store/StartDates.h"
 #include "ui/Controls.h"
 #include "ui/Dialogs.h"
 #include "ui/MList.h"
 #include "ui/Program.h"
 #include "ui/VbComboBox.h"
-#include "store/CarriedColumns.h"
-#include "store/Departments.h"
-#include "store/SalesStore.h"
-#include "store/ItemRec500.h"
-#include "store/ProgramGlobals.h"
-#include "store/SiteConfig.h"
-#include "store/StartDates.h"
 
 #include <QButtonGroup>
 #include <QCalendarWidget>
@@ -43,10 +43,10 @@ namespace qlon {
 
 namespace {
 
-const QString alreadyRunningText = QStringLiteral(
-    "List Builder is already running, You will need to run your task manager and end all prior instances of it or "
-    "reboot this computer. Should you decide to reboot - after restart you must reboot all the other stations "
-    "connected to this file server.");
+const QString alreadyRunningText =
+    QStringLiteral("List Builder is already running, You will need to run your task manager and end all prior instances of it or "
+                   "reboot this computer. Should you decide to reboot - after restart you must reboot all the other stations "
+                   "connected to this file server.");
 
 // The row in work stands out in red; afterwards it takes the look of the others again.
 constexpr quint32 rowInWorkColour = 255;
@@ -83,9 +83,9 @@ QLONlistBuilder1::QLONlistBuilder1(QWidget *parent)
 void QLONlistBuilder1::createControls()
 {
     MList1 = Named(new MList(this), QStringLiteral("MList1"));
-    MList1->setColumns({{QStringLiteral("Item"), 150}, {QStringLiteral("Type"), 60}, {QStringLiteral("Price"), 75},
-                        {QStringLiteral("Sold"), 70}, {QStringLiteral("Volume"), 150}, {QStringLiteral("unit"), 40},
-                        {QStringLiteral("Vol"), 40}, {QStringLiteral("Actual"), 20}});
+    MList1->setColumns(
+        {{QStringLiteral("Item"), 150}, {QStringLiteral("Type"), 60}, {QStringLiteral("Price"), 75}, {QStringLiteral("Sold"), 70},
+            {QStringLiteral("Volume"), 150}, {QStringLiteral("unit"), 40}, {QStringLiteral("Vol"), 40}, {QStringLiteral("Actual"), 20}});
 
     SSFrame1 = Named(new QGroupBox(QStringLiteral("Report "), this), QStringLiteral("SSFrame1"));
     SSOption1 = Named(new QRadioButton(QStringLiteral("Food"), SSFrame1), QStringLiteral("SSOption1"));
@@ -120,22 +120,23 @@ void QLONlistBuilder1::createControls()
     SSCommand5 = MakeButton(this, QStringLiteral("SSCommand5"), QStringLiteral("Stop"));
     SSCommand6 = MakeButton(this, QStringLiteral("SSCommand6"), QStringLiteral("PRINT"));
     SSCommand3 = MakeButton(this, QStringLiteral("SSCommand3"), QStringLiteral("Remove Items with no Units Sales"));
-    SSCommand7 = MakeButton(this, QStringLiteral("SSCommand7"), QStringLiteral("Export Sales"),
-                        QStringLiteral("Export Sales to a comma seperated value file"));
-    SSCommand8 = MakeButton(this, QStringLiteral("SSCommand8"), QStringLiteral("Rebuild Items"), QStringLiteral("Build a new list of Items"));
-    SSCommand9 = MakeButton(this, QStringLiteral("SSCommand9"), QStringLiteral("Individual Sales"),
-                        QStringLiteral("Build a new list of Items"));
+    SSCommand7 = MakeButton(
+        this, QStringLiteral("SSCommand7"), QStringLiteral("Export Sales"), QStringLiteral("Export Sales to a comma seperated value file"));
+    SSCommand8 =
+        MakeButton(this, QStringLiteral("SSCommand8"), QStringLiteral("Rebuild Items"), QStringLiteral("Build a new list of Items"));
+    SSCommand9 =
+        MakeButton(this, QStringLiteral("SSCommand9"), QStringLiteral("Individual Sales"), QStringLiteral("Build a new list of Items"));
     SSCommand1 = MakeButton(this, QStringLiteral("SSCommand1"), QStringLiteral("Done"));
-    const QString sortCaptions[] = {QStringLiteral("Total Sold"), QStringLiteral("Item Name"), QStringLiteral("Sales Volume"),
-                                    QStringLiteral("No Sort")};
+    const QString sortCaptions[] = {
+        QStringLiteral("Total Sold"), QStringLiteral("Item Name"), QStringLiteral("Sales Volume"), QStringLiteral("No Sort")};
     for (int index = 0; index < 4; ++index)
         SSOption4[index] = Named(new QRadioButton(sortCaptions[index], this), ArrayName("SSOption4", index));
     SSCheck1 = Named(new QCheckBox(QStringLiteral("Don't Show Zero Sales"), this), QStringLiteral("SSCheck1"));
     Command2 = MakeButton(this, QStringLiteral("Command2"), QStringLiteral("Command2"));
     Command4 = MakeButton(this, QStringLiteral("Command4"), QStringLiteral("Command4"));
 
-    const QString captions[] = {QStringLiteral("From "), QStringLiteral("To "), QStringLiteral("Start Time"),
-                                QStringLiteral("End Time"), QStringLiteral("Sort By"), QStringLiteral("Elapsed Time")};
+    const QString captions[] = {QStringLiteral("From "), QStringLiteral("To "), QStringLiteral("Start Time"), QStringLiteral("End Time"),
+        QStringLiteral("Sort By"), QStringLiteral("Elapsed Time")};
     for (int index = 0; index < int(Label1.size()); ++index)
         Label1[index] = MakeLabel(this, ArrayName("Label1", index), captions[index]);
     Label4[0] = MakeLabel(this, ArrayName("Label4", 0), QStringLiteral("Current"));
@@ -172,8 +173,8 @@ void QLONlistBuilder1::layOutControls()
     reportLayout->addWidget(Combo1, 3, 0);
     reportLayout->addWidget(Command3, 3, 1);
 
-    for (auto [shape, caption, calendar, dateLabel] : {std::tuple{Shape1, Label1[0], MonthView1, Label2},
-                                                       std::tuple{Shape2, Label1[1], MonthView2, Label3}}) {
+    for (auto [shape, caption, calendar, dateLabel] :
+        {std::tuple{Shape1, Label1[0], MonthView1, Label2}, std::tuple{Shape2, Label1[1], MonthView2, Label3}}) {
         shape->setFrameShape(QFrame::Box);
         auto *dateLayout = new QVBoxLayout(shape);
         caption->setParent(shape);
@@ -192,8 +193,8 @@ void QLONlistBuilder1::layOutControls()
 
     auto *commands = new QVBoxLayout;
     for (QWidget *command : {static_cast<QWidget *>(SSCommand2), static_cast<QWidget *>(SSCommand4), static_cast<QWidget *>(SSCommand5),
-                             static_cast<QWidget *>(SSCommand6), static_cast<QWidget *>(SSCommand3), static_cast<QWidget *>(SSCommand7),
-                             static_cast<QWidget *>(SSCommand8), static_cast<QWidget *>(SSCommand9), static_cast<QWidget *>(SSCommand1)})
+             static_cast<QWidget *>(SSCommand6), static_cast<QWidget *>(SSCommand3), static_cast<QWidget *>(SSCommand7),
+             static_cast<QWidget *>(SSCommand8), static_cast<QWidget *>(SSCommand9), static_cast<QWidget *>(SSCommand1)})
         commands->addWidget(command);
     commands->addStretch();
 
@@ -209,12 +210,12 @@ void QLONlistBuilder1::layOutControls()
 
     auto *status = new QHBoxLayout;
     for (QWidget *part : {static_cast<QWidget *>(Label4[0]), static_cast<QWidget *>(Label6), static_cast<QWidget *>(Label4[1]),
-                          static_cast<QWidget *>(Label5), static_cast<QWidget *>(Label7), static_cast<QWidget *>(Label8),
-                          static_cast<QWidget *>(Label9), static_cast<QWidget *>(Label1[5]), static_cast<QWidget *>(Label10)})
+             static_cast<QWidget *>(Label5), static_cast<QWidget *>(Label7), static_cast<QWidget *>(Label8), static_cast<QWidget *>(Label9),
+             static_cast<QWidget *>(Label1[5]), static_cast<QWidget *>(Label10)})
         status->addWidget(part);
     status->addStretch();
     for (QWidget *part : {static_cast<QWidget *>(Label11), static_cast<QWidget *>(Command1), static_cast<QWidget *>(Command2),
-                          static_cast<QWidget *>(Command4), static_cast<QWidget *>(SSPanel3)})
+             static_cast<QWidget *>(Command4), static_cast<QWidget *>(SSPanel3)})
         status->addWidget(part);
     SSPanel3->setFrameShape(QFrame::Panel);
     SSPanel3->setFrameShadow(QFrame::Sunken);

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "core/ListRows.h"
+#include "listbuilder/ItemsSoldEngine.h"
 #include "listbuilder/logic/CSort.h"
 #include "listbuilder/logic/LoadList.h"
-#include "listbuilder/ItemsSoldEngine.h"
 #include "ui/ScreenRegistry.h"
 
 #include <QWidget>

@@ -3,10 +3,10 @@
 #include "core/Ansi.h"
 #include "core/HostPath.h"
 #include "listbuilder/QLONlistBuilder1.h"
-#include "ui/Controls.h"
-#include "ui/Program.h"
 #include "store/SalesStore.h"
 #include "store/SiteConfig.h"
+#include "ui/Controls.h"
+#include "ui/Program.h"
 
 #include <QLabel>
 #include <QTableWidget>

@@ -1,9 +1,9 @@
 #include "rebuild/QlonExit.h"
 
 #include "core/Yield.h"
+#include "rebuild/logic/RebuildItems.h"
 #include "ui/Controls.h"
 #include "ui/Program.h"
-#include "rebuild/logic/RebuildItems.h"
 
 #include <QLabel>
 #include <QProgressBar>

@@ -1,7 +1,7 @@
 #include "serversales/DataControl.h"
 
-#include "ui/Dialogs.h"
 #include "store/SiteConfig.h"
+#include "ui/Dialogs.h"
 
 #include <QWidget>
 

@@ -11,16 +11,16 @@
 #include "core/HostPath.h"
 #include "core/Yield.h"
 #include "listbuilder/QLONlistBuilder1.h"
-#include "ui/Controls.h"
-#include "ui/Dialogs.h"
-#include "ui/MList.h"
-#include "ui/Program.h"
-#include "ui/VbComboBox.h"
 #include "listbuilder/logic/ItemsSoldReport.h"
 #include "serversales/DataControl.h"
 #include "serversales/logic/CalculatedItem.h"
 #include "store/ProgramGlobals.h"
 #include "store/SiteConfig.h"
+#include "ui/Controls.h"
+#include "ui/Dialogs.h"
+#include "ui/MList.h"
+#include "ui/Program.h"
+#include "ui/VbComboBox.h"
 
 #include <QCalendarWidget>
 #include <QGridLayout>
@@ -51,7 +51,7 @@ QLONlistBuilder2::QLONlistBuilder2(QWidget *parent)
     Label1 = MakeLabel(this, QStringLiteral("Label1"), QStringLiteral("1000"));
     Label2 = MakeLabel(this, QStringLiteral("Label2"), QStringLiteral("Loading"));
     const QString captions[] = {QStringLiteral("Server"), QStringLiteral("Date"), QStringLiteral("Total Liquor Sales"),
-                                QStringLiteral("Total Sales"), QStringLiteral("Total Food Sales")};
+        QStringLiteral("Total Sales"), QStringLiteral("Total Food Sales")};
     for (int index = 0; index < int(Label3.size()); ++index)
         Label3[index] = MakeLabel(this, ArrayName("Label3", index), captions[index]);
     Label4 = MakeLabel(this, QStringLiteral("Label4"));
@@ -200,8 +200,8 @@ void QLONlistBuilder2::BLD_DATA3()
     store->SelectSpan("6/22/2003", "6/24/2003", DumpColumns, [&](const SalesRow &row) {
         columns.take(row, DumpColumns);
         const QByteArrayList line = DumpLine(columns);
-        MList1->addRow(columns[EmpNumber] + ',' + columns[OrderDate] + ',' + columns[Item] + ',' + columns[UnitPrice] + ','
-                       + columns[ItemType]);
+        MList1->addRow(
+            columns[EmpNumber] + ',' + columns[OrderDate] + ',' + columns[Item] + ',' + columns[UnitPrice] + ',' + columns[ItemType]);
         dump.WriteFields(line);
         return true;
     });

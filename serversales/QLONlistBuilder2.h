@@ -1,8 +1,8 @@
 #pragma once
 
 #include "listbuilder/SalesWorker.h"
-#include "ui/ScreenRegistry.h"
 #include "serversales/logic/SpanSales.h"
+#include "ui/ScreenRegistry.h"
 
 #include <QWidget>
 

@@ -12,17 +12,17 @@
 #include "core/Yield.h"
 #include "listbuilder/QLONlistBuilder1.h"
 #include "platform/PathMap.h"
-#include "ui/Controls.h"
-#include "ui/MList.h"
-#include "ui/Program.h"
-#include "ui/VbComboBox.h"
-#include "ui/VbTextBox.h"
 #include "serversales/DataControl.h"
 #include "serversales/ServerPaper.h"
 #include "serversales/logic/ServerSearch.h"
 #include "store/EmployeeRec1000.h"
 #include "store/ProgramGlobals.h"
 #include "store/SiteConfig.h"
+#include "ui/Controls.h"
+#include "ui/MList.h"
+#include "ui/Program.h"
+#include "ui/VbComboBox.h"
+#include "ui/VbTextBox.h"
 
 #include <QCalendarWidget>
 #include <QFrame>
@@ -76,7 +76,7 @@ QLONserverLiquor::QLONserverLiquor(QWidget *parent)
     Text8 = keypadBox(this, QStringLiteral("Text8"));
     Text9 = keypadBox(this, QStringLiteral("Text9"));
     const QString captions[] = {QStringLiteral("Server"), QStringLiteral("Date"), QStringLiteral("Total Liquor Sales"),
-                                QStringLiteral("Total Sales"), QStringLiteral("Total Food Sales")};
+        QStringLiteral("Total Sales"), QStringLiteral("Total Food Sales")};
     for (int index = 0; index < int(Label3.size()); ++index)
         Label3[index] = MakeLabel(this, ArrayName("Label3", index), captions[index]);
     Label1 = MakeLabel(this, QStringLiteral("Label1"), QStringLiteral("1000"));
@@ -87,7 +87,7 @@ QLONserverLiquor::QLONserverLiquor(QWidget *parent)
     MList1 = Named(new MList(this), QStringLiteral("MList1"));
     MList1->setSeparator(',');
     MList1->setColumns({{QStringLiteral("Emp ID"), 80}, {QStringLiteral("Date"), 100}, {QStringLiteral("Item"), 150},
-                        {QStringLiteral("Price"), 100}, {QStringLiteral("Type"), 100}, {QStringLiteral("Tender Time"), 60}});
+        {QStringLiteral("Price"), 100}, {QStringLiteral("Type"), 100}, {QStringLiteral("Tender Time"), 60}});
     MList2 = Named(new MList(this), QStringLiteral("MList2"));
     MList2->setSeparator('|');
     MList2->setColumns({{QStringLiteral("Item"), 120}, {QStringLiteral("Volume"), 90}, {QStringLiteral("Units"), 50}});
@@ -108,10 +108,8 @@ QLONserverLiquor::QLONserverLiquor(QWidget *parent)
 
     auto *layout = new QGridLayout(this);
     const QList<QWidget *> fields = {Label3[0], Combo1, Label3[1], Text2, MakeLabel(this, {}, QStringLiteral("Starting Date")), Text6,
-                                     MakeLabel(this, {}, QStringLiteral("Starting Time")), Text7,
-                                     MakeLabel(this, {}, QStringLiteral("Ending Date")), Text8,
-                                     MakeLabel(this, {}, QStringLiteral("Ending Time")), Text9, Label3[3], Text3, Label3[2], Text4,
-                                     Label3[4], Text5};
+        MakeLabel(this, {}, QStringLiteral("Starting Time")), Text7, MakeLabel(this, {}, QStringLiteral("Ending Date")), Text8,
+        MakeLabel(this, {}, QStringLiteral("Ending Time")), Text9, Label3[3], Text3, Label3[2], Text4, Label3[4], Text5};
     for (int index = 0; index < fields.size(); ++index)
         layout->addWidget(fields[index], index / 2, index % 2);
     layout->addWidget(Text1, 9, 1);
@@ -164,8 +162,7 @@ void QLONserverLiquor::connectHandlers()
     });
     OnEvent(SSCommand1, &QPushButton::clicked, this, [this] { close(); });
     OnEvent(SSCommand2, &QPushButton::clicked, this, [this] {
-        TellWherePrinted(this, PrintServerSummary(
-            {Text1->text(), Text2->text(), Text3->text(), Text4->text(), Text5->text()}));
+        TellWherePrinted(this, PrintServerSummary({Text1->text(), Text2->text(), Text3->text(), Text4->text(), Text5->text()}));
     });
     OnEvent(SSCommand3, &QPushButton::clicked, this, [this] { TellWherePrinted(this, PrintServerList()); });
     OnEvent(SSCommand4, &QPushButton::clicked, this, [] {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "listbuilder/ServerSalesScreen.h"
-#include "ui/ScreenRegistry.h"
 #include "store/SalesStore.h"
+#include "ui/ScreenRegistry.h"
 
 #include <QWidget>
 

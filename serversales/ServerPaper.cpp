@@ -9,8 +9,8 @@
 #include "core/Format.h"
 #include "core/HostPath.h"
 #include "core/TextFile.h"
-#include "ui/LinePrinter.h"
 #include "store/SiteConfig.h"
+#include "ui/LinePrinter.h"
 
 namespace qlon {
 
@@ -48,10 +48,11 @@ QString PrintServerSummary(const ServerSummary &summary)
 {
     QString pdfPath;
     LinePrintJob job = startJob(&pdfPath);
-    printLines(job, {rule, QStringLiteral("ServerSales Report"), FromAnsi(ShortDate(Today())), rule,
-                     QStringLiteral("Server ID      ") + summary.server, QStringLiteral("Sales Date    ") + summary.salesDate,
-                     QStringLiteral("Total Sales   ") + summary.totalSales, QStringLiteral("Total Liquor  ") + summary.liquorSales,
-                     QStringLiteral("Total Food    ") + summary.foodSales, QString(), QStringLiteral("end Report  "), QString(), rule});
+    printLines(job,
+        {rule, QStringLiteral("ServerSales Report"), FromAnsi(ShortDate(Today())), rule, QStringLiteral("Server ID      ") + summary.server,
+            QStringLiteral("Sales Date    ") + summary.salesDate, QStringLiteral("Total Sales   ") + summary.totalSales,
+            QStringLiteral("Total Liquor  ") + summary.liquorSales, QStringLiteral("Total Food    ") + summary.foodSales, QString(),
+            QStringLiteral("end Report  "), QString(), rule});
     job.endDoc();
     return pdfPath;
 }
@@ -62,9 +63,9 @@ QString PrintServerList()
     LinePrintJob job = startJob(&pdfPath);
     printLines(job, {rule, QStringLiteral("ServerSales Report"), QStringLiteral("Items Sold List"), rule});
     printValues(job, "TempList.Tmp");
-    printLines(job, {rule, QStringLiteral(" END REPORT Items Sold"), QLatin1Char(' ') + FromAnsi(Format(Today(), "DDDD mm/dd/yyyy")),
-                     QStringLiteral(" "), QStringLiteral(" "), QStringLiteral(" "), rule, QStringLiteral("     ****   TOTALS   ***"),
-                     rule});
+    printLines(job,
+        {rule, QStringLiteral(" END REPORT Items Sold"), QLatin1Char(' ') + FromAnsi(Format(Today(), "DDDD mm/dd/yyyy")),
+            QStringLiteral(" "), QStringLiteral(" "), QStringLiteral(" "), rule, QStringLiteral("     ****   TOTALS   ***"), rule});
     printValues(job, "TempList2.Tmp");
     job.endDoc();
     return pdfPath;

@@ -6,7 +6,6 @@
 
 namespace qlon {
 
-
 // What the summary page shows: the server screen's boxes as they stand at the click.
 struct ServerSummary
 {

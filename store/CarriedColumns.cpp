@@ -17,7 +17,7 @@ QByteArrayList DumpLine(CarriedColumns &columns)
     if (columns[ItemType] != "L")
         columns[ItemType] = "Food";
     return {columns[OrderDate], columns[Quantity], columns[Item], columns[UnitPrice], columns[ItemType], columns[Time],
-            columns[TableNumber], columns[EmpNumber] + " - " + columns[SaleType]};
+        columns[TableNumber], columns[EmpNumber] + " - " + columns[SaleType]};
 }
 
 } // namespace qlon

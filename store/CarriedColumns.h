@@ -21,8 +21,7 @@ private:
 };
 
 // The columns a line of the sales dumps is made of.
-inline const SalesColumns DumpColumns =
-    ColumnsOf({EmpNumber, OrderDate, Item, UnitPrice, ItemType, Quantity, Time, TableNumber, SaleType});
+inline const SalesColumns DumpColumns = ColumnsOf({EmpNumber, OrderDate, Item, UnitPrice, ItemType, Quantity, Time, TableNumber, SaleType});
 
 // The line of the sales dumps: eight fields, the type "Food" unless it is liquor, and the
 // server joined ahead of the kind of sale. It changes the carried type as the dumps did.

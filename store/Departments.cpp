@@ -3,7 +3,6 @@
 #include "core/HostPath.h"
 #include "core/TextFile.h"
 
-
 namespace qlon {
 
 QByteArrayList MainScreenDepartments()

@@ -4,7 +4,6 @@
 #include "core/HostPath.h"
 #include "core/RecordFile.h"
 
-
 namespace qlon {
 
 QByteArrayList ServerNumbers(const QString &employeeFileHostPath)

@@ -7,8 +7,8 @@
 
 namespace qlon {
 
-inline constexpr auto EmployeeLayout = LayoutOfWidths<32>({20, 20, 30, 30, 30, 20, 10, 10, 10, 10, 20, 10, 10, 40, 330, 20,
-                                                           20, 20, 5, 20, 20, 10, 10, 10, 10, 20, 20, 20, 20, 20, 5, 150});
+inline constexpr auto EmployeeLayout = LayoutOfWidths<32>(
+    {20, 20, 30, 30, 30, 20, 10, 10, 10, 10, 20, 10, 10, 40, 330, 20, 20, 20, 5, 20, 20, 10, 10, 10, 10, 20, 20, 20, 20, 20, 5, 150});
 
 // The employee files, below SiteRoot for the employee editor and below EmployeeRoot for the
 // server picker and the server sales report.

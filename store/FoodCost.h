@@ -18,7 +18,7 @@ struct UnitTable
 
 struct FoodCostTexts
 {
-    QByteArray cost;       // "$ 0.00" until a recipe is costed, then the money form
+    QByteArray cost; // "$ 0.00" until a recipe is costed, then the money form
     QByteArray percentage; // "37%": the cost against the price, cut to a whole number
 };
 

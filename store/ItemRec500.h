@@ -4,13 +4,12 @@
 
 namespace qlon {
 
-inline constexpr auto ItemLayout =
-    LayoutOfWidths<21>({2, 18, 20, 1, 18, 2, 18, 1, 20, 10, 10, 1, 1, 50, 10, 20, 20, 5, 5, 1, 267});
+inline constexpr auto ItemLayout = LayoutOfWidths<21>({2, 18, 20, 1, 18, 2, 18, 1, 20, 10, 10, 1, 1, 50, 10, 20, 20, 5, 5, 1, 267});
 
 // Which titles a reader takes for a free slot; the readers differ on purpose.
 enum class FreeSlotRule {
     ButtonRebuild, // "", "Avaliable", "Available"
-    DrinkRebuild,  // "", "Avaliable", "Available", "-"
+    DrinkRebuild, // "", "Avaliable", "Available", "-"
     RetailRebuild, // "", "Avaliable"
 };
 

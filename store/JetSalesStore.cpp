@@ -113,10 +113,8 @@ bool isReadRaw(int type)
     case MDB_FLOAT:
     case MDB_DOUBLE:
     case MDB_MONEY:
-    case MDB_DATETIME:
-        return true;
-    default:
-        return false;
+    case MDB_DATETIME: return true;
+    default: return false;
     }
 }
 
@@ -284,27 +282,19 @@ QByteArray JetTable::Reader::text(const MdbColumn &column) const
     unsigned char *page = m_handle->pg_buf;
     const int start = column.cur_value_start;
     switch (column.col_type) {
-    case MDB_BOOL:
-        return column.cur_value_len == 0 ? QByteArrayLiteral("True") : QByteArrayLiteral("False");
-    case MDB_BYTE:
-        return QByteArray::number(mdb_get_byte(page, start));
-    case MDB_INT:
-        return QByteArray::number(qint16(mdb_get_int16(page, start)));
+    case MDB_BOOL: return column.cur_value_len == 0 ? QByteArrayLiteral("True") : QByteArrayLiteral("False");
+    case MDB_BYTE: return QByteArray::number(mdb_get_byte(page, start));
+    case MDB_INT: return QByteArray::number(qint16(mdb_get_int16(page, start)));
     case MDB_LONGINT:
-    case MDB_COMPLEX:
-        return QByteArray::number(qint32(mdb_get_int32(page, start)));
-    case MDB_FLOAT:
-        return NumberText(mdb_get_single(page, start));
-    case MDB_DOUBLE:
-        return NumberText(mdb_get_double(page, start));
-    case MDB_MONEY:
-        return currencyText(qFromLittleEndian<qint64>(page + start));
+    case MDB_COMPLEX: return QByteArray::number(qint32(mdb_get_int32(page, start)));
+    case MDB_FLOAT: return NumberText(mdb_get_single(page, start));
+    case MDB_DOUBLE: return NumberText(mdb_get_double(page, start));
+    case MDB_MONEY: return currencyText(qFromLittleEndian<qint64>(page + start));
     case MDB_DATETIME: {
         const QDateTime value = JetDateTime(mdb_get_double(page, start));
         return DateTimeText(value.date(), value.time());
     }
-    default:
-        return ToAnsi(QString::fromUtf8(static_cast<const char *>(column.bind_ptr), *column.len_ptr));
+    default: return ToAnsi(QString::fromUtf8(static_cast<const char *>(column.bind_ptr), *column.len_ptr));
     }
 }
 

@@ -1,8 +1,8 @@
 #include "store/SalesStore.h"
 
 #include "core/Ansi.h"
-#include "core/HostPath.h"
 #include "core/DateText.h"
+#include "core/HostPath.h"
 #include "store/JetSalesStore.h"
 #include "store/SqliteSalesStore.h"
 
@@ -44,7 +44,7 @@ QByteArray readHeader(const QString &hostPath, const QString &shownPath)
                                          "already opened exclusively by another user, or you need permission to "
                                          "view its data.")
                               .arg(shownPath),
-                          hostPath);
+            hostPath);
     }
     return file.read(jetSignatureOffset + jetSignatures.front().size());
 }
@@ -55,9 +55,9 @@ QByteArray shortestText(Number value)
     const Number magnitude = std::abs(value);
     const bool plain = magnitude == 0 || (magnitude >= Number(1e-5) && magnitude < Number(1e15));
     std::array<char, 64> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                   plain ? std::chars_format::fixed : std::chars_format::scientific)
-                         .ptr;
+    const auto end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), value, plain ? std::chars_format::fixed : std::chars_format::scientific)
+            .ptr;
     return QByteArray(digits.data(), end - digits.data()).toUpper();
 }
 
@@ -115,8 +115,7 @@ DateSpan ReadDateSpan(QByteArrayView from, QByteArrayView to)
     const std::optional<QDate> toDate = ToDate(to);
     if (!fromDate || !toDate) {
         const QString expression = QStringLiteral("OrderDate BETWEEN #%1# AND #%2#").arg(FromAnsi(from), FromAnsi(to));
-        throw RuntimeError(engineBadValue,
-                           QStringLiteral("Syntax error in date in query expression '%1'.").arg(expression), {});
+        throw RuntimeError(engineBadValue, QStringLiteral("Syntax error in date in query expression '%1'.").arg(expression), {});
     }
     return {*fromDate, *toDate};
 }
@@ -134,10 +133,10 @@ RuntimeError UnrecognizedFormatError(const QString &hostPath)
 RuntimeError MissingTableError(QByteArrayView table, const QString &hostPath)
 {
     return RuntimeError(engineMissingTable,
-                        QStringLiteral("The Microsoft Jet database engine cannot find the input table or query "
-                                       "'%1'.  Make sure it exists and that its name is spelled correctly.")
-                            .arg(FromAnsi(table)),
-                        hostPath);
+        QStringLiteral("The Microsoft Jet database engine cannot find the input table or query "
+                       "'%1'.  Make sure it exists and that its name is spelled correctly.")
+            .arg(FromAnsi(table)),
+        hostPath);
 }
 
 } // namespace qlon

@@ -37,9 +37,8 @@ enum SalesColumn {
 
 inline constexpr QByteArrayView SalesTableName{"ItemsSold"};
 // The column names, in the order of the enumeration.
-inline constexpr std::array<QByteArrayView, SalesColumnCount> SalesColumnNames{
-    "OrderID", "OrderDate", "ReceiptID", "Quantity", "Item", "ItemType", "UnitPrice", "Time",
-    "SaleType", "OrderNumber", "POSstation", "EmpNumber", "TableNumber"};
+inline constexpr std::array<QByteArrayView, SalesColumnCount> SalesColumnNames{"OrderID", "OrderDate", "ReceiptID", "Quantity", "Item",
+    "ItemType", "UnitPrice", "Time", "SaleType", "OrderNumber", "POSstation", "EmpNumber", "TableNumber"};
 
 // A choice among the table's columns.
 using SalesColumns = std::bitset<SalesColumnCount>;

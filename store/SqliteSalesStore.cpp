@@ -14,8 +14,7 @@ namespace qlon {
 namespace {
 
 // The walk keeps out the texts that pass this but don't begin with an ISO date.
-constexpr QByteArrayView spanCondition(
-    "OrderDate >= ?1 AND OrderDate < ?3 AND (OrderDate < ?2 OR julianday(OrderDate) = julianday(?2))");
+constexpr QByteArrayView spanCondition("OrderDate >= ?1 AND OrderDate < ?3 AND (OrderDate < ?2 OR julianday(OrderDate) = julianday(?2))");
 
 QByteArray selectStatement(const QByteArrayList &names, QByteArrayView condition)
 {
@@ -34,9 +33,8 @@ bool isMissingTable(sqlite3 *database)
 // Whether the text has the shape, in which "0" stands for any digit.
 bool hasShape(QByteArrayView text, QByteArrayView shape)
 {
-    return std::equal(text.begin(), text.end(), shape.begin(), shape.end(), [](char character, char wanted) {
-        return wanted == '0' ? character >= '0' && character <= '9' : character == wanted;
-    });
+    return std::equal(text.begin(), text.end(), shape.begin(), shape.end(),
+        [](char character, char wanted) { return wanted == '0' ? character >= '0' && character <= '9' : character == wanted; });
 }
 
 int digitsAt(QByteArrayView text, qsizetype start, qsizetype count)
@@ -117,7 +115,10 @@ void assignWhole(SalesValue &value, qint64 number)
 class ResetAtExit
 {
 public:
-    explicit ResetAtExit(sqlite3_stmt *statement) : m_statement(statement) {}
+    explicit ResetAtExit(sqlite3_stmt *statement)
+        : m_statement(statement)
+    {
+    }
     ~ResetAtExit() { sqlite3_reset(m_statement); }
     ResetAtExit(const ResetAtExit &) = delete;
     ResetAtExit &operator=(const ResetAtExit &) = delete;
@@ -163,8 +164,7 @@ SqliteDatabase OpenSqlite(const QString &hostPath, int flags)
 SqliteStatement PrepareSqlite(sqlite3 *database, QByteArrayView sql, const QString &hostPath)
 {
     sqlite3_stmt *statement = nullptr;
-    if (sqlite3_prepare_v3(database, sql.data(), int(sql.size()), SQLITE_PREPARE_PERSISTENT, &statement, nullptr)
-        != SQLITE_OK)
+    if (sqlite3_prepare_v3(database, sql.data(), int(sql.size()), SQLITE_PREPARE_PERSISTENT, &statement, nullptr) != SQLITE_OK)
         throw SqliteError(database, hostPath);
     return SqliteStatement(statement);
 }
@@ -204,7 +204,8 @@ SqliteDatabase SqliteSalesStore::openForReading()
 
 void SqliteSalesStore::checkSalesTable() const
 {
-    const SqliteStatement kind = PrepareSqlite(m_database.get(), "SELECT type FROM sqlite_master WHERE name = ?1 COLLATE NOCASE", m_hostPath);
+    const SqliteStatement kind =
+        PrepareSqlite(m_database.get(), "SELECT type FROM sqlite_master WHERE name = ?1 COLLATE NOCASE", m_hostPath);
     sqlite3_bind_text(kind.get(), 1, SalesTableName.data(), int(SalesTableName.size()), SQLITE_STATIC);
     const int result = sqlite3_step(kind.get());
     if (result != SQLITE_ROW && result != SQLITE_DONE)
@@ -289,17 +290,10 @@ void SqliteSalesStore::readValue(sqlite3_stmt *statement, int at, SalesColumn co
 {
     SalesValue &value = m_row[column];
     switch (sqlite3_column_type(statement, at)) {
-    case SQLITE_NULL:
-        value.reset();
-        return;
-    case SQLITE_INTEGER:
-        assignWhole(value, sqlite3_column_int64(statement, at));
-        return;
-    case SQLITE_FLOAT:
-        readNumber(sqlite3_column_double(statement, at), column);
-        return;
-    default:
-        readText(columnBytes(statement, at), column);
+    case SQLITE_NULL: value.reset(); return;
+    case SQLITE_INTEGER: assignWhole(value, sqlite3_column_int64(statement, at)); return;
+    case SQLITE_FLOAT: readNumber(sqlite3_column_double(statement, at), column); return;
+    default: readText(columnBytes(statement, at), column);
     }
 }
 
@@ -312,8 +306,8 @@ void SqliteSalesStore::readText(QByteArrayView bytes, int column)
 {
     if (!mayBeIsoDateTime(bytes))
         return AssignValue(m_row[column], bytes);
-    const SalesValue &dateTime = m_dateTimes[column].get(QByteArray::fromRawData(bytes.data(), bytes.size()),
-                                                         [bytes] { return isoDateTimeText(bytes); });
+    const SalesValue &dateTime =
+        m_dateTimes[column].get(QByteArray::fromRawData(bytes.data(), bytes.size()), [bytes] { return isoDateTimeText(bytes); });
     if (dateTime)
         m_row[column] = dateTime;
     else

@@ -13,18 +13,18 @@ enum class ColumnType { Integer, Real, Text };
 
 constexpr std::array<ColumnType, SalesColumnCount> columnTypes{
     ColumnType::Integer, // OrderID
-    ColumnType::Text,    // OrderDate
-    ColumnType::Text,    // ReceiptID
-    ColumnType::Real,    // Quantity
-    ColumnType::Text,    // Item
-    ColumnType::Text,    // ItemType
-    ColumnType::Real,    // UnitPrice
-    ColumnType::Text,    // Time
-    ColumnType::Text,    // SaleType
-    ColumnType::Text,    // OrderNumber
-    ColumnType::Text,    // POSstation
-    ColumnType::Text,    // EmpNumber
-    ColumnType::Text,    // TableNumber
+    ColumnType::Text, // OrderDate
+    ColumnType::Text, // ReceiptID
+    ColumnType::Real, // Quantity
+    ColumnType::Text, // Item
+    ColumnType::Text, // ItemType
+    ColumnType::Real, // UnitPrice
+    ColumnType::Text, // Time
+    ColumnType::Text, // SaleType
+    ColumnType::Text, // OrderNumber
+    ColumnType::Text, // POSstation
+    ColumnType::Text, // EmpNumber
+    ColumnType::Text, // TableNumber
 };
 
 QByteArray typeName(ColumnType type)

@@ -8,7 +8,7 @@
 namespace qlon {
 
 // Controls carry the names by which the program and its scripts find them.
-template <typename Control>
+template<typename Control>
 Control *Named(Control *control, const QString &name)
 {
     control->setObjectName(name);

@@ -38,8 +38,8 @@ QString whereItHappened(const RuntimeError &error)
 void EndWithError(const RuntimeError &error)
 {
     const QString where = whereItHappened(error);
-    QTextStream(stderr) << "qlon: " << error.message().simplified() << (where.isEmpty() ? QString() : QStringLiteral(" (") + where + QLatin1Char(')'))
-                        << Qt::endl;
+    QTextStream(stderr) << "qlon: " << error.message().simplified()
+                        << (where.isEmpty() ? QString() : QStringLiteral(" (") + where + QLatin1Char(')')) << Qt::endl;
     Dialogs::showError(ProgramTitle, error.message(), where);
     EndProgram(1);
 }

@@ -34,7 +34,7 @@ void StartOneShot(QObject *context, int milliseconds, const std::function<void()
 int PendingTimers();
 
 // Connects a signal to a handler that runs through RunHandler.
-template <typename Sender, typename Signal, typename Handler>
+template<typename Sender, typename Signal, typename Handler>
 void OnEvent(Sender *sender, Signal signal, QObject *context, Handler handler)
 {
     QObject::connect(sender, signal, context, [handler] { RunHandler(handler); });

@@ -254,8 +254,7 @@ std::unique_ptr<ReportOutput> pdfOutput(const QString &pdfPath)
 // The program's current printer, or the system's default.
 std::unique_ptr<ReportOutput> printerOutput()
 {
-    const QPrinterInfo printer =
-        CurrentPrinter().isEmpty() ? QPrinterInfo::defaultPrinter() : QPrinterInfo::printerInfo(CurrentPrinter());
+    const QPrinterInfo printer = CurrentPrinter().isEmpty() ? QPrinterInfo::defaultPrinter() : QPrinterInfo::printerInfo(CurrentPrinter());
     if (printer.isNull())
         return nullptr;
     return std::make_unique<PrinterOutput>(std::make_unique<QPrinter>(printer, QPrinter::HighResolution));

@@ -33,7 +33,7 @@ public:
     QWidget *touch(const QString &name);
     QWidget *existing(const QString &name) const;
 
-    template <typename Screen>
+    template<typename Screen>
     Screen *touch(const QString &name)
     {
         return qobject_cast<Screen *>(touch(name));

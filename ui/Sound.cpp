@@ -19,12 +19,14 @@ std::function<void(const QString &)> &soundPlayer()
 void playThroughTheSystem(const QString &hostPath)
 {
 #ifdef Q_OS_WIN
-    QProcess::startDetached(QStringLiteral("powershell"), {QStringLiteral("-NoProfile"), QStringLiteral("-Command"),
-                                                          QStringLiteral("(New-Object Media.SoundPlayer '%1').PlaySync()").arg(hostPath)});
+    QProcess::startDetached(QStringLiteral("powershell"),
+        {QStringLiteral("-NoProfile"), QStringLiteral("-Command"),
+            QStringLiteral("(New-Object Media.SoundPlayer '%1').PlaySync()").arg(hostPath)});
 #else
     for (const QString &player : {QStringLiteral("paplay"), QStringLiteral("pw-play"), QStringLiteral("aplay")}) {
         if (!QStandardPaths::findExecutable(player).isEmpty()) {
-            QProcess::startDetached(player, player == QLatin1String("aplay") ? QStringList{QStringLiteral("-q"), hostPath} : QStringList{hostPath});
+            QProcess::startDetached(
+                player, player == QLatin1String("aplay") ? QStringList{QStringLiteral("-q"), hostPath} : QStringList{hostPath});
             return;
         }
     }

@@ -8,7 +8,6 @@
 #include "store/ItemRec500.h"
 #include "store/SiteConfig.h"
 
-
 #include <algorithm>
 
 namespace qlon {

@@ -22,8 +22,8 @@ constexpr int buttonRecords = 12;
 constexpr int buttonBlocks = 12;
 constexpr int modifierFiles = 30;
 
-const QByteArrayList drinkFiles = {"data\\BeerDraft.dat", "data\\BeerBottle.dat", "data\\WineGlass.dat", "data\\WineBottle.dat",
-                                   "data\\cocktail.dat"};
+const QByteArrayList drinkFiles = {
+    "data\\BeerDraft.dat", "data\\BeerBottle.dat", "data\\WineGlass.dat", "data\\WineBottle.dat", "data\\cocktail.dat"};
 
 QList<ItemRec500> recordsOf(const QByteArray &sitePath)
 {

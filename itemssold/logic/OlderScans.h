@@ -13,7 +13,7 @@ namespace qlon {
 // the span's hours on every day, not on its first and last day alone.
 enum class OlderScan {
     Food, // ReadFoodFile: the button table, ini\ButtonFB.dat and the modifier files
-    Bar,  // ReadBarFile: the drink files, lines of type "L" only, no gift count
+    Bar, // ReadBarFile: the drink files, lines of type "L" only, no gift count
     Both, // ReadBothFile: all of those and data\LiqModifiers.dat
 };
 

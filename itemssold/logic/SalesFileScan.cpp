@@ -20,8 +20,8 @@ constexpr int tableRows = 4001;
 
 // Lines whose item begins so are modifiers, never reported missing. "ADD " stands twice, as it
 // always did.
-constexpr std::array<QByteArrayView, 10> modifierPrefixes = {"ADD ", "NO ", "ADD ", "Extra ", "Make ",
-                                                             "+ ",   "Package ", "OnSide", "Heavy", "Lite"};
+constexpr std::array<QByteArrayView, 10> modifierPrefixes = {
+    "ADD ", "NO ", "ADD ", "Extra ", "Make ", "+ ", "Package ", "OnSide", "Heavy", "Lite"};
 
 bool isModifier(const QByteArray &item)
 {
@@ -160,8 +160,8 @@ bool Scanner::readMonth(const QString &path, const QByteArray &modeLetter)
 
 } // namespace
 
-SalesScan ScanSalesFiles(const QByteArrayList &catalogueRows, const ScanSpan &span, const std::function<QByteArray()> &mode,
-                         ScanProgress &progress)
+SalesScan ScanSalesFiles(
+    const QByteArrayList &catalogueRows, const ScanSpan &span, const std::function<QByteArray()> &mode, ScanProgress &progress)
 {
     Scanner scanner(catalogueRows, span, progress);
     for (const QDate &month : MonthWalk(span.fromDate)) {
@@ -192,7 +192,7 @@ std::vector<ReportLine> ReportLines(const SalesScan &scan)
         const QByteArray quantity = PlainNumber(row.quantity);
         const QByteArray amount = Currency(row.amount);
         lines.push_back({quantity + '|' + name + '|' + amount + '|' + row.price + '|' + row.department,
-                         quantity + '\t' + name + '\t' + amount, row.amount});
+            quantity + '\t' + name + '\t' + amount, row.amount});
     }
     return lines;
 }

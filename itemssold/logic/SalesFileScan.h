@@ -22,10 +22,10 @@ struct ScanSpan
 // A catalogue row with what the monthly files sold of it.
 struct SoldRow
 {
-    QByteArray name;       // field 1 of the catalogue row, as it stands
-    QByteArray price;      // field 2
+    QByteArray name; // field 1 of the catalogue row, as it stands
+    QByteArray price; // field 2
     QByteArray department; // field 4
-    double amount = 0;     // the line prices, never times the quantity
+    double amount = 0; // the line prices, never times the quantity
     double quantity = 0;
 };
 
@@ -49,8 +49,8 @@ struct SalesScan
 // counted apart, whatever its time. `mode` gives the report's letter ("F", "L", "B", "R" or "A")
 // as the options stand when each month's file opens. The span's hours bind only its first and
 // last days.
-SalesScan ScanSalesFiles(const QByteArrayList &catalogueRows, const ScanSpan &span, const std::function<QByteArray()> &mode,
-                         ScanProgress &progress);
+SalesScan ScanSalesFiles(
+    const QByteArrayList &catalogueRows, const ScanSpan &span, const std::function<QByteArray()> &mode, ScanProgress &progress);
 
 // A row of the report: the list's "quantity|name|amount|price|department", the printable
 // "quantity<tab>name<tab>amount", and the amount.

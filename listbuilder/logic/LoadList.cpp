@@ -28,8 +28,8 @@ QByteArray orDefault(QByteArray text, const char *fallback)
 
 bool CategoryChoice::takes(const QByteArray &type) const
 {
-    return all || (retail && type == "Retail") || (both && type != "Retail") || (food && type == "Food")
-        || (bar && type == "Beverage") || (department && TrimBlanks(departmentCaption) == type);
+    return all || (retail && type == "Retail") || (both && type != "Retail") || (food && type == "Food") || (bar && type == "Beverage") ||
+        (department && TrimBlanks(departmentCaption) == type);
 }
 
 QList<ListedItem> ListItems(RecordFile &catalogue, const CategoryChoice &choice)

@@ -11,11 +11,11 @@ class RecordFile;
 // test holds takes an item in. All comparisons are exact, with case.
 struct CategoryChoice
 {
-    bool all = false;        // every item
-    bool retail = false;     // type "Retail"
-    bool both = false;       // every type but "Retail"
-    bool food = false;       // type "Food"
-    bool bar = false;        // type "Beverage"
+    bool all = false; // every item
+    bool retail = false; // type "Retail"
+    bool both = false; // every type but "Retail"
+    bool food = false; // type "Food"
+    bool bar = false; // type "Beverage"
     bool department = false; // the type equals the trimmed caption below
     QByteArray departmentCaption;
 

@@ -114,9 +114,9 @@ void RebuildItems::gatherFile(const CatalogueFile &files, Group group, bool show
     const qint32 count = items.CountRecords();
     if (showRecordProgress)
         m_display.setProgressRange(0, count + 1);
-    const FreeSlotRule rule = group == Group::Food     ? FreeSlotRule::ButtonRebuild
-                              : group == Group::Liquor ? FreeSlotRule::DrinkRebuild
-                                                       : FreeSlotRule::RetailRebuild;
+    const FreeSlotRule rule = group == Group::Food ? FreeSlotRule::ButtonRebuild
+        : group == Group::Liquor                   ? FreeSlotRule::DrinkRebuild
+                                                   : FreeSlotRule::RetailRebuild;
     for (qint32 number = 1; number <= count; ++number) {
         if (showRecordProgress)
             m_display.setProgress(number);

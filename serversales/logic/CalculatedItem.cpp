@@ -17,8 +17,8 @@ QByteArray sortKey(const QByteArray &text)
 
 } // namespace
 
-CalculatedItem CalculateItem(const ItemSales &sold, const QByteArray &name, const QByteArray &tag, const QByteArray &type,
-                             const QByteArray &price)
+CalculatedItem CalculateItem(
+    const ItemSales &sold, const QByteArray &name, const QByteArray &tag, const QByteArray &type, const QByteArray &price)
 {
     CalculatedItem item;
     const QByteArray actual = Format(sold.sales, "#########.##");
@@ -29,7 +29,8 @@ CalculatedItem CalculateItem(const ItemSales &sold, const QByteArray &name, cons
     QByteArray money = sold.lastReceipt;
     AssignUnlessFailed(money, Currency(actual));
     const QByteArray units = PlainNumber(sold.units);
-    item.rowText = name + '|' + type + '|' + price + '|' + units + '|' + money + '|' + sortKey(units) + '|' + sortKey(actual) + '|' + actual;
+    item.rowText =
+        name + '|' + type + '|' + price + '|' + units + '|' + money + '|' + sortKey(units) + '|' + sortKey(actual) + '|' + actual;
     item.tempItemsLine = {tag, units, actual};
     return item;
 }

@@ -19,7 +19,7 @@ struct CalculatedItem
     double units = 0;
 };
 
-CalculatedItem CalculateItem(const ItemSales &sold, const QByteArray &name, const QByteArray &tag, const QByteArray &type,
-                             const QByteArray &price);
+CalculatedItem CalculateItem(
+    const ItemSales &sold, const QByteArray &name, const QByteArray &tag, const QByteArray &type, const QByteArray &price);
 
 } // namespace qlon

@@ -18,7 +18,7 @@ bool before(const std::optional<QDate> &date, const std::optional<QDate> &limit)
 }
 
 bool onDayOutsideHours(const std::optional<QDate> &date, const std::optional<QDate> &day, const std::optional<QTime> &time,
-                       const std::optional<QTime> &limit, bool limitIsStart)
+    const std::optional<QTime> &limit, bool limitIsStart)
 {
     if (!date || !day || !time || !limit)
         return HoldsUnlessFailed(std::nullopt);
@@ -70,8 +70,9 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
         sales.sales += roundedPrices.get(price, [&price] { return FormattedValue(price, "########.##"); });
         const QByteArray &quantity = columns[Quantity];
         sales.units += quantities.get(quantity, [&quantity] { return NumericValue(quantity); });
-        AppendQuotedLine(sales.trace, {columns[Item], columns[OrderID], columns[Quantity], columns[OrderDate], columns[ReceiptID],
-                                       columns[OrderNumber], columns[SaleType]});
+        AppendQuotedLine(sales.trace,
+            {columns[Item], columns[OrderID], columns[Quantity], columns[OrderDate], columns[ReceiptID], columns[OrderNumber],
+                columns[SaleType]});
         return true;
     });
     // The receipt an item's walk read last is the one its carried texts hold.

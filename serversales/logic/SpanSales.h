@@ -32,7 +32,6 @@ public:
     bool contains(const QByteArray &orderDate, const QByteArray &time);
 
 private:
-
     std::optional<QDate> m_from;
     std::optional<QDate> m_to;
     std::optional<QTime> m_start;
@@ -47,7 +46,7 @@ bool InSpan(const QByteArray &orderDate, const QByteArray &time, const SalesSpan
 // What the sales rows of one item over the span add up to.
 struct ItemSales
 {
-    double sales = 0;            // the line prices, each rounded to cents, never times the quantity
+    double sales = 0; // the line prices, each rounded to cents, never times the quantity
     double units = 0;
     QByteArray trace; // the lines of TempItemsRec.dat, in table order, as the file holds them
     // The receipt of the last row read with the item's name, counted or not; the "Volume" of an

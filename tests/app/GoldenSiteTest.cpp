@@ -56,9 +56,9 @@ protected:
         QProcess process;
         process.setWorkingDirectory(driveFolder);
         process.start(QStringLiteral(QLON_PROGRAM),
-                      {QStringLiteral("--drive"), QStringLiteral("C=") + driveFolder, QStringLiteral("--today"),
-                       QString::fromLatin1(contentsOf(golden(QStringLiteral("today"))).trimmed()), QStringLiteral("--script"),
-                       golden(QStringLiteral("job.qlon"))});
+            {QStringLiteral("--drive"), QStringLiteral("C=") + driveFolder, QStringLiteral("--today"),
+                QString::fromLatin1(contentsOf(golden(QStringLiteral("today"))).trimmed()), QStringLiteral("--script"),
+                golden(QStringLiteral("job.qlon"))});
         EXPECT_TRUE(process.waitForFinished(120000));
         EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
         return process.readAllStandardOutput();
@@ -87,7 +87,9 @@ TEST_P(GoldenSiteTest, TheRunGivesItsOutputAndFilesAndChangesNoStationFile)
 }
 
 INSTANTIATE_TEST_SUITE_P(Sites, GoldenSiteTest, ::testing::ValuesIn(QDir(sitesFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot)),
-                         [](const ::testing::TestParamInfo<QString> &info) { return QString(info.param).replace(QLatin1Char('-'), QLatin1Char('_')).toStdString(); });
+    [](const ::testing::TestParamInfo<QString> &info) {
+        return QString(info.param).replace(QLatin1Char('-'), QLatin1Char('_')).toStdString();
+    });
 
 } // namespace
 } // namespace qlon

@@ -28,8 +28,8 @@ protected:
     QStringList arguments(const QStringList &extra = {}) const
     {
         return QStringList{QStringLiteral("--drive"), QStringLiteral("C=") + site.driveFolder(), QStringLiteral("--today"),
-                           QStringLiteral("2026-11-23"), QStringLiteral("--script"), QStringLiteral("-")}
-            + extra;
+                   QStringLiteral("2026-11-23"), QStringLiteral("--script"), QStringLiteral("-")} +
+            extra;
     }
 
     Outcome run(const QString &script, const QStringList &extra = {}) const
@@ -56,15 +56,15 @@ TEST_F(ScriptTest, WithoutStartDatesThePickersStayUnfilled)
 {
     site.write(QStringLiteral("Quillon/QlonINI.dat"), IniRec2300().bytes());
     const Outcome result = run(QStringLiteral("get QLONlistBuilder1.Combo1\nget QLONlistBuilder1.Combo1 count\n"
-                                          "get QLONlistBuilder1.Combo2\nget QLONlistBuilder1.Combo2 count\n"
-                                          "get QLONlistBuilder1.Combo3\nget QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\n"
-                                          "get QLONlistBuilder1.Label11\n"));
+                                              "get QLONlistBuilder1.Combo2\nget QLONlistBuilder1.Combo2 count\n"
+                                              "get QLONlistBuilder1.Combo3\nget QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\n"
+                                              "get QLONlistBuilder1.Label11\n"));
     EXPECT_EQ(result.status, 0) << result.err.toStdString();
-    EXPECT_EQ(result.lines(), (QStringList{QStringLiteral("message: Servers Individual Sales | Data error event hit err:"
-                                                          "Could not find file 'c:\\Quillon\\data\\Quillon.mdb'."),
-                                           QStringLiteral("More"), QStringLiteral("0"), QStringLiteral("Combo2"), QStringLiteral("0"),
-                                           QStringLiteral("Combo3"), QStringLiteral("11/23/2026"), QStringLiteral("11/23/2026"),
-                                           QStringLiteral("Version 1.0.0")}));
+    EXPECT_EQ(result.lines(),
+        (QStringList{QStringLiteral("message: Servers Individual Sales | Data error event hit err:"
+                                    "Could not find file 'c:\\Quillon\\data\\Quillon.mdb'."),
+            QStringLiteral("More"), QStringLiteral("0"), QStringLiteral("Combo2"), QStringLiteral("0"), QStringLiteral("Combo3"),
+            QStringLiteral("11/23/2026"), QStringLiteral("11/23/2026"), QStringLiteral("Version 1.0.0")}));
 }
 
 TEST_F(ScriptTest, TheDemoSiteComesUpInTheFirstState)
@@ -81,12 +81,12 @@ TEST_F(ScriptTest, TheDemoSiteComesUpInTheFirstState)
         "get QLONlistBuilder2.Label2\nget QLONlistBuilder2 visible\n"));
     ASSERT_EQ(result.status, 0) << result.err.toStdString();
     EXPECT_EQ(result.lines(),
-              (QStringList{QStringLiteral("More"), QStringLiteral("8"), QStringLiteral("Liquor"), QStringLiteral("Seclect Below"),
-                           QStringLiteral("11/16/2026"), QStringLiteral("11/22/2026"), QStringLiteral("12:00 AM"),
-                           QStringLiteral("11:59 PM"), QStringLiteral("264"), QStringLiteral("12:55 am"), QStringLiteral("01:00 am"),
-                           QStringLiteral("11:55 pm"), QStringLiteral("false"), QStringLiteral("false"), QStringLiteral("false"),
-                           QStringLiteral("false"), QStringLiteral("false"), QStringLiteral("true"), QStringLiteral("0"),
-                           QStringLiteral("Export Sales"), QStringLiteral("Loading"), QStringLiteral("false")}));
+        (QStringList{QStringLiteral("More"), QStringLiteral("8"), QStringLiteral("Liquor"), QStringLiteral("Seclect Below"),
+            QStringLiteral("11/16/2026"), QStringLiteral("11/22/2026"), QStringLiteral("12:00 AM"), QStringLiteral("11:59 PM"),
+            QStringLiteral("264"), QStringLiteral("12:55 am"), QStringLiteral("01:00 am"), QStringLiteral("11:55 pm"),
+            QStringLiteral("false"), QStringLiteral("false"), QStringLiteral("false"), QStringLiteral("false"), QStringLiteral("false"),
+            QStringLiteral("true"), QStringLiteral("0"), QStringLiteral("Export Sales"), QStringLiteral("Loading"),
+            QStringLiteral("false")}));
 }
 
 TEST_F(ScriptTest, TheHourListsHaveNoFiveMinuteLine)
@@ -106,16 +106,16 @@ TEST_F(ScriptTest, PickersAndButtonsDoWhatTheUserSees)
 {
     writeDemoSite();
     const Outcome result = run(QStringLiteral("pick QLONlistBuilder1.Combo1 Retail\nget QLONlistBuilder1.SSOption7\n"
-                                          "set QLONlistBuilder1.Combo1 Wine\nget QLONlistBuilder1.SSOption7\n"
-                                          "set QLONlistBuilder1.MonthView1 02/29/2024\nget QLONlistBuilder1.Label2\n"
-                                          "get QLONlistBuilder1.Label3\nclick QLONlistBuilder1.SSCommand10\n"
-                                          "get QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\n"
-                                          "click QLONlistBuilder1.SSOption4(2)\nget QLONlistBuilder1.SSOption4(2)\n"
-                                          "click QLONlistBuilder1.SSCommand1\nget QLONlistBuilder1.Label2\n"));
+                                              "set QLONlistBuilder1.Combo1 Wine\nget QLONlistBuilder1.SSOption7\n"
+                                              "set QLONlistBuilder1.MonthView1 02/29/2024\nget QLONlistBuilder1.Label2\n"
+                                              "get QLONlistBuilder1.Label3\nclick QLONlistBuilder1.SSCommand10\n"
+                                              "get QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\n"
+                                              "click QLONlistBuilder1.SSOption4(2)\nget QLONlistBuilder1.SSOption4(2)\n"
+                                              "click QLONlistBuilder1.SSCommand1\nget QLONlistBuilder1.Label2\n"));
     EXPECT_EQ(result.status, 0) << result.err.toStdString();
-    EXPECT_EQ(result.lines(), (QStringList{QStringLiteral("Retail"), QStringLiteral("Wine"), QStringLiteral("2/29/2024"),
-                                           QStringLiteral("11/22/2026"), QStringLiteral("11/23/2026"), QStringLiteral("11/23/2026"),
-                                           QStringLiteral("Sales Volume")}))
+    EXPECT_EQ(result.lines(),
+        (QStringList{QStringLiteral("Retail"), QStringLiteral("Wine"), QStringLiteral("2/29/2024"), QStringLiteral("11/22/2026"),
+            QStringLiteral("11/23/2026"), QStringLiteral("11/23/2026"), QStringLiteral("Sales Volume")}))
         << "Done ends the program at once: the last line never runs";
 }
 
@@ -136,7 +136,7 @@ TEST_F(ScriptTest, ABadLineStopsTheScriptNamingTheLine)
     };
     for (const auto &test : cases) {
         const Outcome result = run(QStringLiteral("# a comment\n\nget QLONlistBuilder1.Label11\n") + QLatin1String(test.line) +
-                               QStringLiteral("\nget QLONlistBuilder1.Label11\n"));
+            QStringLiteral("\nget QLONlistBuilder1.Label11\n"));
         EXPECT_EQ(result.status, 2) << test.line;
         EXPECT_EQ(result.lines().size(), 1) << test.line;
         EXPECT_TRUE(result.err.contains(QStringLiteral("line 4"))) << result.err.toStdString();
@@ -156,10 +156,10 @@ TEST_F(ScriptTest, ASecondInstanceIsRefused)
     const Outcome second = run(QStringLiteral("get QLONlistBuilder1.Label11\n"));
     EXPECT_EQ(second.status, 1);
     EXPECT_EQ(second.lines(),
-              QStringList{QStringLiteral(
-                  "message: Already Running | List Builder is already running, You will need to run your task manager and end all "
-                  "prior instances of it or reboot this computer. Should you decide to reboot - after restart you must reboot all "
-                  "the other stations connected to this file server.")});
+        QStringList{
+            QStringLiteral("message: Already Running | List Builder is already running, You will need to run your task manager and end all "
+                           "prior instances of it or reboot this computer. Should you decide to reboot - after restart you must reboot all "
+                           "the other stations connected to this file server.")});
     first.closeWriteChannel();
     EXPECT_TRUE(first.waitForFinished(30000));
     EXPECT_EQ(first.exitCode(), 0);
@@ -209,7 +209,8 @@ TEST_F(ScriptTest, HostileSiteFilesEndCleanlyAndNothingOutsideTheSiteIsWritten)
     site.write(QStringLiteral("Quillon/data/Departments.dat/x"), {});
     result = run(QStringLiteral("show QlonItemsSold\n"));
     EXPECT_EQ(result.status, 1);
-    EXPECT_TRUE(result.err.contains(QStringLiteral("(C:\\QUILLON\\data\\Departments.dat, ") + site.hostPath(QStringLiteral("Quillon/data/Departments.dat"))))
+    EXPECT_TRUE(result.err.contains(
+        QStringLiteral("(C:\\QUILLON\\data\\Departments.dat, ") + site.hostPath(QStringLiteral("Quillon/data/Departments.dat"))))
         << "the file as the site names it and where it lies: " << result.err.toStdString();
 }
 
@@ -227,7 +228,8 @@ TEST_F(ScriptTest, RebuildThenLoadEachCategoryOfTheDemoSite)
     writeDemoSite();
     const QString rebuild = QStringLiteral("click QLONlistBuilder1.SSCommand8\nwait\n");
     const auto load = [&](const QString &choose) {
-        return loadedRows(run(rebuild + choose + QStringLiteral("\nclick QLONlistBuilder1.SSCommand2\nrows QLONlistBuilder1.MList1\n")).lines());
+        return loadedRows(
+            run(rebuild + choose + QStringLiteral("\nclick QLONlistBuilder1.SSCommand2\nrows QLONlistBuilder1.MList1\n")).lines());
     };
     const QStringList all = load(QStringLiteral("click QLONlistBuilder1.SSOption6"));
     const QStringList food = load(QStringLiteral("click QLONlistBuilder1.SSOption1"));
@@ -244,7 +246,7 @@ TEST_F(ScriptTest, RebuildThenLoadEachCategoryOfTheDemoSite)
     EXPECT_FALSE(bar.isEmpty());
     EXPECT_FALSE(wine.isEmpty());
     for (const auto &[rows, type] : {std::pair{food, QStringLiteral("Food")}, std::pair{bar, QStringLiteral("Beverage")},
-                                     std::pair{retail, QStringLiteral("Retail")}, std::pair{wine, QStringLiteral("Wine")}})
+             std::pair{retail, QStringLiteral("Retail")}, std::pair{wine, QStringLiteral("Wine")}})
         EXPECT_EQ(rows.filter(QLatin1Char('|') + type + QLatin1Char('|')).size(), rows.size()) << type.toStdString();
     EXPECT_TRUE(all.contains(QStringLiteral("JoeMs Wings|Food|9.95|0|0")) || !all.filter(QStringLiteral("JoeMs Wings|")).isEmpty());
     EXPECT_EQ(all.filter(QStringLiteral("House Salad|")), QStringList{QStringLiteral("House Salad|Food|6.95|0|0")});
@@ -262,9 +264,9 @@ TEST_F(ScriptTest, TheMainJobPrintsAReadablePdfAndExportsTheRun)
     const QString csv = site.hostPath(QStringLiteral("export.csv"));
     const Outcome result = run(QStringLiteral("click QLONlistBuilder1.SSCommand8\nwait\nclick QLONlistBuilder1.SSOption6\n"
                                               "click QLONlistBuilder1.SSCommand2\nclick QLONlistBuilder1.SSCommand4\n"
-                                              "click QLONlistBuilder1.SSOption4(0)\nprint-to-pdf ")
-                               + pdf + QStringLiteral("\nclick QLONlistBuilder1.SSCommand6\nsave-as ") + csv
-                               + QStringLiteral("\nclick QLONlistBuilder1.SSCommand7\n"));
+                                              "click QLONlistBuilder1.SSOption4(0)\nprint-to-pdf ") +
+        pdf + QStringLiteral("\nclick QLONlistBuilder1.SSCommand6\nsave-as ") + csv +
+        QStringLiteral("\nclick QLONlistBuilder1.SSCommand7\n"));
     ASSERT_EQ(result.status, 0) << result.err.toStdString();
     EXPECT_EQ(result.lines().last(), QStringLiteral("message: PRINT | The report is in ") + pdf);
     EXPECT_EQ(site.read(QStringLiteral("export.csv")), site.read(QStringLiteral("Quillon/TempItems.dat")));
@@ -272,9 +274,9 @@ TEST_F(ScriptTest, TheMainJobPrintsAReadablePdfAndExportsTheRun)
 
     // Rendered as a person would see it: the first page has ink on it.
     QProcess render;
-    render.start(QStringLiteral("pdftoppm"), {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("40"), QStringLiteral("-f"),
-                                              QStringLiteral("1"), QStringLiteral("-l"), QStringLiteral("1"), pdf,
-                                              site.hostPath(QStringLiteral("page"))});
+    render.start(QStringLiteral("pdftoppm"),
+        {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("40"), QStringLiteral("-f"), QStringLiteral("1"),
+            QStringLiteral("-l"), QStringLiteral("1"), pdf, site.hostPath(QStringLiteral("page"))});
     // pdftoppm comes with the project's packages: without it this test fails rather than passing unseen.
     ASSERT_TRUE(render.waitForFinished(60000) && render.exitCode() == 0) << "pdftoppm could not render the report";
     const QImage page(site.hostPath(QStringLiteral("page-1.png")));

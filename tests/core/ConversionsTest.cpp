@@ -14,7 +14,7 @@ TEST(ConversionsTest, NumericValueReadsTheLeadingNumber)
 {
     const struct
     {
-        const char* text;
+        const char *text;
         double expected;
     } cases[] = {
         {"12.50", 12.5},
@@ -38,7 +38,7 @@ TEST(ConversionsTest, NumericValueReadsTheLeadingNumber)
         {"1e3", 1},
         {"\r5", 0},
     };
-    for (const auto& c : cases)
+    for (const auto &c : cases)
         EXPECT_EQ(NumericValue(c.text), c.expected) << '"' << c.text << '"';
 }
 
@@ -51,7 +51,7 @@ TEST(ConversionsTest, ToNumberAcceptsOnlyAWholeNumber)
 {
     const struct
     {
-        const char* text;
+        const char *text;
         std::optional<double> expected;
     } cases[] = {
         {"12", 12},
@@ -83,7 +83,7 @@ TEST(ConversionsTest, ToNumberAcceptsOnlyAWholeNumber)
         {"1 2", std::nullopt},
         {"1e999", std::nullopt},
     };
-    for (const auto& c : cases)
+    for (const auto &c : cases)
         EXPECT_EQ(ToNumber(c.text), c.expected) << '"' << c.text << '"';
 }
 
@@ -117,7 +117,7 @@ TEST(ConversionsTest, ToIntegerRoundsHalvesToEvenWithinTheWidth)
         {nan, IntegerWidth::Bits32, std::nullopt},
         {infinity, IntegerWidth::Bits32, std::nullopt},
     };
-    for (const auto& c : cases)
+    for (const auto &c : cases)
         EXPECT_EQ(ToInteger(c.value, c.width), c.expected) << c.value;
 }
 
@@ -125,7 +125,7 @@ TEST(ConversionsTest, ToIntegerOfTextFailsForNonNumbers)
 {
     const struct
     {
-        const char* text;
+        const char *text;
         IntegerWidth width;
         std::optional<qint32> expected;
     } cases[] = {
@@ -138,7 +138,7 @@ TEST(ConversionsTest, ToIntegerOfTextFailsForNonNumbers)
         {"", IntegerWidth::Bits32, std::nullopt},
         {"12 items", IntegerWidth::Bits32, std::nullopt},
     };
-    for (const auto& c : cases)
+    for (const auto &c : cases)
         EXPECT_EQ(ToInteger(c.text, c.width), c.expected) << '"' << c.text << '"';
 }
 

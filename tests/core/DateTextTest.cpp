@@ -8,12 +8,12 @@ namespace qlon {
 namespace {
 
 // Dates and times as ISO texts, and a failure as the empty text, for readable comparisons.
-std::string Shown(const std::optional<QDate>& date)
+std::string Shown(const std::optional<QDate> &date)
 {
     return date ? date->toString(Qt::ISODate).toStdString() : std::string();
 }
 
-std::string Shown(const std::optional<QTime>& time)
+std::string Shown(const std::optional<QTime> &time)
 {
     return time ? time->toString(Qt::ISODate).toStdString() : std::string();
 }
@@ -22,8 +22,8 @@ TEST(DateTextTest, ToDateTakesTheFirstOrderThatGivesARealDate)
 {
     const struct
     {
-        const char* text;
-        const char* expected;
+        const char *text;
+        const char *expected;
     } cases[] = {
         {"03/31/04", "2004-03-31"},
         {"3/31/2004", "2004-03-31"},
@@ -43,7 +43,7 @@ TEST(DateTextTest, ToDateTakesTheFirstOrderThatGivesARealDate)
         {"1/1/0", "2000-01-01"},
         {"1/1/500", "0500-01-01"},
     };
-    for (const auto& c : cases)
+    for (const auto &c : cases)
         EXPECT_EQ(Shown(ToDate(c.text)), c.expected) << '"' << c.text << '"';
 }
 
@@ -51,8 +51,8 @@ TEST(DateTextTest, ToDateAllowsBlanksAndATimeAndNothingElse)
 {
     const struct
     {
-        const char* text;
-        const char* expected;
+        const char *text;
+        const char *expected;
     } cases[] = {
         {"  3/31/2004  ", "2004-03-31"},
         {"3/31/2004 6:05:00 PM", "2004-03-31"},
@@ -72,7 +72,7 @@ TEST(DateTextTest, ToDateAllowsBlanksAndATimeAndNothingElse)
         {"1/1/12345", ""},
         {"3 31 2004", ""},
     };
-    for (const auto& c : cases)
+    for (const auto &c : cases)
         EXPECT_EQ(Shown(ToDate(c.text)), c.expected) << '"' << c.text << '"';
 }
 
@@ -80,8 +80,8 @@ TEST(DateTextTest, ToTimeReadsTheClock)
 {
     const struct
     {
-        const char* text;
-        const char* expected;
+        const char *text;
+        const char *expected;
     } cases[] = {
         {"12:00 am", "00:00:00"},
         {"12:30 PM", "12:30:00"},
@@ -116,7 +116,7 @@ TEST(DateTextTest, ToTimeReadsTheClock)
         {"04/31/04", ""},
         {"04/31/04 6:05", ""},
     };
-    for (const auto& c : cases)
+    for (const auto &c : cases)
         EXPECT_EQ(Shown(ToTime(c.text)), c.expected) << '"' << c.text << '"';
 }
 

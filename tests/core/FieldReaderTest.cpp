@@ -95,7 +95,7 @@ TEST(TextFileTest, WritesQuotedFieldsAndPlainLines)
         file.WriteFields({"Burger", "12", "78."});
     }
     EXPECT_EQ(site.read(QStringLiteral("TempItems.dat")),
-              "\"ITEMNAME\",\"UNITS SOLD\",\"SALES TOTAL\"\r\n\"\",\"Caf\xe9\"\r\nplain, line\r\n\"Burger\",\"12\",\"78.\"\r\n");
+        "\"ITEMNAME\",\"UNITS SOLD\",\"SALES TOTAL\"\r\n\"\",\"Caf\xe9\"\r\nplain, line\r\n\"Burger\",\"12\",\"78.\"\r\n");
 
     TextFile input(path, TextFile::Mode::Input);
     EXPECT_EQ(input.ReadField(), "ITEMNAME");

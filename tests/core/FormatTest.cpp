@@ -14,8 +14,8 @@ TEST(FormatTest, NumberPatterns)
     const struct
     {
         double value;
-        const char* pattern;
-        const char* expected;
+        const char *pattern;
+        const char *expected;
     } cases[] = {
         {78, "#########.##", "78."},
         {78.5, "#########.##", "78.5"},
@@ -51,7 +51,7 @@ TEST(FormatTest, NumberPatterns)
         {0.1, "###.###.##", ".1"},
         {7.6, "#", "8"},
     };
-    for (const auto& c : cases)
+    for (const auto &c : cases)
         EXPECT_EQ(Format(c.value, c.pattern).toStdString(), c.expected) << c.value << " with " << c.pattern;
 }
 
@@ -74,8 +74,8 @@ TEST(FormatTest, DateTimePatterns)
     const struct
     {
         QDateTime value;
-        const char* pattern;
-        const char* expected;
+        const char *pattern;
+        const char *expected;
     } cases[] = {
         {evening, "MM/DD/YY", "03/31/04"},
         {evening, "mm/dd/yy", "03/31/04"},
@@ -98,7 +98,7 @@ TEST(FormatTest, DateTimePatterns)
         {noon, "YY", "00"},
         {noon, "MMYYYY", "072000"},
     };
-    for (const auto& c : cases)
+    for (const auto &c : cases)
         EXPECT_EQ(Format(c.value, c.pattern).toStdString(), c.expected)
             << c.value.toString(Qt::ISODate).toStdString() << " with " << c.pattern;
 }
@@ -114,7 +114,7 @@ TEST(FormatTest, CurrencyOfNumbers)
     const struct
     {
         double value;
-        const char* expected;
+        const char *expected;
     } cases[] = {
         {1234.5, "$1,234.50"},
         {0, "$0.00"},
@@ -129,7 +129,7 @@ TEST(FormatTest, CurrencyOfNumbers)
         {-0.001, "$0.00"},
         {78, "$78.00"},
     };
-    for (const auto& c : cases)
+    for (const auto &c : cases)
         EXPECT_EQ(Currency(c.value).toStdString(), c.expected) << c.value;
 }
 
@@ -137,7 +137,7 @@ TEST(FormatTest, CurrencyOfTextsFailsForNonNumbers)
 {
     const struct
     {
-        const char* text;
+        const char *text;
         std::optional<std::string> expected;
     } cases[] = {
         {"78.", "$78.00"},
@@ -147,10 +147,9 @@ TEST(FormatTest, CurrencyOfTextsFailsForNonNumbers)
         {"", std::nullopt},
         {"abc", std::nullopt},
     };
-    for (const auto& c : cases) {
+    for (const auto &c : cases) {
         const std::optional<QByteArray> money = Currency(QByteArrayView(c.text));
-        EXPECT_EQ(money ? std::optional<std::string>(money->toStdString()) : std::nullopt, c.expected)
-            << '"' << c.text << '"';
+        EXPECT_EQ(money ? std::optional<std::string>(money->toStdString()) : std::nullopt, c.expected) << '"' << c.text << '"';
     }
 }
 

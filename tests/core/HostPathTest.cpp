@@ -14,9 +14,9 @@ namespace {
 TEST(HostPathTest, NamesWindowsRefusesAreBadFileNamesAndOpenNothing)
 {
     test::TempSite site;
-    for (const QByteArray &bad : {QByteArray("C:\\Quillon\\data\\LIQMODIFIERS.IVM\0Departments.dat", 46), QByteArray("C:\\Quillon\\a|b.dat"),
-                                  QByteArray("C:\\Quillon\\data\\x?.dat"), QByteArray("C:\\Quillon\\C:\\x.dat"), QByteArray("C:\\Quillon\\\x01.dat"),
-                                  QByteArray("C:\\Quillon\\\"x\".dat")})
+    for (const QByteArray &bad : {QByteArray("C:\\Quillon\\data\\LIQMODIFIERS.IVM\0Departments.dat", 46),
+             QByteArray("C:\\Quillon\\a|b.dat"), QByteArray("C:\\Quillon\\data\\x?.dat"), QByteArray("C:\\Quillon\\C:\\x.dat"),
+             QByteArray("C:\\Quillon\\\x01.dat"), QByteArray("C:\\Quillon\\\"x\".dat")})
         EXPECT_EQ(test::RuntimeErrorNumber([&] { HostPath(bad); }), RuntimeError::BadFileNameOrNumber) << bad.constData();
     EXPECT_EQ(HostPath("c:\\Quillon\\data\\Departments.dat"), site.hostPath(QStringLiteral("Quillon/data/Departments.dat")));
 }

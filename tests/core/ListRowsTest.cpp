@@ -148,11 +148,12 @@ TEST_F(ListRowsTest, SalesVolumeOrdersFiguresByTextSoMoreDecimalsRankHigher)
     });
     sortBy(QByteArrayLiteral("6d"));
 
-    EXPECT_EQ(texts(), (Texts{
-                           "Cake|Food|2.75|28|$78.25|0000000028|0000078.25|78.25",
-                           "Pie|Food|3.00|26|$78.50|0000000026|00000078.5|78.5",
-                           "Burger|Food|6.50|12|$79.00|0000000012|000000079.|79.",
-                       }));
+    EXPECT_EQ(texts(),
+        (Texts{
+            "Cake|Food|2.75|28|$78.25|0000000028|0000078.25|78.25",
+            "Pie|Food|3.00|26|$78.50|0000000026|00000078.5|78.5",
+            "Burger|Food|6.50|12|$79.00|0000000012|000000079.|79.",
+        }));
 }
 
 TEST_F(ListRowsTest, UnreadableSortKeysAreInvalidPropertyValues)
@@ -160,9 +161,7 @@ TEST_F(ListRowsTest, UnreadableSortKeysAreInvalidPropertyValues)
     m_rows.setSortKey(QByteArrayLiteral("3d "));
 
     for (const QByteArray &unreadable : Texts{"", "d", "5", "d5", "5x", " 5d", "-1a", "5 d", "99999999999a"}) {
-        EXPECT_EQ(RuntimeErrorNumber([&] { m_rows.setSortKey(unreadable); }),
-                  RuntimeError::InvalidPropertyValue)
-            << unreadable.constData();
+        EXPECT_EQ(RuntimeErrorNumber([&] { m_rows.setSortKey(unreadable); }), RuntimeError::InvalidPropertyValue) << unreadable.constData();
     }
     EXPECT_EQ(m_rows.sortKey(), QByteArrayLiteral("3d "));
 }

@@ -1,5 +1,5 @@
-#include "core/FixedField.h"
 #include "core/RecordFile.h"
+#include "core/FixedField.h"
 #include "tests/support/TempSite.h"
 
 #include <QFileInfo>
@@ -11,7 +11,11 @@ namespace {
 
 TEST(RecordFileTest, CountRoundsHalvesToEven)
 {
-    struct Case { qint64 bytes; qint64 count; };
+    struct Case
+    {
+        qint64 bytes;
+        qint64 count;
+    };
     const Case cases[] = {{0, 0}, {249, 0}, {250, 0}, {251, 1}, {500, 1}, {750, 2}, {1250, 2}, {1750, 4}, {2500, 5}};
     for (const Case &test : cases)
         EXPECT_EQ(RoundedQuotient(test.bytes, 500), test.count) << test.bytes;

@@ -1,8 +1,8 @@
 #include "editors/QlonUpDept.h"
 #include "itemssold/QlonItemsSold.h"
 #include "listbuilder/QLONlistBuilder1.h"
-#include "ui/VbComboBox.h"
 #include "tests/support/ScreenTest.h"
+#include "ui/VbComboBox.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -54,8 +54,9 @@ protected:
 TEST_F(DepartmentsEditorTest, OpeningShowsTheFirstFourteenNamesAndCreatesAMissingFile)
 {
     QlonUpDept *editor = open("UPCHARGE2");
-    EXPECT_EQ(departments(), "\"All\"\r\n\"Food\"\r\n\"Beverage\"\r\n\"Catering\"\r\n\"Speicals\"\r\n\"Retail\"\r\n"
-                             "\"Gift Card\"\r\n\"All\"\r\n\"Liquor\"\r\n\"Beer\"\r\n\"Wine\"\r\n");
+    EXPECT_EQ(departments(),
+        "\"All\"\r\n\"Food\"\r\n\"Beverage\"\r\n\"Catering\"\r\n\"Speicals\"\r\n\"Retail\"\r\n"
+        "\"Gift Card\"\r\n\"All\"\r\n\"Liquor\"\r\n\"Beer\"\r\n\"Wine\"\r\n");
     EXPECT_EQ(editor->Text1[7]->text(), QStringLiteral("All"));
     EXPECT_EQ(editor->Check1[10]->text(), QStringLiteral("Wine"));
     EXPECT_TRUE(editor->Text1[11]->text().isEmpty());
@@ -86,7 +87,8 @@ TEST_F(DepartmentsEditorTest, DoneReloadsTheMainScreensPickerWithTheNamedRowsAnd
     editor->Text1[1]->clear();
     editor->Text1[5]->setText(QStringLiteral("Patio"));
     editor->SSCommand1->click();
-    EXPECT_EQ(departments(), "\"Food\"\r\n\"\"\r\n\"Soup, Salad\"\r\n\"Retail\"\r\n\"\"\r\n\"Patio\"\r\n" + QByteArray("\"\"\r\n").repeated(8));
+    EXPECT_EQ(
+        departments(), "\"Food\"\r\n\"\"\r\n\"Soup, Salad\"\r\n\"Retail\"\r\n\"\"\r\n\"Patio\"\r\n" + QByteArray("\"\"\r\n").repeated(8));
     EXPECT_EQ(entries(main->Combo1), (QByteArrayList{"Food", "Soup, Salad", "Retail", "Patio"}));
     EXPECT_EQ(main->Combo1->text(), "Soup, Salad");
 

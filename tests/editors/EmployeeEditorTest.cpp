@@ -19,14 +19,12 @@ namespace {
 EmployeeRec1000 employee(QByteArrayView number, QByteArrayView name, QByteArrayView phone, QByteArrayView inactive = "0")
 {
     EmployeeRec1000 record;
-    const std::pair<int, QByteArrayView> fields[] = {
-        {EmployeeRec1000::EmployeeNumber, number}, {EmployeeRec1000::EmployeeName, name}, {EmployeeRec1000::Phone, phone},
-        {EmployeeRec1000::City, "Portsmouth"},     {EmployeeRec1000::Notes, "Caf\xe9 shifts"},
-        {EmployeeRec1000::HourlyRate, "12.50"},    {EmployeeRec1000::JobTitle1, "Server"},
-        {EmployeeRec1000::JobTitle2, "Host"},      {EmployeeRec1000::JobTitle3, "Bar"},
-        {EmployeeRec1000::JobRate1, "4.25"},       {EmployeeRec1000::JobDepartment1, "Floor"},
-        {EmployeeRec1000::DefaultJob, "Server"},   {EmployeeRec1000::DefaultDepartment, "Floor"},
-        {EmployeeRec1000::AcceptsTransfers, "-1"}, {EmployeeRec1000::InactiveFlag, inactive}};
+    const std::pair<int, QByteArrayView> fields[] = {{EmployeeRec1000::EmployeeNumber, number}, {EmployeeRec1000::EmployeeName, name},
+        {EmployeeRec1000::Phone, phone}, {EmployeeRec1000::City, "Portsmouth"}, {EmployeeRec1000::Notes, "Caf\xe9 shifts"},
+        {EmployeeRec1000::HourlyRate, "12.50"}, {EmployeeRec1000::JobTitle1, "Server"}, {EmployeeRec1000::JobTitle2, "Host"},
+        {EmployeeRec1000::JobTitle3, "Bar"}, {EmployeeRec1000::JobRate1, "4.25"}, {EmployeeRec1000::JobDepartment1, "Floor"},
+        {EmployeeRec1000::DefaultJob, "Server"}, {EmployeeRec1000::DefaultDepartment, "Floor"}, {EmployeeRec1000::AcceptsTransfers, "-1"},
+        {EmployeeRec1000::InactiveFlag, inactive}};
     for (const auto &[field, text] : fields)
         record.setField(field, text);
     return record;
@@ -50,7 +48,7 @@ protected:
         site.write(QStringLiteral("Quillon/Data/Jobs1.dat"), "\"Server\"\r\n\"Bartender\"\r\n");
         site.write(QStringLiteral("Quillon/Data/DEPT.dat"), "\"Floor\"\r\n\"Kitchen\"\r\n");
         write({employee("1002", "maria Santos", "555-0102"), employee("1003", "Dave O'Brien", "555-0199", "-1"),
-               employee("1004", "Lena Fischer", "555-0150"), employee("", "", "")});
+            employee("1004", "Lena Fischer", "555-0150"), employee("", "", "")});
         Screens().add(QStringLiteral("TCEmployee"), [] { return new TCEmployee; });
         screen = Screens().touch<TCEmployee>(QStringLiteral("TCEmployee"));
     }
@@ -77,8 +75,8 @@ protected:
 
 TEST_F(EmployeeEditorTest, TheListSortsAsTheOldListBoxAndFiltersTheInactive)
 {
-    EXPECT_EQ(entries(screen->List1), (QStringList{QString(), QStringLiteral("Dave O'Brien"), QStringLiteral("Lena Fischer"),
-                                                   QStringLiteral("maria Santos")}));
+    EXPECT_EQ(entries(screen->List1),
+        (QStringList{QString(), QStringLiteral("Dave O'Brien"), QStringLiteral("Lena Fischer"), QStringLiteral("maria Santos")}));
     EXPECT_EQ(screen->cmbJob[2]->count(), 2);
     EXPECT_EQ(screen->cmbDefaultDepartment->itemText(1), QStringLiteral("Kitchen"));
     EXPECT_FALSE(screen->chkTransfers->isVisibleTo(screen)) << "no point-of-sale program beside it";

@@ -19,8 +19,8 @@ public:
     QList<SystemPrinter> printers() override
     {
         return {{QStringLiteral("Epson TM-T88"), QStringLiteral("usb://Epson/TM-T88")},
-                {QStringLiteral("Kitchen Star"), QStringLiteral("socket://10.0.0.31:9100")},
-                {QStringLiteral("Bar HP LaserJet"), QStringLiteral("ipp://10.0.0.40/ipp")}};
+            {QStringLiteral("Kitchen Star"), QStringLiteral("socket://10.0.0.31:9100")},
+            {QStringLiteral("Bar HP LaserJet"), QStringLiteral("ipp://10.0.0.40/ipp")}};
     }
     int pendingJobs(const QString &deviceName, int limit) override
     {

@@ -16,8 +16,9 @@ TEST(ItemsSoldPrintTest, TheSlipPrintsEachLineAtItsSize)
         texts.append(line.text);
         sizes.append(line.fontSize);
     }
-    EXPECT_EQ(texts, (QByteArrayList{"", "Items Sold", "From 03/01/04  To 03/02/04", "2\tBurger\t$13.00", "1\tFries\t$2.50", "",
-                                     "Total Sales Volume", "$15.50", "", "__________________ END REPORT"}));
+    EXPECT_EQ(texts,
+        (QByteArrayList{"", "Items Sold", "From 03/01/04  To 03/02/04", "2\tBurger\t$13.00", "1\tFries\t$2.50", "", "Total Sales Volume",
+            "$15.50", "", "__________________ END REPORT"}));
     EXPECT_EQ(sizes, (QList<int>{15, 25, 8, 10, 10, 10, 15, 30, 10, 10}));
 }
 

@@ -1,13 +1,13 @@
-#include "itemssold/QlonItemsSold.h"
 #include "core/RecordFile.h"
+#include "itemssold/QlonItemsSold.h"
 #include "store/ReportTemplate.h"
+#include "tests/support/CatalogueItem.h"
+#include "tests/support/RecordingOutput.h"
+#include "tests/support/ScreenTest.h"
 #include "ui/Dialogs.h"
 #include "ui/MList.h"
 #include "ui/Sound.h"
 #include "ui/VbComboBox.h"
-#include "tests/support/CatalogueItem.h"
-#include "tests/support/RecordingOutput.h"
-#include "tests/support/ScreenTest.h"
 
 #include <QCalendarWidget>
 #include <QLabel>
@@ -38,13 +38,13 @@ protected:
         site.write(QStringLiteral("Station/Items.tmp"), {});
         QByteArray buttons;
         for (const ItemRec500 &record : {test::CatalogueItem({"Burger", "Food", "6.50"}), test::CatalogueItem({"Fries", "Food", "2.50"}),
-                                          test::CatalogueItem({"Salad", "Catering", "1200"})})
+                 test::CatalogueItem({"Salad", "Catering", "1200"})})
             buttons += record.bytes();
         site.write(QStringLiteral("Quillon/ini/Button0.dat"), buttons);
         site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"),
-                   line("03/01/04", "Burger", "6.5", "F", "7:00 PM") + line("03/01/04", "Burger", "6.5", "F", "8:00 PM")
-                       + line("03/01/04", "Fries", "2.5", "F", "8:00 PM") + line("03/01/04", "Salad", "1200", "F", "8:00 PM")
-                       + line("03/01/04", "Gift Card", "25", "R", "8:00 PM") + line("03/01/04", "Soup", "4", "F", "8:00 PM"));
+            line("03/01/04", "Burger", "6.5", "F", "7:00 PM") + line("03/01/04", "Burger", "6.5", "F", "8:00 PM") +
+                line("03/01/04", "Fries", "2.5", "F", "8:00 PM") + line("03/01/04", "Salad", "1200", "F", "8:00 PM") +
+                line("03/01/04", "Gift Card", "25", "R", "8:00 PM") + line("03/01/04", "Soup", "4", "F", "8:00 PM"));
         Dialogs::useScriptedAnswers(&messages);
         Screens().add(QStringLiteral("QlonItemsSold"), [] { return new QlonItemsSold; });
         screen = Screens().touch<QlonItemsSold>(QStringLiteral("QlonItemsSold"));
@@ -84,10 +84,10 @@ TEST_F(ItemsSoldScreenTest, UpdateListReportsEveryItemSoldWithGiftsApartFromTheT
     screen->SSCommand4->click();
     EXPECT_EQ(screen->SSPanel1->text(), QStringLiteral("Report Complete"));
     // The list sorts as rows come, by the first column.
-    EXPECT_EQ(rows(), (QByteArrayList{"1|Fries             |$2.50|2.50      |Food                ",
-                                      "1|Salad             |$1,200.00|1200      |Catering            ",
-                                      "1|Gift Card & Reloads|$25.00",
-                                      "2|Burger            |$13.00|6.50      |Food                "}));
+    EXPECT_EQ(rows(),
+        (QByteArrayList{"1|Fries             |$2.50|2.50      |Food                ",
+            "1|Salad             |$1,200.00|1200      |Catering            ", "1|Gift Card & Reloads|$25.00",
+            "2|Burger            |$13.00|6.50      |Food                "}));
     EXPECT_EQ(screen->Label7->text(), QStringLiteral("$1,215.50"));
     EXPECT_EQ(screen->List4->count(), 1) << "Soup is on no button";
     // The gift total took the place of the class letter, so the message is empty, deliberately.
@@ -107,8 +107,7 @@ TEST_F(ItemsSoldScreenTest, SortsKeepThePrintListInStepAndTheFilterKeepsItsOddTo
     screen->Combo2->setText("Catering");
     screen->SSCommand9->click();
     // The gift row has three fields and takes the department of the row before it, Salad's.
-    EXPECT_EQ(rows(), (QByteArrayList{"1|Salad             |$1,200.00|1200      |Catering            ",
-                                      "1|Gift Card & Reloads|$25.00"}));
+    EXPECT_EQ(rows(), (QByteArrayList{"1|Salad             |$1,200.00|1200      |Catering            ", "1|Gift Card & Reloads|$25.00"}));
     EXPECT_EQ(screen->Label7->text(), QStringLiteral("$26.00")) << "$1,200.00 counts up to its first comma";
     screen->Combo2->setText("All");
     screen->SSCommand9->click();
@@ -134,7 +133,8 @@ TEST_F(ItemsSoldScreenTest, FilesThatCantBeReadArePassedOverByUpdateList)
     held.LockAll();
     QDir(site.driveFolder()).mkpath(QStringLiteral("Quillon/ini/Button1.dat"));
     site.write(QStringLiteral("Quillon/data/ItemsSold022004.DAT"),
-               line("02/28/04", "Fries", "2.5", "F", "8:00 PM") + "\"02/28/04\"," + QByteArray(400, '9') + ",\"Fries\",2.5,\"F\",\"8:00 PM\",\"\",\"\"\r\n");
+        line("02/28/04", "Fries", "2.5", "F", "8:00 PM") + "\"02/28/04\"," + QByteArray(400, '9') +
+            ",\"Fries\",2.5,\"F\",\"8:00 PM\",\"\",\"\"\r\n");
     for (QCalendarWidget *calendar : {screen->MonthView1}) {
         calendar->setSelectedDate(QDate(2004, 2, 28));
         emit calendar->clicked(QDate(2004, 2, 28));

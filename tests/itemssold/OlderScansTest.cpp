@@ -20,8 +20,8 @@ QByteArray line(const char *date, const char *item, const char *type, const char
 
 class NeverStop : public ScanProgress
 {
-    void setMaximum(int) override {}
-    void setValue(int) override {}
+    void setMaximum(int) override { }
+    void setValue(int) override { }
     bool stopRequested() override { return false; }
 };
 
@@ -38,9 +38,9 @@ protected:
         write("Quillon/data/BeerDraft.dat", {lager, CatalogueItem({"Stout", "Beer"})});
         // Monday the 1st of March 2004 to Thursday the 4th.
         site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"),
-                   line("03/01/04", "Burger", "F", "11:00 PM") + line("03/02/04", "Burger", "F", "12:00 PM")
-                       + line("03/03/04", "Fries", "F", "8:00 AM") + line("03/04/04", "Lager", "L", "1:00 AM")
-                       + line("03/04/04", "Burger", "F", "3:00 AM") + line("03/02/04", "Gift Card", "R", "9:00 AM"));
+            line("03/01/04", "Burger", "F", "11:00 PM") + line("03/02/04", "Burger", "F", "12:00 PM") +
+                line("03/03/04", "Fries", "F", "8:00 AM") + line("03/04/04", "Lager", "L", "1:00 AM") +
+                line("03/04/04", "Burger", "F", "3:00 AM") + line("03/02/04", "Gift Card", "R", "9:00 AM"));
     }
 
     void write(const char *path, const QList<ItemRec500> &items)
@@ -72,7 +72,8 @@ TEST_F(OlderScansTest, TheHoursBindEveryDaySoTenAtNightToTwoInTheMorningKeepsNot
     NeverStop never;
     const QByteArrayList catalogue = {"Burger            |1|F|Food", "Fries             |1|F|Food", "Lager             |1|L|Beer"};
     QByteArrayList full;
-    for (const ReportLine &line : ReportLines(ScanSalesFiles(catalogue, overnight, [] { return QByteArray("A"); }, never)))
+    for (const ReportLine &line : ReportLines(ScanSalesFiles(
+             catalogue, overnight, [] { return QByteArray("A"); }, never)))
         full.append(line.printText.split('\t').mid(0, 2).join(' ').simplified());
     EXPECT_EQ(full, (QByteArrayList{"2 Burger", "1 Fries", "1 Lager"})) << "the full scan keeps Tuesday and Wednesday whole";
 }

@@ -11,8 +11,8 @@ namespace {
 
 QByteArray catalogueRow(const char *name, const char *price, char itemClass, const char *department)
 {
-    return QByteArray(name).leftJustified(18) + '|' + QByteArray(price).leftJustified(10) + '|' + itemClass + '|'
-           + QByteArray(department).leftJustified(20);
+    return QByteArray(name).leftJustified(18) + '|' + QByteArray(price).leftJustified(10) + '|' + itemClass + '|' +
+        QByteArray(department).leftJustified(20);
 }
 
 QByteArray line(const char *date, const char *quantity, const char *item, const char *price, const char *type, const char *time)
@@ -23,9 +23,12 @@ QByteArray line(const char *date, const char *quantity, const char *item, const 
 class StopAfter : public ScanProgress
 {
 public:
-    explicit StopAfter(int questions = 1000000) : m_questions(questions) {}
-    void setMaximum(int) override {}
-    void setValue(int) override {}
+    explicit StopAfter(int questions = 1000000)
+        : m_questions(questions)
+    {
+    }
+    void setMaximum(int) override { }
+    void setValue(int) override { }
     bool stopRequested() override { return --m_questions < 0; }
 
 private:
@@ -42,20 +45,20 @@ protected:
         Site().DataRoot = "C:\\Quillon\\";
         site.write(QStringLiteral("Station/Items.tmp"), {});
         site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"),
-                   line("03/01/04", "2", "Burger", "6.5", "F", "7:00 PM") + line("03/01/04", "1", "Burger", "6.5", "F", "5:00 PM")
-                       + line("03/02/04", "1", "Cola", "1.25", "L", "1:00 AM") + line("03/02/04", "1", "Cola", "1.25", "L", "3:00 AM")
-                       + line("03/01/04", "1", "Gift Card", "25", "R", "4:00 PM")
-                       + line("03/01/04", "1", "ADD Cheese", "1", "F", "8:00 PM")
-                       + line("03/01/04", "1", "Mystery", "3", "L", "8:00 PM") + line("03/01/04", "1", "", "9", "F", "8:00 PM")
-                       + line("03/05/04", "1", "Burger", "6.5", "F", "8:00 PM"));
+            line("03/01/04", "2", "Burger", "6.5", "F", "7:00 PM") + line("03/01/04", "1", "Burger", "6.5", "F", "5:00 PM") +
+                line("03/02/04", "1", "Cola", "1.25", "L", "1:00 AM") + line("03/02/04", "1", "Cola", "1.25", "L", "3:00 AM") +
+                line("03/01/04", "1", "Gift Card", "25", "R", "4:00 PM") + line("03/01/04", "1", "ADD Cheese", "1", "F", "8:00 PM") +
+                line("03/01/04", "1", "Mystery", "3", "L", "8:00 PM") + line("03/01/04", "1", "", "9", "F", "8:00 PM") +
+                line("03/05/04", "1", "Burger", "6.5", "F", "8:00 PM"));
         site.write(QStringLiteral("Quillon/data/ItemsSold042004.DAT"), line("04/01/04", "1", "Cola", "1.25", "L", "1:00 PM"));
     }
 
     SalesScan scan(const QByteArray &mode, ScanProgress &&progress = StopAfter())
     {
         const QByteArrayList catalogue = {catalogueRow("Burger", "6.50", 'F', "Food"), catalogueRow("Burger", "7.00", 'F', "Food"),
-                                          catalogueRow("Cola", "1.25", 'L', "Beverage")};
-        return ScanSalesFiles(catalogue, {"03/01/04", "03/02/04", "6:00 pm", "2:00 am"}, [mode] { return mode; }, progress);
+            catalogueRow("Cola", "1.25", 'L', "Beverage")};
+        return ScanSalesFiles(
+            catalogue, {"03/01/04", "03/02/04", "6:00 pm", "2:00 am"}, [mode] { return mode; }, progress);
     }
 
     test::TempSite site;
@@ -101,16 +104,17 @@ TEST_F(SalesFileScanTest, AStopEndsTheScanAndShortNamesGetThreeBlanks)
 TEST_F(SalesFileScanTest, TheSpansEdgesCountAndTheTestsKeepTheirCase)
 {
     site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"),
-               line("03/01/04", "1", "Burger", "6.5", "F", "6:00 PM") + line("03/01/04", "1", "Burger", "6.5", "F", "5:59:59 PM")
-                   + line("03/02/04", "1", "Burger", "6.5", "F", "2:00:45 AM") + line("03/02/04", "1", "Burger", "6.5", "F", "2:01 AM")
-                   + line("03/01/04", "1", "gift card", "25", "R", "8:00 PM") + line("03/01/04", "-3", "Cola", "-3.75", "L", "8:00 PM")
-                   + line("03/01/04", "1", "NO ONIONS", "0", "F", "8:00 PM") + line("03/01/04", "1", "No onions", "0", "F", "8:00 PM"));
+        line("03/01/04", "1", "Burger", "6.5", "F", "6:00 PM") + line("03/01/04", "1", "Burger", "6.5", "F", "5:59:59 PM") +
+            line("03/02/04", "1", "Burger", "6.5", "F", "2:00:45 AM") + line("03/02/04", "1", "Burger", "6.5", "F", "2:01 AM") +
+            line("03/01/04", "1", "gift card", "25", "R", "8:00 PM") + line("03/01/04", "-3", "Cola", "-3.75", "L", "8:00 PM") +
+            line("03/01/04", "1", "NO ONIONS", "0", "F", "8:00 PM") + line("03/01/04", "1", "No onions", "0", "F", "8:00 PM"));
     QByteArrayList catalogue = {catalogueRow("Burger", "6.50", 'F', "Food"), catalogueRow("Cola", "1.25", 'L', "Beverage")};
     for (int filler = 0; filler < 4001; ++filler)
         catalogue.append(catalogueRow("Filler", "1", 'F', "Food"));
     catalogue.append(catalogueRow("Past The Table", "1", 'R', "Retail"));
     StopAfter never;
-    const SalesScan both = ScanSalesFiles(catalogue, {"03/01/04", "03/02/04", "6:00 pm", "2:00 am"}, [] { return QByteArray("B"); }, never);
+    const SalesScan both = ScanSalesFiles(
+        catalogue, {"03/01/04", "03/02/04", "6:00 pm", "2:00 am"}, [] { return QByteArray("B"); }, never);
 
     EXPECT_EQ(both.rows[0].quantity, 2) << "6:00 PM on the first day and 2:00:45 AM, in whole minutes 2:00, on the last";
     EXPECT_EQ(both.giftCount, 0) << "\"gift card\" isn't a gift";
@@ -121,7 +125,8 @@ TEST_F(SalesFileScanTest, TheSpansEdgesCountAndTheTestsKeepTheirCase)
     ASSERT_EQ(report.size(), 2u);
     EXPECT_EQ(report[1].listText.left(29), "-3|Cola              |($3.75)") << "a refund still makes its line";
 
-    const SalesScan end = ScanSalesFiles(catalogue, {"03/01/04", "03/02/04", "6:00 pm", "11:59 pm"}, [] { return QByteArray("F"); }, never);
+    const SalesScan end = ScanSalesFiles(
+        catalogue, {"03/01/04", "03/02/04", "6:00 pm", "11:59 pm"}, [] { return QByteArray("F"); }, never);
     EXPECT_EQ(end.rows[0].quantity, 3) << "a span ending at 11:59 pm keeps 2:01 AM on its last day";
     EXPECT_EQ(end.notReported, QByteArrayList{"No onions"}) << "a food report leaves the retail line out";
 }
@@ -143,7 +148,8 @@ TEST_F(SalesFileScanTest, EveryLineCountsWhereAWalkFromTheTopFindsItsName)
     }
     site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"), lines);
     StopAfter never;
-    const SalesScan found = ScanSalesFiles(catalogue, {"03/01/04", "03/02/04", "6:00 pm", "2:00 am"}, [] { return QByteArray("A"); }, never);
+    const SalesScan found = ScanSalesFiles(
+        catalogue, {"03/01/04", "03/02/04", "6:00 pm", "2:00 am"}, [] { return QByteArray("A"); }, never);
 
     std::vector<double> walked(catalogue.size() + 1, 0);
     for (const QByteArray &item : items) {

@@ -25,16 +25,17 @@ QByteArrayList names(const PrintedList &printed)
 TEST(ItemsSoldReportTest, PrintsThreeAcrossWithTheLeftOverLineAndTotalsOnlyItemRows)
 {
     ListRows list;
-    AddRows(list, {"Burger|Food|6.50|12|78.00|x", "Soda|Bev|1.50|2|3.00|x", "Pie|Food|3.00|1|3.25|x", "Cake|Food|2.00|1|2.00|x",
-                "", "********************", "**Food|Total|14|14|$83.25|Q8$|Q9$|Q5$"});
+    AddRows(list,
+        {"Burger|Food|6.50|12|78.00|x", "Soda|Bev|1.50|2|3.00|x", "Pie|Food|3.00|1|3.25|x", "Cake|Food|2.00|1|2.00|x", "",
+            "********************", "**Food|Total|14|14|$83.25|Q8$|Q9$|Q5$"});
 
     const PrintedList printed = ItemsSoldPrintLayout(list);
 
     ASSERT_EQ(printed.lines.size(), 3);
-    EXPECT_EQ(names(printed), (QByteArrayList{"Burger/12/78.00", "Soda/2/3.00", "Pie/1/3.25",
-                                              // Rows without a separator have no name: their place stays blank.
-                                              "Cake/1/2.00", "//", "//",
-                                              "**Food/14/$83.25", "//", "//"}));
+    EXPECT_EQ(names(printed),
+        (QByteArrayList{"Burger/12/78.00", "Soda/2/3.00", "Pie/1/3.25",
+            // Rows without a separator have no name: their place stays blank.
+            "Cake/1/2.00", "//", "//", "**Food/14/$83.25", "//", "//"}));
     EXPECT_DOUBLE_EQ(printed.grandTotal, 86.25);
 
     ListRows three;
@@ -61,7 +62,7 @@ TEST(ItemsSoldReportTest, TotalRowsSkipEmptyNamesAndKeepTheSumsOfTheRowBeforePas
     AddRows(units, {"3", "0"});
 
     EXPECT_EQ(DepartmentTotalRows(sales, units, {"Food", "", "Beer"}),
-              (QByteArrayList{"**Food|Total|3|3|$12.50|Q8$|Q9$|Q5$", "**Beer|Total|0|0|$0.00|Q8$|Q9$|Q5$"}));
+        (QByteArrayList{"**Food|Total|3|3|$12.50|Q8$|Q9$|Q5$", "**Beer|Total|0|0|$0.00|Q8$|Q9$|Q5$"}));
     EXPECT_EQ(DepartmentTotalRows(sales, units, {"Food", "Wine", "Beer"}).last(), "**Beer|Total|0|0|$0.00|Q8$|Q9$|Q5$");
 
     ListRows one;

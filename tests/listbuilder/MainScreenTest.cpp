@@ -1,10 +1,10 @@
-#include "listbuilder/QLONlistBuilder1.h"
 #include "core/Conversions.h"
 #include "core/ErrorIgnoring.h"
-#include "ui/MList.h"
-#include "ui/VbComboBox.h"
+#include "listbuilder/QLONlistBuilder1.h"
 #include "tests/support/Rows.h"
 #include "tests/support/ScreenTest.h"
+#include "ui/MList.h"
+#include "ui/VbComboBox.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
@@ -50,7 +50,7 @@ TEST_F(MainScreenTest, AMissingDepartmentsFileIsCreatedWithTheMainScreensList)
 {
     QLONlistBuilder1 *screen = load();
     EXPECT_EQ(site.read(QStringLiteral("Quillon/data/Departments.dat")),
-              "\"Food\"\r\n\"Beverage\"\r\n\"Catering\"\r\n\"Speicals\"\r\n\"Retail\"\r\n\"Gift Card\"\r\n\"All\"\r\n");
+        "\"Food\"\r\n\"Beverage\"\r\n\"Catering\"\r\n\"Speicals\"\r\n\"Retail\"\r\n\"Gift Card\"\r\n\"All\"\r\n");
     EXPECT_EQ(screen->Combo1->entryCount(), 7);
 }
 
@@ -122,8 +122,8 @@ TEST_F(MainScreenTest, RemovingUnsoldRowsLeavesWhatTheWalkOverTheListLeaves)
         screen->MList4.clear();
         const int count = int(random.bounded(30));
         for (int row = 0; row < count; ++row) {
-            const QByteArray text = random.bounded(5) == 0 ? QByteArray("**********")
-                                                           : "Item|F|1.00|" + QByteArray::number(random.bounded(3)) + "|x";
+            const QByteArray text =
+                random.bounded(5) == 0 ? QByteArray("**********") : "Item|F|1.00|" + QByteArray::number(random.bounded(3)) + "|x";
             screen->MList4.addRow(text);
             reference.addRow(text);
         }

@@ -37,8 +37,7 @@ TEST_F(PathMapTest, FindsEveryNameWithoutRegardToCase)
     EXPECT_EQ(paths.toHost(QStringLiteral("c:\\Quillon\\data\\liqModifiers.dat")), expected);
     EXPECT_EQ(paths.toHost(QStringLiteral("C:\\QUILLON\\DATA\\LIQMODIFIERS.DAT")), expected);
     EXPECT_EQ(paths.toHost(QStringLiteral("c:/quillon/data/LiqModifiers.dat")), expected);
-    EXPECT_EQ(paths.toHost(QStringLiteral("c:\\Quillon\\\\temp\\tempinv.DAT")),
-              root.filePath(QStringLiteral("Quillon/Temp/TempInv.dat")));
+    EXPECT_EQ(paths.toHost(QStringLiteral("c:\\Quillon\\\\temp\\tempinv.DAT")), root.filePath(QStringLiteral("Quillon/Temp/TempInv.dat")));
 }
 
 TEST_F(PathMapTest, NewNamesKeepTheProgramsSpelling)
@@ -51,9 +50,9 @@ TEST_F(PathMapTest, PrefersTheExactSpellingAmongSeveral)
 {
     touch(root.filePath(QStringLiteral("Quillon/data/liqModifiers.dat")));
     EXPECT_EQ(paths.toHost(QStringLiteral("c:\\Quillon\\data\\liqModifiers.dat")),
-              root.filePath(QStringLiteral("Quillon/data/liqModifiers.dat")));
+        root.filePath(QStringLiteral("Quillon/data/liqModifiers.dat")));
     EXPECT_EQ(paths.toHost(QStringLiteral("c:\\Quillon\\data\\LiqModifiers.dat")),
-              root.filePath(QStringLiteral("Quillon/data/LiqModifiers.dat")));
+        root.filePath(QStringLiteral("Quillon/data/LiqModifiers.dat")));
 }
 
 TEST_F(PathMapTest, AFolderWithoutTrailingBackslashJoinsIntoTheName)

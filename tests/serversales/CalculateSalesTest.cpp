@@ -1,22 +1,22 @@
 #include "core/SiteFile.h"
-#include "listbuilder/logic/CSort.h"
-#include "listbuilder/QLONlistBuilder3.h"
-#include "ui/Dialogs.h"
 #include "listbuilder/QLONlistBuilder1.h"
-#include "ui/MList.h"
-#include "ui/VbComboBox.h"
+#include "listbuilder/QLONlistBuilder3.h"
+#include "listbuilder/logic/CSort.h"
 #include "serversales/QLONlistBuilder2.h"
 #include "store/ItemRec500.h"
 #include "store/SiteConfig.h"
 #include "store/SqliteSalesWriter.h"
 #include "tests/support/CatalogueItem.h"
 #include "tests/support/ScreenTest.h"
+#include "ui/Dialogs.h"
+#include "ui/MList.h"
+#include "ui/VbComboBox.h"
 
 #include <QDir>
 #include <QLabel>
-#include <QTableWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableWidget>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -26,8 +26,8 @@ namespace {
 
 using test::CatalogueItem;
 
-SalesRow sale(int id, const QByteArray &name, const QByteArray &date, const QByteArray &time, const QByteArray &quantity,
-              const QByteArray &price)
+SalesRow sale(
+    int id, const QByteArray &name, const QByteArray &date, const QByteArray &time, const QByteArray &quantity, const QByteArray &price)
 {
     SalesRow row;
     row[OrderID] = QByteArray::number(id);
@@ -58,8 +58,9 @@ protected:
         writeConfiguration("C:\\Quillon\\", "\"01/01/2004\",\"01/02/2004\"\r\n");
         site.write(QStringLiteral("Quillon/data/Departments.dat"), "\"Food\"\r\n\"Beer\"\r\n\"Retail\"\r\n\"Empty\"\r\n");
         QByteArray catalogue;
-        for (const ItemRec500 &record : {CatalogueItem({"Burger", "Food", "6.50"}), CatalogueItem({"Lager", "Beer", "4.00"}), CatalogueItem({"Joe's Wings", "Food", "9.95"}),
-                                         CatalogueItem({"Cap", "Retail", "15.00"}), CatalogueItem({"Ghost", "Food", "1.00"}), CatalogueItem({"Odd", "Mystery", "2.00"})})
+        for (const ItemRec500 &record : {CatalogueItem({"Burger", "Food", "6.50"}), CatalogueItem({"Lager", "Beer", "4.00"}),
+                 CatalogueItem({"Joe's Wings", "Food", "9.95"}), CatalogueItem({"Cap", "Retail", "15.00"}),
+                 CatalogueItem({"Ghost", "Food", "1.00"}), CatalogueItem({"Odd", "Mystery", "2.00"})})
             catalogue += record.bytes();
         site.write(QStringLiteral("Quillon/Temp/TempInv.dat"), catalogue);
 
@@ -115,14 +116,14 @@ TEST_F(CalculateSalesTest, AFinishedRunFillsTheRowsTheFilesAndTheTotals)
     };
     EXPECT_EQ(rows(), expected);
     EXPECT_EQ(site.read(QStringLiteral("Quillon/TempItems.dat")),
-              "\"ITEMNAME\",\"UNITS SOLD\",\"SALES TOTAL\"\r\n\"Burger\",\"3\",\"12.\"\r\n\"Lager\",\"2\",\"8.\"\r\n"
-              "\"JoeMs Wings\",\"0\",\".\"\r\n\"Cap\",\"0\",\".\"\r\n\"Ghost\",\"0\",\".\"\r\n\"Odd\",\"1\",\"2.01\"\r\n");
+        "\"ITEMNAME\",\"UNITS SOLD\",\"SALES TOTAL\"\r\n\"Burger\",\"3\",\"12.\"\r\n\"Lager\",\"2\",\"8.\"\r\n"
+        "\"JoeMs Wings\",\"0\",\".\"\r\n\"Cap\",\"0\",\".\"\r\n\"Ghost\",\"0\",\".\"\r\n\"Odd\",\"1\",\"2.01\"\r\n");
     EXPECT_EQ(site.read(QStringLiteral("Quillon/TempItemsRec.dat")),
-              "\"This the DB REcord Number as the item is added to the list\",\"\",\"\"\r\n"
-              "\"ITEMNAME\",\"DB REcord\",\"UnitSold\",\"OrderDate\",\"ReceiptID\",\" Order Number\",\"SaleType\"\r\n"
-              "\"Burger\",\"1\",\"3\",\"1/1/2004\",\"R1\",\"1\",\"Dine In\"\r\n"
-              "\"Lager\",\"3\",\"2\",\"1/2/2004\",\"R3\",\"3\",\"Dine In\"\r\n"
-              "\"Odd\",\"6\",\"1\",\"1/1/2004\",\"R6\",\"6\",\"Dine In\"\r\n");
+        "\"This the DB REcord Number as the item is added to the list\",\"\",\"\"\r\n"
+        "\"ITEMNAME\",\"DB REcord\",\"UnitSold\",\"OrderDate\",\"ReceiptID\",\" Order Number\",\"SaleType\"\r\n"
+        "\"Burger\",\"1\",\"3\",\"1/1/2004\",\"R1\",\"1\",\"Dine In\"\r\n"
+        "\"Lager\",\"3\",\"2\",\"1/2/2004\",\"R3\",\"3\",\"Dine In\"\r\n"
+        "\"Odd\",\"6\",\"1\",\"1/1/2004\",\"R6\",\"6\",\"Dine In\"\r\n");
     EXPECT_TRUE(screen->SSCommand6->isVisibleTo(screen)) << "PRINT";
     EXPECT_TRUE(screen->SSCommand5->isHidden()) << "Stop";
     EXPECT_EQ(screen->MList4.rowCount(), 3 + 1 + 4);
@@ -161,8 +162,8 @@ TEST_F(CalculateSalesTest, StopEndsTheRunAfterTheRowInWork)
     EXPECT_EQ(rows().first(), "Burger|Food|6.50|4|$25.50|0000000004|00000025.5|25.5");
     EXPECT_EQ(rows().at(1), "Lager|Beer|4.00|0|0") << "rows not reached keep their zeros";
     EXPECT_FALSE(rows().contains("********************"));
-    EXPECT_EQ(site.read(QStringLiteral("Quillon/TempItems.dat")),
-              "\"ITEMNAME\",\"UNITS SOLD\",\"SALES TOTAL\"\r\n\"Burger\",\"4\",\"25.5\"\r\n");
+    EXPECT_EQ(
+        site.read(QStringLiteral("Quillon/TempItems.dat")), "\"ITEMNAME\",\"UNITS SOLD\",\"SALES TOTAL\"\r\n\"Burger\",\"4\",\"25.5\"\r\n");
 }
 
 TEST_F(CalculateSalesTest, TheSortOptionsOrderTheCalculatedList)
@@ -175,9 +176,9 @@ TEST_F(CalculateSalesTest, TheSortOptionsOrderTheCalculatedList)
     QByteArrayList sorted = rows();
     for (int row = 0; row < 4; ++row)
         EXPECT_TRUE(sorted[row].startsWith("**")) << sorted[row].toStdString();
-    EXPECT_EQ(sorted.mid(4, 3), (QByteArrayList{"Burger|Food|6.50|3|$12.00|0000000003|000000012.|12.",
-                                                "Lager|Beer|4.00|2|$8.00|0000000002|000000008.|8.",
-                                                "Odd|Mystery|2.00|1|$2.01|0000000001|0000002.01|2.01"}));
+    EXPECT_EQ(sorted.mid(4, 3),
+        (QByteArrayList{"Burger|Food|6.50|3|$12.00|0000000003|000000012.|12.", "Lager|Beer|4.00|2|$8.00|0000000002|000000008.|8.",
+            "Odd|Mystery|2.00|1|$2.01|0000000001|0000002.01|2.01"}));
     EXPECT_EQ(sorted.mid(sorted.size() - 2), (QByteArrayList{"", "********************"}))
         << "the empty row and the separator sort to the bottom";
 
@@ -190,8 +191,8 @@ TEST_F(CalculateSalesTest, TheSortOptionsOrderTheCalculatedList)
 
     screen->SSOption4[2]->click();
     // By text: "0000002.01" ranks above "000000012." although 2.01 is the smaller sum.
-    EXPECT_EQ(rows().mid(4, 2), (QByteArrayList{"Odd|Mystery|2.00|1|$2.01|0000000001|0000002.01|2.01",
-                                               "Burger|Food|6.50|3|$12.00|0000000003|000000012.|12."}));
+    EXPECT_EQ(rows().mid(4, 2),
+        (QByteArrayList{"Odd|Mystery|2.00|1|$2.01|0000000001|0000002.01|2.01", "Burger|Food|6.50|3|$12.00|0000000003|000000012.|12."}));
     screen->SSOption4[3]->click();
     EXPECT_TRUE(screen->SSOption4[2]->isChecked()) << "No Sort can't be chosen once disabled";
 }
@@ -221,10 +222,10 @@ TEST_F(CalculateSalesTest, RemovalRebuildsTheListAndPassesOverTheRowBehindEachRe
 {
     calculate("06:00 pm", "11:59 pm");
     screen->SSCommand3->click();
-    EXPECT_EQ(rows(), (QByteArrayList{"Burger|Food|6.50|3|$12.00|0000000003|000000012.|12.",
-                                      "Lager|Beer|4.00|2|$8.00|0000000002|000000008.|8.",
-                                      "Odd|Mystery|2.00|1|$2.01|0000000001|0000002.01|2.01", "**Food|Total|4|4|$14.01|Q8$|Q9$|Q5$",
-                                      "**Beer|Total|2|2|$8.00|Q8$|Q9$|Q5$", "**Empty|Total|0|0|$0.00|Q8$|Q9$|Q5$"}));
+    EXPECT_EQ(rows(),
+        (QByteArrayList{"Burger|Food|6.50|3|$12.00|0000000003|000000012.|12.", "Lager|Beer|4.00|2|$8.00|0000000002|000000008.|8.",
+            "Odd|Mystery|2.00|1|$2.01|0000000001|0000002.01|2.01", "**Food|Total|4|4|$14.01|Q8$|Q9$|Q5$",
+            "**Beer|Total|2|2|$8.00|Q8$|Q9$|Q5$", "**Empty|Total|0|0|$0.00|Q8$|Q9$|Q5$"}));
     EXPECT_TRUE(screen->MList1->rowTag(0).isEmpty()) << "the tags are gone";
     QList<int> selected;
     for (int row = 0; row < screen->MList1->rowCount(); ++row) {

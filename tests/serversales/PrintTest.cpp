@@ -1,10 +1,10 @@
 #include "listbuilder/QLONlistBuilder1.h"
-#include "ui/MList.h"
-#include "ui/Report.h"
 #include "store/ReportTemplate.h"
 #include "store/SiteConfig.h"
 #include "tests/support/RecordingOutput.h"
 #include "tests/support/ScreenTest.h"
+#include "ui/MList.h"
+#include "ui/Report.h"
 
 #include <QLabel>
 

@@ -1,11 +1,11 @@
 #include "listbuilder/QLONlistBuilder1.h"
-#include "ui/MList.h"
-#include "ui/VbComboBox.h"
-#include "ui/VbTextBox.h"
 #include "serversales/QLONserverLiquor.h"
 #include "store/EmployeeRec1000.h"
 #include "store/SqliteSalesWriter.h"
 #include "tests/support/ScreenTest.h"
+#include "ui/MList.h"
+#include "ui/VbComboBox.h"
+#include "ui/VbTextBox.h"
 
 #include <QCalendarWidget>
 #include <QFrame>
@@ -140,7 +140,8 @@ TEST_F(ServerScreenTest, UpdateShowsTheServersSalesAndWritesBothLists)
     screen->Combo1->pick(0);
     screen->Command1->click();
     EXPECT_EQ(screen->Label2->text(), QStringLiteral("Search Completed"));
-    EXPECT_EQ(rows(screen->MList1), (QByteArrayList{"1002,1/1/2004,Rum,6,Liquor,7:00:00 PM", "1002,1/1/2004,Burger,12.254,Food,8:00:00 PM"}));
+    EXPECT_EQ(
+        rows(screen->MList1), (QByteArrayList{"1002,1/1/2004,Rum,6,Liquor,7:00:00 PM", "1002,1/1/2004,Burger,12.254,Food,8:00:00 PM"}));
     EXPECT_EQ(screen->Text3->text(), QStringLiteral("$18.25"));
     EXPECT_EQ(screen->Text4->text(), QStringLiteral("$6.00"));
     EXPECT_EQ(screen->Text5->text(), QStringLiteral("$12.25"));
@@ -151,8 +152,7 @@ TEST_F(ServerScreenTest, UpdateShowsTheServersSalesAndWritesBothLists)
                                "~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~\r\n";
     const QByteArray totals = "________________________________\r\nGrand Total Sales\t$18.25\r\nTotal Liquor Sales\t$6.00\r\n"
                               "Total Food Sales\t$12.25\r\n";
-    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")),
-              heading + "Rum\t6\tLiquor\r\nBurger\t12.254\tFood\r\n" + totals);
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")), heading + "Rum\t6\tLiquor\r\nBurger\t12.254\tFood\r\n" + totals);
     EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList2.Tmp")), heading + "Liquor\t\t$6.00\r\nWine\t\t$0.00\r\n" + totals);
 
     screen->Combo1->setText("  ");

@@ -6,11 +6,11 @@ namespace qlon {
 namespace {
 
 SalesRow sale(const char *server, const char *date, const char *time, const char *item, const char *type, const char *price,
-              const char *quantity = "1")
+    const char *quantity = "1")
 {
     SalesRow row;
-    const std::pair<SalesColumn, const char *> values[] = {{EmpNumber, server}, {OrderDate, date}, {Time, time}, {Item, item},
-                                                           {ItemType, type},    {UnitPrice, price}, {Quantity, quantity}};
+    const std::pair<SalesColumn, const char *> values[] = {
+        {EmpNumber, server}, {OrderDate, date}, {Time, time}, {Item, item}, {ItemType, type}, {UnitPrice, price}, {Quantity, quantity}};
     for (const auto &[column, text] : values) {
         if (text)
             row[column] = text;
@@ -70,12 +70,12 @@ TEST_F(ServerSearchTest, FindsTheServerAnywhereInTheNumberAndCountsLiquorByItsTy
 TEST_F(ServerSearchTest, RowsOutsideTheSpanReachTheTallyWithTheLastPriceInIt)
 {
     const std::vector<SalesRow> rows = {
-        sale("1002", "1/1/2004", "5:00:00 PM", "Early", "Liquor", "7"),   // before any row in the span: adds 0
+        sale("1002", "1/1/2004", "5:00:00 PM", "Early", "Liquor", "7"), // before any row in the span: adds 0
         sale("1002", "1/1/2004", "7:00:00 PM", "Rum", "Liquor", "6"),
         sale("1002", "1/2/2004", "3:00:00 AM", "Late", "Liquor", "8", "3"), // adds the 6 again, with its own 3
-        sale("1002", "1/1/2004", "9:00:00 PM", "Mystery", "Other", "5"),     // no department: totals only
-        sale("1002", "1/1/2004", "9:30:00 PM", "Plain", "", "2"),            // the empty row past the list
-        sale("1002", nullptr, nullptr, nullptr, "Liquor", nullptr),          // nulls keep the row before
+        sale("1002", "1/1/2004", "9:00:00 PM", "Mystery", "Other", "5"), // no department: totals only
+        sale("1002", "1/1/2004", "9:30:00 PM", "Plain", "", "2"), // the empty row past the list
+        sale("1002", nullptr, nullptr, nullptr, "Liquor", nullptr), // nulls keep the row before
     };
     const ServerSales sales = search("1002", rows);
     ASSERT_EQ(sales.accepted.size(), 4u);
@@ -87,8 +87,8 @@ TEST_F(ServerSearchTest, RowsOutsideTheSpanReachTheTallyWithTheLastPriceInIt)
 
 TEST_F(ServerSearchTest, ABadSpanTextRejectsEveryRow)
 {
-    const std::vector<SalesRow> rows = {sale("1002", "1/1/2004", "7:00:00 PM", "Rum", "Liquor", "6"),
-                                        sale("1002", "1/2/2004", "bad", "Rum", "Liquor", "6")};
+    const std::vector<SalesRow> rows = {
+        sale("1002", "1/1/2004", "7:00:00 PM", "Rum", "Liquor", "6"), sale("1002", "1/2/2004", "bad", "Rum", "Liquor", "6")};
     EXPECT_EQ(search("1002", rows).accepted.size(), 1u);
     const ServerSales badSpan = SearchServerSales(rows, {"1002", {"1/1/2004", "1/2/2004", "6 o'clock", "2:00 AM"}, 4}, table);
     EXPECT_TRUE(badSpan.accepted.empty());

@@ -1,8 +1,8 @@
+#include "serversales/logic/SpanSales.h"
 #include "core/Conversions.h"
 #include "core/FixedField.h"
 #include "core/Format.h"
 #include "core/TextFile.h"
-#include "serversales/logic/SpanSales.h"
 #include "tests/support/Printers.h"
 
 #include <QRandomGenerator>
@@ -21,10 +21,7 @@ public:
     {
     }
     void SelectAll(const SalesVisitor &visit) override { walk(EverySalesColumn, visit); }
-    void SelectSpan(QByteArrayView, QByteArrayView, SalesColumns columns, const SalesVisitor &visit) override
-    {
-        walk(columns, visit);
-    }
+    void SelectSpan(QByteArrayView, QByteArrayView, SalesColumns columns, const SalesVisitor &visit) override { walk(columns, visit); }
 
 private:
     void walk(SalesColumns columns, const SalesVisitor &visit) const
@@ -93,10 +90,11 @@ ItemSales walkForOneItem(const std::vector<SalesRow> &rows, const QByteArray &na
             continue;
         sales.sales += FormattedValue(columns[UnitPrice], "########.##");
         sales.units += NumericValue(columns[Quantity]);
-        sales.trace += '"' + QByteArrayList{columns[Item], columns[OrderID], columns[Quantity], columns[OrderDate], columns[ReceiptID],
-                                            columns[OrderNumber], columns[SaleType]}
-                                .join("\",\"")
-            + "\"\r\n";
+        sales.trace += '"' +
+            QByteArrayList{columns[Item], columns[OrderID], columns[Quantity], columns[OrderDate], columns[ReceiptID], columns[OrderNumber],
+                columns[SaleType]}
+                .join("\",\"") +
+            "\"\r\n";
     }
     return sales;
 }
@@ -112,8 +110,8 @@ public:
         return rows;
     }
 
-    const QByteArrayList names = {"Burger", " Burger ", "Joe's Wings", "JoeMs Wings", "", "Cola", "ADD Cheese", "1000",
-                                  "burger", "Fish & Chips"};
+    const QByteArrayList names = {
+        "Burger", " Burger ", "Joe's Wings", "JoeMs Wings", "", "Cola", "ADD Cheese", "1000", "burger", "Fish & Chips"};
 
 private:
     SalesValue pick(const QList<SalesValue> &values) { return values.at(m_random.bounded(int(values.size()))); }

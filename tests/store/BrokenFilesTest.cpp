@@ -36,15 +36,15 @@ TEST(BrokenFilesTest, ACatalogueCutInItsLastRecordReadsTheCutRecordWithBlanks)
     for (const ListedItem &item : ListItems(catalogue, everything))
         rows.append(item.text);
 
-    EXPECT_EQ(rows, (QByteArrayList{"Burger|Food|6.50|0|0", "Fries|Food|2.50|0|0", "Avaliable|Food|0|0|0", "Caf\xE9 Latte|Beverage|3.25|0|0",
-                                    "Soda|Beverage|1.50|0|0", "Pie|Food|3.00|0|0"}));
+    EXPECT_EQ(rows,
+        (QByteArrayList{"Burger|Food|6.50|0|0", "Fries|Food|2.50|0|0", "Avaliable|Food|0|0|0", "Caf\xE9 Latte|Beverage|3.25|0|0",
+            "Soda|Beverage|1.50|0|0", "Pie|Food|3.00|0|0"}));
 }
 
 TEST(BrokenFilesTest, ADepartmentNameAcrossALineEndStaysOneNameAndACutNameEndsTheList)
 {
     test::TempSite site;
-    EXPECT_EQ(ReadDepartmentNames(copied(site, QStringLiteral("Departments.dat"))),
-              (QByteArrayList{"Food", "Bever\r\nage", "Beer", "Wi"}));
+    EXPECT_EQ(ReadDepartmentNames(copied(site, QStringLiteral("Departments.dat"))), (QByteArrayList{"Food", "Bever\r\nage", "Beer", "Wi"}));
 }
 
 TEST(BrokenFilesTest, AMonthlyFileWithABadDateAndANameAcrossALineEndStaysInStep)

@@ -39,8 +39,12 @@ TEST(ItemRec500Test, EachReaderHasItsOwnFreeSlots)
         bool button, drink, retail;
     };
     const Case cases[] = {
-        {"", true, true, true},          {"  Avaliable ", true, true, true}, {"Available", true, true, false},
-        {"-", false, true, false},       {"Avail", false, false, false},      {"Burger", false, false, false},
+        {"", true, true, true},
+        {"  Avaliable ", true, true, true},
+        {"Available", true, true, false},
+        {"-", false, true, false},
+        {"Avail", false, false, false},
+        {"Burger", false, false, false},
         {"avaliable", false, false, false},
     };
     for (const Case &test : cases) {

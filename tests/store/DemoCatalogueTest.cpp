@@ -1,5 +1,5 @@
-#include "core/RecordFile.h"
 #include "demo/DemoCatalogue.h"
+#include "core/RecordFile.h"
 #include "demo/DemoSite.h"
 #include "store/CatalogueFiles.h"
 #include "store/ItemRec500.h"
@@ -73,9 +73,8 @@ TEST_F(DemoCatalogueTest, TheDemoSiteHoldsARealisticCatalogueWithItsAwkwardCases
 
     const QList<ItemRec500> buttons = itemsOf("ini\\Button1.dat") + itemsOf("ini\\Button3.dat");
     const auto titled = [&](const QList<ItemRec500> &items, const QByteArray &title) {
-        return std::count_if(items.begin(), items.end(), [&](const ItemRec500 &item) {
-            return item.trimmedField(ItemRec500::ButtonTitle) == title;
-        });
+        return std::count_if(
+            items.begin(), items.end(), [&](const ItemRec500 &item) { return item.trimmedField(ItemRec500::ButtonTitle) == title; });
     };
     EXPECT_GE(titled(buttons, "Available"), 1) << "free for the button rebuild";
     EXPECT_GE(titled(buttons, ""), 1);

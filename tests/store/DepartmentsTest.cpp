@@ -31,8 +31,7 @@ TEST(DepartmentsTest, EachScreenKeepsItsOwnDefaultsRepeatsIncluded)
 TEST(DepartmentsTest, NamesKeepBlanksCommasAndSpacing)
 {
     test::TempSite site;
-    const QString path = site.write(QStringLiteral("Departments.dat"),
-                                    "\"Food\"\r\n\"\"\r\n\"Soup, Salad\"\r\n\" Bar \"\r\n\"\"\r\n");
+    const QString path = site.write(QStringLiteral("Departments.dat"), "\"Food\"\r\n\"\"\r\n\"Soup, Salad\"\r\n\" Bar \"\r\n\"\"\r\n");
     EXPECT_EQ(ReadDepartmentNames(path), (QByteArrayList{"Food", "", "Soup, Salad", " Bar ", ""}));
     EXPECT_EQ(ReadDepartmentNames(path, 2), (QByteArrayList{"Food", ""}));
 }

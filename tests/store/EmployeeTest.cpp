@@ -31,9 +31,8 @@ TEST(EmployeeTest, FieldsLieWhereTheStationsPutThem)
 TEST(EmployeeTest, ServerPickerTakesNumberedEmployeesWhoAcceptTransfers)
 {
     test::TempSite site;
-    const QByteArray file = employee(" 1002 ", "Ann Server", "-1") + employee("", "No Number", "-1")
-                            + employee("1003", "Bob Cook", "0") + employee("1004", "Cy Gone", "-1", "-1")
-                            + employee("1005", "", "1") + employee("1006", "Dee Bar", "");
+    const QByteArray file = employee(" 1002 ", "Ann Server", "-1") + employee("", "No Number", "-1") + employee("1003", "Bob Cook", "0") +
+        employee("1004", "Cy Gone", "-1", "-1") + employee("1005", "", "1") + employee("1006", "Dee Bar", "");
     // A damaged tail of half a record counts as a record only when rounding says so.
     const QString path = site.write(QStringLiteral("Data/Zemployee.dat"), file + employee("1007", "Half", "-1").left(500));
     EXPECT_EQ(ServerNumbers(path), (QByteArrayList{"1002", "1004", "1005"}));

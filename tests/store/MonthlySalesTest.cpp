@@ -10,10 +10,7 @@ namespace {
 class MonthlySalesTest : public ::testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        Site().DataRoot = "C:\\Quillon\\";
-    }
+    void SetUp() override { Site().DataRoot = "C:\\Quillon\\"; }
 
     void writeMonths(QDate first, QDate last)
     {
@@ -45,12 +42,12 @@ TEST_F(MonthlySalesTest, TheWalkStepsFromTheFromDateUntilItsOldEndOrTheLastFile)
 TEST_F(MonthlySalesTest, ARecordAFieldShortIsRejectedAndReadingGoesOnInStep)
 {
     const QString path = site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"),
-                                    "\"03/01/04\",2,\"Burger\",6.5,\"F\",\"6:05 PM\",\"\",\"\"\r\n"
-                                    "\"03/01/04\",1,\"Fries\",2.5,\"F\",\"6:06 PM\",\"\"\r\n"
-                                    "\"03/02/04\",1,\"Cola\",1.5,\"L\",\"1:00 PM\",\"\",\"\"\r\n"
-                                    "\"03/02/04\",3,\"Tea\",2,\"L\",\"2:00 PM\"\r\n\"\",\"\"\r\n"
-                                    "\"03/03/04\",1,\"Soup\",4,\"F\",\"3:00 PM\",\"\",\"\"\r\n"
-                                    "\"03/04/04\",1,\"Cut");
+        "\"03/01/04\",2,\"Burger\",6.5,\"F\",\"6:05 PM\",\"\",\"\"\r\n"
+        "\"03/01/04\",1,\"Fries\",2.5,\"F\",\"6:06 PM\",\"\"\r\n"
+        "\"03/02/04\",1,\"Cola\",1.5,\"L\",\"1:00 PM\",\"\",\"\"\r\n"
+        "\"03/02/04\",3,\"Tea\",2,\"L\",\"2:00 PM\"\r\n\"\",\"\"\r\n"
+        "\"03/03/04\",1,\"Soup\",4,\"F\",\"3:00 PM\",\"\",\"\"\r\n"
+        "\"03/04/04\",1,\"Cut");
     QByteArrayList items;
     QByteArrayList extras;
     int rejects = 0;

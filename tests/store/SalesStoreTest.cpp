@@ -1,5 +1,5 @@
-#include "store/JetSalesStore.h"
 #include "store/SalesStore.h"
+#include "store/JetSalesStore.h"
 #include "store/SqliteSalesStore.h"
 #include "store/SqliteSalesWriter.h"
 #include "tests/support/Printers.h"
@@ -89,10 +89,7 @@ RuntimeError ErrorOf(Action action)
 class JetFixtureTest : public ::testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(HaveJetFixtures()) << "the Jet test files are missing from " QLON_JET_FIXTURES;
-    }
+    void SetUp() override { ASSERT_TRUE(HaveJetFixtures()) << "the Jet test files are missing from " QLON_JET_FIXTURES; }
 
     const QString nwind = FixturePath(QStringLiteral("nwind.mdb"));
     const QString dateTest = FixturePath(QStringLiteral("DateTestDatabase.mdb"));
@@ -110,8 +107,7 @@ TEST_F(JetTableTest, ReadsEveryRowOfOrders)
 TEST_F(JetTableTest, FirstOrderReadsAsAccessShowsIt)
 {
     // Names are found without regard to case.
-    const auto rows =
-        ReadTable(nwind, "orders", {"OrderID", "customerid", "OrderDate", "Freight", "ShipName", "ShipVia"});
+    const auto rows = ReadTable(nwind, "orders", {"OrderID", "customerid", "OrderDate", "Freight", "ShipName", "ShipVia"});
     ASSERT_FALSE(rows.empty());
     EXPECT_EQ(rows.front(), Texts({"10330", "LILAS", "11/16/1994", "12.75", "LILA-Supermercado", "1"}));
 }
@@ -131,7 +127,9 @@ TEST_F(JetTableTest, TextsComeAsWindows1252)
     const auto rows = ReadTable(nwind, "Orders", {"ShipName", "ShipCity"});
     ASSERT_GE(rows.size(), 3u);
     EXPECT_EQ(rows[2][0], "M\xe8re Paillarde");
-    EXPECT_EQ(rows[2][1], "Montr\xe9" "al");
+    EXPECT_EQ(rows[2][1],
+        "Montr\xe9"
+        "al");
 }
 
 TEST_F(JetTableTest, NullsStayApartFromValues)
@@ -164,10 +162,10 @@ TEST_F(JetTableTest, AwkwardDatesReadAsTheStoredDaysMean)
         const char *time;
     };
     const Case cases[] = {
-        {"1", "12/2/2021", "12/2/2021", "12/2/2021"},   // 44532 each
-        {"2", "1/1/9999", "1/1/9999", "1/1/9999"},      // 2958101 each
-        {"3", "1/1/1898", "1/1/1899", "1/1/1900"},      // -728, -363, 2
-        {"4", "1/1/632", "1/1/633", "1/1/634"},         // -463126, -462760, -462395
+        {"1", "12/2/2021", "12/2/2021", "12/2/2021"}, // 44532 each
+        {"2", "1/1/9999", "1/1/9999", "1/1/9999"}, // 2958101 each
+        {"3", "1/1/1898", "1/1/1899", "1/1/1900"}, // -728, -363, 2
+        {"4", "1/1/632", "1/1/633", "1/1/634"}, // -463126, -462760, -462395
     };
     const auto rows = ReadTable(dateTest, "DateTest", {"IDCol", "DateTimeCol", "DateCol", "TimeCol"});
     ASSERT_GE(rows.size(), std::size(cases));
@@ -268,8 +266,7 @@ TEST_F(JetSalesStoreTest, SpanHoldsBothEndDates)
     EXPECT_EQ(select("1994-11-17", "11/17/1994"), Texts({"10332"}));
     EXPECT_EQ(select("11/17/94", "11/16/94"), Texts({}));
     const auto selectOrderIds = [&](SalesColumn column) {
-        return Collect([&](const SalesVisitor &visit) { store.SelectSpan("11/16/94", "11/17/94", ColumnsOf({OrderID}), visit); },
-                       column);
+        return Collect([&](const SalesVisitor &visit) { store.SelectSpan("11/16/94", "11/17/94", ColumnsOf({OrderID}), visit); }, column);
     };
     EXPECT_EQ(selectOrderIds(OrderID), Texts({"10330", "10331", "10332"}));
     EXPECT_EQ(selectOrderIds(OrderDate), std::vector<SalesValue>(3));
@@ -360,8 +357,8 @@ TEST_F(OpenSalesStoreTest, JetFileOpensAsTheJetStore)
     const RuntimeError error = ErrorOf([&] { OpenSalesStore(path); });
     EXPECT_EQ(error.number(), EngineMissingTable);
     EXPECT_EQ(error.description(),
-              QStringLiteral("The Microsoft Jet database engine cannot find the input table or query 'ItemsSold'.  "
-                             "Make sure it exists and that its name is spelled correctly."));
+        QStringLiteral("The Microsoft Jet database engine cannot find the input table or query 'ItemsSold'.  "
+                       "Make sure it exists and that its name is spelled correctly."));
 }
 
 // ---- The SQLite store
@@ -411,7 +408,7 @@ SqliteDatabase stationConnection(const QString &path)
 {
     SqliteDatabase station = OpenSqlite(path, SQLITE_OPEN_READWRITE);
     EXPECT_EQ(sqlite3_exec(station.get(), "PRAGMA journal_mode=WAL; INSERT INTO ItemsSold (OrderID) VALUES (2)", nullptr, nullptr, nullptr),
-              SQLITE_OK);
+        SQLITE_OK);
     return station;
 }
 
@@ -438,10 +435,10 @@ TEST_F(SqliteSalesStoreTest, AViewNamedItemsSoldIsNoSalesTable)
     SqliteDatabase database = OpenSqlite(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     // A view whose rows never end.
     ASSERT_EQ(sqlite3_exec(database.get(),
-                           "CREATE VIEW ItemsSold AS WITH RECURSIVE n(OrderID) AS (SELECT 1 UNION ALL SELECT OrderID + 1 FROM n) "
-                           "SELECT OrderID, NULL AS OrderDate FROM n",
-                           nullptr, nullptr, nullptr),
-              SQLITE_OK);
+                  "CREATE VIEW ItemsSold AS WITH RECURSIVE n(OrderID) AS (SELECT 1 UNION ALL SELECT OrderID + 1 FROM n) "
+                  "SELECT OrderID, NULL AS OrderDate FROM n",
+                  nullptr, nullptr, nullptr),
+        SQLITE_OK);
     database.reset();
     const RuntimeError error = ErrorOf([&] { SqliteSalesStore store(path); });
     EXPECT_EQ(error.number(), EngineMissingTable);
@@ -486,10 +483,17 @@ TEST_F(SqliteSalesStoreTest, NumbersComeOutInTheirShortestForms)
         const char *shown;
     };
     const Case cases[] = {
-        {OrderID, "42", "42"},      {OrderID, "4.5", "4.5"},       {OrderID, "A7", "A7"},
-        {Quantity, "3", "3"},       {Quantity, "12.50", "12.5"},   {Quantity, "-0.25", "-0.25"},
-        {UnitPrice, "0.1", "0.1"},  {UnitPrice, "1000000", "1000000"}, {UnitPrice, "1e15", "1E+15"},
-        {UnitPrice, "abc", "abc"},  {ReceiptID, "0012", "0012"},
+        {OrderID, "42", "42"},
+        {OrderID, "4.5", "4.5"},
+        {OrderID, "A7", "A7"},
+        {Quantity, "3", "3"},
+        {Quantity, "12.50", "12.5"},
+        {Quantity, "-0.25", "-0.25"},
+        {UnitPrice, "0.1", "0.1"},
+        {UnitPrice, "1000000", "1000000"},
+        {UnitPrice, "1e15", "1E+15"},
+        {UnitPrice, "abc", "abc"},
+        {ReceiptID, "0012", "0012"},
     };
     std::vector<SalesRow> rows;
     for (const Case &test : cases) {
@@ -511,13 +515,16 @@ TEST_F(SqliteSalesStoreTest, NumbersComeOutInTheirShortestForms)
 TEST_F(SqliteSalesStoreTest, NullStaysApartFromEmptyAndTextsKeepTheirBytes)
 {
     SalesRow row;
-    row[Item] = "Cr\xe8me br\xfbl\xe9" "e";
+    row[Item] = "Cr\xe8me br\xfbl\xe9"
+                "e";
     row[ReceiptID] = "";
     row[Quantity] = "";
     write({row});
     SqliteSalesStore store(path);
     store.SelectAll([](const SalesRow &read) {
-        EXPECT_EQ(read[Item], "Cr\xe8me br\xfbl\xe9" "e");
+        EXPECT_EQ(read[Item],
+            "Cr\xe8me br\xfbl\xe9"
+            "e");
         EXPECT_EQ(read[ReceiptID], "");
         EXPECT_EQ(read[Quantity], "");
         EXPECT_EQ(read[OrderNumber], std::nullopt);
@@ -625,8 +632,7 @@ TEST_F(SqliteSalesStoreTest, StatementServesManySelects)
     EXPECT_EQ(Collect([&](const SalesVisitor &visit) { store.SelectAll(visit); }), Texts({"1", "2", "3"}));
     // Another choice of columns, still judged by OrderDate, and the first choice again.
     const auto selectOrderIds = [&](SalesColumn column) {
-        return Collect([&](const SalesVisitor &visit) { store.SelectSpan("3/2/2004", "3/3/2004", ColumnsOf({OrderID}), visit); },
-                       column);
+        return Collect([&](const SalesVisitor &visit) { store.SelectSpan("3/2/2004", "3/3/2004", ColumnsOf({OrderID}), visit); }, column);
     };
     EXPECT_EQ(selectOrderIds(OrderID), Texts({"2", "3"}));
     EXPECT_EQ(selectOrderIds(OrderDate), std::vector<SalesValue>(2));
@@ -655,9 +661,10 @@ TEST(SalesSpanTest, DateTextThatCantBeReadRaisesTheEngineError)
     for (const Case &test : cases) {
         const RuntimeError error = ErrorOf([&] { ReadDateSpan(test.from, test.to); });
         EXPECT_EQ(error.number(), EngineBadValue);
-        EXPECT_EQ(error.description(), QStringLiteral("Syntax error in date in query expression "
-                                                      "'OrderDate BETWEEN #%1# AND #%2#'.")
-                                            .arg(QString::fromLatin1(test.from), QString::fromLatin1(test.to)));
+        EXPECT_EQ(error.description(),
+            QStringLiteral("Syntax error in date in query expression "
+                           "'OrderDate BETWEEN #%1# AND #%2#'.")
+                .arg(QString::fromLatin1(test.from), QString::fromLatin1(test.to)));
     }
 }
 
@@ -685,8 +692,15 @@ TEST(SalesTextTest, DateTimeValuesShowTheirPartsAsThePlatformDoes)
 TEST(SalesTextTest, NumbersTakeTheirShortestForm)
 {
     const std::pair<double, const char *> doubles[] = {
-        {12.5, "12.5"}, {3.0, "3"}, {0.0, "0"}, {-2.25, "-2.25"}, {0.1 + 0.2, "0.30000000000000004"},
-        {1e6, "1000000"}, {123456789012345.0, "123456789012345"}, {1e15, "1E+15"}, {0.00001, "0.00001"},
+        {12.5, "12.5"},
+        {3.0, "3"},
+        {0.0, "0"},
+        {-2.25, "-2.25"},
+        {0.1 + 0.2, "0.30000000000000004"},
+        {1e6, "1000000"},
+        {123456789012345.0, "123456789012345"},
+        {1e15, "1E+15"},
+        {0.00001, "0.00001"},
         {0.000001, "1E-06"},
     };
     for (const auto &[value, text] : doubles)

@@ -1,8 +1,8 @@
-#include "core/FileTable.h"
-#include "demo/DemoSite.h"
 #include "store/SiteConfig.h"
-#include "store/StartDates.h"
+#include "core/FileTable.h"
 #include "core/HostPath.h"
+#include "demo/DemoSite.h"
+#include "store/StartDates.h"
 #include "tests/support/TempSite.h"
 
 #include <gtest/gtest.h>
@@ -12,15 +12,54 @@ namespace {
 
 TEST(IniRec2300Test, FieldsStandAtTheirPositions)
 {
-    struct Case { int field; int offset; int width; };
+    struct Case
+    {
+        int field;
+        int offset;
+        int width;
+    };
     const Case cases[] = {
-        {0, 0, 40},     {3, 120, 20},   {4, 140, 50},   {5, 190, 40},   {7, 240, 20},   {8, 260, 200},
-        {9, 460, 1},    {20, 471, 1},   {21, 472, 28},  {22, 500, 5},   {26, 565, 20},  {27, 585, 1},
-        {28, 586, 20},  {31, 610, 2},   {32, 612, 288}, {34, 905, 20},  {37, 932, 5},   {39, 942, 40},
-        {41, 987, 1},   {45, 1003, 5},  {46, 1008, 5},  {48, 1018, 40}, {50, 1078, 40}, {53, 1168, 10},
-        {71, 1263, 5},  {72, 1268, 20}, {73, 1288, 2},  {100, 1420, 5}, {101, 1425, 20}, {104, 1455, 20},
-        {128, 1590, 5}, {129, 1595, 20}, {134, 1695, 20}, {158, 1830, 5}, {159, 1835, 10}, {164, 1865, 10},
-        {165, 1875, 50}, {180, 1995, 5}, {182, 2010, 10}, {185, 2030, 5}, {186, 2035, 265},
+        {0, 0, 40},
+        {3, 120, 20},
+        {4, 140, 50},
+        {5, 190, 40},
+        {7, 240, 20},
+        {8, 260, 200},
+        {9, 460, 1},
+        {20, 471, 1},
+        {21, 472, 28},
+        {22, 500, 5},
+        {26, 565, 20},
+        {27, 585, 1},
+        {28, 586, 20},
+        {31, 610, 2},
+        {32, 612, 288},
+        {34, 905, 20},
+        {37, 932, 5},
+        {39, 942, 40},
+        {41, 987, 1},
+        {45, 1003, 5},
+        {46, 1008, 5},
+        {48, 1018, 40},
+        {50, 1078, 40},
+        {53, 1168, 10},
+        {71, 1263, 5},
+        {72, 1268, 20},
+        {73, 1288, 2},
+        {100, 1420, 5},
+        {101, 1425, 20},
+        {104, 1455, 20},
+        {128, 1590, 5},
+        {129, 1595, 20},
+        {134, 1695, 20},
+        {158, 1830, 5},
+        {159, 1835, 10},
+        {164, 1865, 10},
+        {165, 1875, 50},
+        {180, 1995, 5},
+        {182, 2010, 10},
+        {185, 2030, 5},
+        {186, 2035, 265},
     };
     for (const Case &test : cases) {
         EXPECT_EQ(IniRec2300::span(test.field).offset, test.offset) << "field " << test.field;
@@ -58,10 +97,8 @@ protected:
 
 TEST_F(SiteConfigTest, FoldsTheSiteFoldersToUpperCaseAndKeepsTheOthers)
 {
-    writeConfiguration({{IniRec2300::SiteRootField, "  e:\\pos\\ "},
-                        {IniRec2300::DataRootField, "d:\\site\\"},
-                        {IniRec2300::EmployeeRootField, " d:\\Staff\\"},
-                        {IniRec2300::SecondRootField, "f:\\Backup\\  "}});
+    writeConfiguration({{IniRec2300::SiteRootField, "  e:\\pos\\ "}, {IniRec2300::DataRootField, "d:\\site\\"},
+        {IniRec2300::EmployeeRootField, " d:\\Staff\\"}, {IniRec2300::SecondRootField, "f:\\Backup\\  "}});
     ReadConfiguration();
     const SiteGlobals &globals = Site();
     EXPECT_EQ(globals.SiteRoot, "E:\\POS\\");

@@ -38,7 +38,7 @@ public:
         }
         m_record.append(printed);
     }
-    void finish() override {}
+    void finish() override { }
 
 private:
     QList<Printed> &m_record;

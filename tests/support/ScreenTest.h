@@ -1,11 +1,11 @@
 #pragma once
 
 #include "listbuilder/QLONlistBuilder1.h"
-#include "ui/ScreenRegistry.h"
 #include "store/IniRec2300.h"
 #include "store/ProgramGlobals.h"
 #include "store/SiteConfig.h"
 #include "tests/support/TempSite.h"
+#include "ui/ScreenRegistry.h"
 
 #include <QEventLoop>
 #include <QTimer>

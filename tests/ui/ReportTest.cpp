@@ -14,10 +14,7 @@ using test::RecordingOutput;
 class ReportTest : public ::testing::Test
 {
 protected:
-    bool load(const QByteArray &templateText)
-    {
-        return report.LoadTemplate(site.write(QStringLiteral("Report.vrd"), templateText));
-    }
+    bool load(const QByteArray &templateText) { return report.LoadTemplate(site.write(QStringLiteral("Report.vrd"), templateText)); }
 
     QString sections() const
     {

@@ -11,6 +11,7 @@ QString descriptionOf(RuntimeError::Number number)
     case RuntimeError::SubscriptOutOfRange: return QStringLiteral("Subscript out of range");
     case RuntimeError::DivisionByZero: return QStringLiteral("Division by zero");
     case RuntimeError::TypeMismatch: return QStringLiteral("Type mismatch");
+    case RuntimeError::ObjectClosed: return QStringLiteral("Operation is not allowed when the object is closed.");
     case RuntimeError::ObjectNotSet: return QStringLiteral("Object variable or With block variable not set");
     case RuntimeError::BadFileNameOrNumber: return QStringLiteral("Bad file name or number");
     case RuntimeError::FileNotFound: return QStringLiteral("File not found");

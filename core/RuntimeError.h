@@ -25,6 +25,7 @@ public:
         PathFileAccessError = 75,
         PathNotFound = 76,
         ObjectNotSet = 91,
+        ObjectClosed = 3704, // of the database components: "Operation is not allowed when the object is closed."
         InvalidPropertyValue = 380,
     };
 

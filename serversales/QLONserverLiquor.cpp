@@ -194,6 +194,7 @@ void QLONserverLiquor::Form_Load()
 {
     EnsureDataRoot();
     if (const std::unique_ptr<SalesStore> store = OpenDataControl(this)) {
+        m_recordsetOpen = true;
         // The recordset holds the table as it stands now; rows added later show at the next load.
         store->SelectAll([this](const SalesRow &row) {
             SalesRow kept;
@@ -344,6 +345,10 @@ void QLONserverLiquor::Get_Drink2()
     if (server.isEmpty())
         return;
 
+    // The search's recordset calls fail when the database never opened: the program ends with the
+    // platform's text rather than report a server who sold nothing.
+    if (!m_recordsetOpen)
+        throw RuntimeError(RuntimeError::ObjectClosed, HostPath(DataPath(SalesDatabaseFile)));
     const SalesSpan span{ansiText(Text6), ansiText(Text8), ansiText(Text7), ansiText(Text9)};
     const ServerSales sales = SearchServerSales(m_rows, {server, span, int(NumericValue(ToAnsi(Label8->text())))}, table);
     for (const QByteArrayList &row : sales.accepted) {

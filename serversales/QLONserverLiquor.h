@@ -91,6 +91,7 @@ private:
     void enableRunButtons(bool enabled);
 
     std::vector<SalesRow> m_rows; // the recordset, fetched at load
+    bool m_recordsetOpen = false; // false when the database couldn't be opened at load
     int m_keypadTop = 12000;
 };
 

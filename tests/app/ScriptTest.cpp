@@ -5,6 +5,7 @@
 #include "tests/support/TempSite.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QProcess>
@@ -305,6 +306,19 @@ TEST_F(ScriptTest, IndividualSalesFindsOneServersSalesOfTheWeek)
     EXPECT_TRUE(lines[3].startsWith(QLatin1Char('$'))) << lines[3].toStdString();
     EXPECT_EQ(lines[4], QStringLiteral("false")) << "the keypad went away after the opening";
     EXPECT_TRUE(site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")).contains("  Server 1005\r\n"));
+}
+
+TEST_F(ScriptTest, WithoutTheDatabaseASearchEndsTheProgramInsteadOfReportingNothingSold)
+{
+    writeDemoSite();
+    QFile::remove(site.hostPath(QStringLiteral("Quillon/data/Quillon.mdb")));
+    const Outcome result = run(QStringLiteral("click QLONlistBuilder1.SSCommand9\nwait\npick QLONserverLiquor.Combo1 1005\n"
+                                              "click QLONserverLiquor.Command1\nget QLONserverLiquor.Label2\n"));
+    EXPECT_EQ(result.status, 1);
+    const QString closed = QStringLiteral("message: QLONListBuilder | Run-time error %1%2%1:").arg(QLatin1Char('\'')).arg(3704);
+    EXPECT_TRUE(result.out.contains(closed)) << result.out.toStdString();
+    EXPECT_FALSE(result.out.contains(QStringLiteral("Search Completed")));
+    EXPECT_TRUE(result.err.contains(QStringLiteral("Quillon.mdb"))) << result.err.toStdString();
 }
 
 TEST_F(ScriptTest, ScreenshotsShowTheScreen)

@@ -109,10 +109,6 @@ QlonItemsSold::QlonItemsSold(QWidget *parent)
     MList1 = Named(new MList(this), QStringLiteral("MList1"));
     MList1->setColumns({{QStringLiteral("Sold"), 50}, {QStringLiteral("Item"), 160}, {QStringLiteral("Amount"), 90},
         {QStringLiteral("Price"), 70}, {QStringLiteral("Department"), 120}});
-    MList2 = Named(new MList(this), QStringLiteral("MList2"));
-    MList3 = Named(new MList(this), QStringLiteral("MList3"));
-    MList2->hide();
-    MList3->hide();
     List1 = hiddenList(this, QStringLiteral("List1"));
     List2 = hiddenList(this, QStringLiteral("List2"));
     List4 = hiddenList(this, QStringLiteral("List4"));
@@ -278,39 +274,29 @@ void QlonItemsSold::UpdateList()
     DisableButtons();
     SSOption4[3]->setChecked(true);
     SSOption4[3]->setEnabled(true);
-    MList3->clear();
+    MList3.clear();
     SSPanel1->setText(QStringLiteral("Retreving Sold Items"));
     // From here on a failing statement is left out: a catalogue file that can't be read gives
     // no rows, and the run goes on.
     SkipOnFailure([this] {
         for (const QByteArray &row : ReadCatalogue(reportOptions(), *this).rows)
-            MList3->addRow(row);
+            MList3.addRow(row);
     });
     if (stopped())
         return;
-    SSPanel1->setText(QStringLiteral("Sorting Items"));
-    MList3->setSortKey("0a ");
-    MList3->setSorted(true);
+    SortCatalogue();
     if (stopped())
         return;
-    SSPanel1->setText(QStringLiteral("Removing Duplicates"));
-    QByteArrayList rows;
-    for (int row = 0; row < MList3->rowCount(); ++row)
-        rows.append(MList3->rowText(row));
-    RemoveDuplicates(rows);
-    MList3->setSorted(false);
-    MList3->clear();
-    for (const QByteArray &row : rows)
-        MList3->addRow(row);
+    RemoveDuplicateRows();
     if (stopped())
         return;
     SSPanel1->setText(QStringLiteral("Retreving Sales Data"));
     SkipOnFailure([this] { ReadSalesFiles(); });
     if (stopped())
         return;
-    MList2->clear();
+    MList2.clear();
     for (int row = 0; row < MList1->rowCount(); ++row)
-        MList2->addRow(MList1->rowText(row));
+        MList2.addRow(MList1->rowText(row));
     SSCommand9->setEnabled(true);
     SSCommand11->hide();
     SSPanel1->setText(QStringLiteral("Report Complete"));
@@ -327,8 +313,8 @@ void QlonItemsSold::ReadSalesFiles()
     List2->clear();
     List4->clear();
     QByteArrayList catalogue;
-    for (int row = 0; row < MList3->rowCount(); ++row)
-        catalogue.append(MList3->rowText(row));
+    for (int row = 0; row < MList3.rowCount(); ++row)
+        catalogue.append(MList3.rowText(row));
     ProgressBar1->show();
     const SalesScan scan = ScanSalesFiles(
         catalogue, scanSpan(), [this] { return modeLetter(); }, *this);
@@ -339,19 +325,29 @@ void QlonItemsSold::ReadFoodFile()
 {
     SSPanel1->setText(QStringLiteral("Retreving Food Items"));
     runOlderScan(OlderScan::Food);
-    SSPanel1->setText(QStringLiteral("Sorting Items"));
-    MList3->setSortKey("0a ");
-    MList3->setSorted(true);
-    SSPanel1->setText(QStringLiteral("Removing Duplicates"));
-    QByteArrayList catalogue;
-    for (int row = 0; row < MList3->rowCount(); ++row)
-        catalogue.append(MList3->rowText(row));
-    RemoveDuplicates(catalogue);
-    MList3->setSorted(false);
-    MList3->clear();
-    for (const QByteArray &row : catalogue)
-        MList3->addRow(row);
+    SortCatalogue();
+    RemoveDuplicateRows();
     SSPanel1->setText(QStringLiteral("Items Sold"));
+}
+
+void QlonItemsSold::SortCatalogue()
+{
+    SSPanel1->setText(QStringLiteral("Sorting Items"));
+    MList3.setSortKey("0a ");
+    MList3.setSorted(true);
+}
+
+void QlonItemsSold::RemoveDuplicateRows()
+{
+    SSPanel1->setText(QStringLiteral("Removing Duplicates"));
+    QByteArrayList rows;
+    for (int row = 0; row < MList3.rowCount(); ++row)
+        rows.append(MList3.rowText(row));
+    RemoveDuplicates(rows);
+    MList3.setSorted(false);
+    MList3.clear();
+    for (const QByteArray &row : rows)
+        MList3.addRow(row);
 }
 
 void QlonItemsSold::ReadBarFile()
@@ -520,11 +516,11 @@ void QlonItemsSold::SSCommand9_Click()
     const bool all = selection.isEmpty() || selection == "All";
     // A row of fewer fields, such as the gift row, keeps the fields of the row before.
     CarriedFields fields(5);
-    for (int row = 0; row < MList2->rowCount(); ++row) {
-        fields.read(MList2->rowText(row));
+    for (int row = 0; row < MList2.rowCount(); ++row) {
+        fields.read(MList2.rowText(row));
         if (!all && TrimBlanks(fields[4]) != selection)
             continue;
-        addKeepingEveryRow(MList2->rowText(row));
+        addKeepingEveryRow(MList2.rowText(row));
         total += FormattedValue(fields[2], "###,###,###.##");
     }
     Label7->setText(FromAnsi(Currency(total)));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ListRows.h"
 #include "itemssold/InventoryWindow.h"
 #include "itemssold/logic/CatalogueScan.h"
 #include "itemssold/logic/OlderScans.h"
@@ -43,6 +44,8 @@ public:
     void ReadFoodFile();
     void ReadBarFile();
     void ReadBothFile();
+    void SortCatalogue();
+    void RemoveDuplicateRows();
     void DisableButtons() { setButtonsEnabled(false); }
     void EnableButtons() { setButtonsEnabled(true); }
 
@@ -75,8 +78,8 @@ public:
     QProgressBar *ProgressBar1;
     QLabel *Label7; // the total sales volume
     MList *MList1; // the report
-    MList *MList2; // the report as the scan left it, for the filter
-    MList *MList3; // the catalogue rows
+    ListRows MList2; // the report as the scan left it, for the filter; no one sees it
+    ListRows MList3; // the catalogue rows; no one sees them
     QListWidget *List1; // printable rows in display order
     QListWidget *List2; // printable rows in scan order
     QListWidget *List4; // items not reported

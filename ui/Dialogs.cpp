@@ -61,11 +61,17 @@ MessageAnswer Dialogs::scriptedMessage(const QString &title, const QString &text
     return answer;
 }
 
-MessageAnswer Dialogs::showMessage(QWidget *parent, const QString &title, const QString &text, MessageButtons buttons)
+MessageAnswer Dialogs::showMessage(
+    QWidget *parent, const QString &title, const QString &text, MessageButtons buttons, const QString &details)
 {
-    if (scripted())
+    if (scripted()) {
+        if (!details.isEmpty())
+            QTextStream(stderr) << "qlon: " << shownOnOneLine(title) << ": " << details << Qt::endl;
         return scriptedMessage(title, text, buttons);
-    return answerOf(QMessageBox::information(parent, title, text, standardButtons(buttons)));
+    }
+    QMessageBox box(QMessageBox::Information, title, text, standardButtons(buttons), parent);
+    box.setDetailedText(details);
+    return answerOf(box.exec());
 }
 
 void Dialogs::showError(const QString &title, const QString &text, const QString &details)

@@ -28,8 +28,10 @@ public:
     // A host path, or an empty text for a cancelled dialog.
     static void queueSaveAs(const QString &hostPath) { s_saveAs.push_back(hostPath); }
 
-    static MessageAnswer showMessage(
-        QWidget *parent, const QString &title, const QString &text, MessageButtons buttons = MessageButtons::Ok);
+    // `details`, such as the file concerned, go to the box's details, or in a script to standard
+    // error: the box's own text stays as the system has it.
+    static MessageAnswer showMessage(QWidget *parent, const QString &title, const QString &text,
+        MessageButtons buttons = MessageButtons::Ok, const QString &details = {});
     // The platform's error ending: its text, with where it happened (the file concerned) as the
     // box's details. A script sees the text alone; the details go to standard error.
     static void showError(const QString &title, const QString &text, const QString &details);

@@ -28,8 +28,7 @@ void EndProgram(int status)
     std::_Exit(status);
 }
 
-// Where it happened: a file as the site names it and where it lies on this host.
-QString whereItHappened(const RuntimeError &error)
+QString WhereItHappened(const RuntimeError &error)
 {
     const QByteArray sitePath = SitePathOf(error.detail());
     return sitePath.isEmpty() ? error.detail() : FromAnsi(sitePath) + QStringLiteral(", ") + error.detail();
@@ -37,7 +36,7 @@ QString whereItHappened(const RuntimeError &error)
 
 void EndWithError(const RuntimeError &error)
 {
-    const QString where = whereItHappened(error);
+    const QString where = WhereItHappened(error);
     QTextStream(stderr) << "qlon: " << error.message().simplified()
                         << (where.isEmpty() ? QString() : QStringLiteral(" (") + where + QLatin1Char(')')) << Qt::endl;
     Dialogs::showError(ProgramTitle, error.message(), where);

@@ -16,6 +16,9 @@ inline const QString ProgramTitle = QStringLiteral("QLONListBuilder");
 // Ends the program at once: open files are closed, nothing is asked, nothing else runs.
 [[noreturn]] void EndProgram(int status);
 
+// Where an error happened, for a user: a file as the site names it and where it lies on this host.
+QString WhereItHappened(const RuntimeError &error);
+
 // Shows the platform's text of an error that no one handles, on a message box and on standard
 // error, and ends the program with a non-zero status.
 [[noreturn]] void EndWithError(const RuntimeError &error);

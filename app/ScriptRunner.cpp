@@ -1,6 +1,8 @@
 #include "app/ScriptRunner.h"
 
 #include "core/Ansi.h"
+#include "core/Clock.h"
+#include "core/DateWords.h"
 #include "core/RuntimeError.h"
 #include "ui/Dialogs.h"
 #include "ui/MList.h"
@@ -52,6 +54,12 @@ QString ownText(QWidget *control)
     throw ControlError{QStringLiteral("has no caption or text")};
 }
 
+QDate scriptDate(const QString &text)
+{
+    const QDate named = DateFromWord(text, Today());
+    return named.isValid() ? named : QDate::fromString(text, scriptDateForm);
+}
+
 void setOwnText(QWidget *control, const QString &text)
 {
     if (auto *box = qobject_cast<VbComboBox *>(control))
@@ -61,9 +69,9 @@ void setOwnText(QWidget *control, const QString &text)
     if (auto *label = qobject_cast<QLabel *>(control))
         return label->setText(text);
     if (auto *calendar = qobject_cast<QCalendarWidget *>(control)) {
-        const QDate date = QDate::fromString(text, scriptDateForm);
+        const QDate date = scriptDate(text);
         if (!date.isValid())
-            throw ControlError{QStringLiteral("takes a date as MM/DD/YYYY")};
+            throw ControlError{QStringLiteral("takes a date as MM/DD/YYYY or a word such as today-1")};
         calendar->setSelectedDate(date);
         emit calendar->clicked(date);
         return;

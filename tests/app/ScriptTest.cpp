@@ -120,6 +120,15 @@ TEST_F(ScriptTest, PickersAndButtonsDoWhatTheUserSees)
         << "Done ends the program at once: the last line never runs";
 }
 
+TEST_F(ScriptTest, ACalendarTakesADateWordFromToday)
+{
+    writeDemoSite();
+    const Outcome result = run(QStringLiteral("set QLONlistBuilder1.MonthView1 last-of-last-month\nget QLONlistBuilder1.Label2\n"
+                                              "set QLONlistBuilder1.MonthView1 today-2\nget QLONlistBuilder1.Label2\n"));
+    EXPECT_EQ(result.status, 0) << result.err.toStdString();
+    EXPECT_EQ(result.lines(), (QStringList{QStringLiteral("10/31/2026"), QStringLiteral("11/21/2026")}));
+}
+
 TEST_F(ScriptTest, ABadLineStopsTheScriptNamingTheLine)
 {
     writeDemoSite();

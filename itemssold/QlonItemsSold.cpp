@@ -302,7 +302,9 @@ void QlonItemsSold::UpdateList()
     SSPanel1->setText(QStringLiteral("Report Complete"));
 }
 
-void QlonItemsSold::ReadSalesFiles()
+// The start of every scan: the hourglass, the buttons off, "WORKING" in place of the status,
+// which comes back, and the lists emptied.
+QString QlonItemsSold::beginScan()
 {
     setCursor(Qt::WaitCursor);
     DisableButtons();
@@ -311,11 +313,17 @@ void QlonItemsSold::ReadSalesFiles()
     MList1->clear();
     List1->clear();
     List2->clear();
+    ProgressBar1->show();
+    return savedStatus;
+}
+
+void QlonItemsSold::ReadSalesFiles()
+{
+    const QString savedStatus = beginScan();
     List4->clear();
     QByteArrayList catalogue;
     for (int row = 0; row < MList3.rowCount(); ++row)
         catalogue.append(MList3.rowText(row));
-    ProgressBar1->show();
     const SalesScan scan = ScanSalesFiles(
         catalogue, scanSpan(), [this] { return modeLetter(); }, *this);
     showScan(scan, savedStatus);
@@ -362,14 +370,7 @@ void QlonItemsSold::ReadBothFile()
 
 void QlonItemsSold::runOlderScan(OlderScan kind)
 {
-    setCursor(Qt::WaitCursor);
-    DisableButtons();
-    const QString savedStatus = SSPanel1->text();
-    SSPanel1->setText(QStringLiteral("WORKING"));
-    MList1->clear();
-    List1->clear();
-    List2->clear();
-    ProgressBar1->show();
+    const QString savedStatus = beginScan();
     SalesScan scan;
     // Failures are passed over, as in the full scan.
     SkipOnFailure([&] { scan = RunOlderScan(kind, m_buttonTable, scanSpan(), *this); });

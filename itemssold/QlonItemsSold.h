@@ -98,6 +98,7 @@ private:
     void SSCommand9_Click();
     void addKeepingEveryRow(const QByteArray &text);
     ScanSpan scanSpan() const;
+    QString beginScan();
     void showScan(const SalesScan &scan, const QString &savedStatus);
     void runOlderScan(OlderScan kind);
     void SSCommand5_Click();

@@ -94,10 +94,7 @@ class OlderScanner
 public:
     OlderScanner(OlderScan kind, std::vector<SoldRow> rows, const ScanSpan &span, ScanProgress &progress)
         : m_kind(kind)
-        , m_from(ToDate(span.fromDate))
-        , m_to(ToDate(span.toDate))
-        , m_fromTime(ToTime(span.fromTime))
-        , m_toTime(ToTime(span.toTime))
+        , m_limits(span)
         , m_progress(progress)
     {
         result.rows = std::move(rows);
@@ -129,7 +126,7 @@ private:
     void take(const MonthlyRecord &record)
     {
         const std::optional<QDate> date = ToDate(record[SoldDate]);
-        if (!date || (m_from && *date < *m_from) || (m_to && *date > *m_to))
+        if (!date || (m_limits.from && *date < *m_limits.from) || (m_limits.to && *date > *m_limits.to))
             return;
         const QByteArray &item = record[SoldItem];
         if (m_kind != OlderScan::Bar && item.startsWith("Gift")) {
@@ -154,15 +151,12 @@ private:
     {
         if (!saleTime)
             return false;
-        const QTime time(saleTime->hour(), saleTime->minute());
-        return (m_fromTime && time < *m_fromTime) || (m_toTime && time > *m_toTime);
+        const QTime time = InWholeMinutes(*saleTime);
+        return (m_limits.fromTime && time < *m_limits.fromTime) || (m_limits.toTime && time > *m_limits.toTime);
     }
 
     OlderScan m_kind;
-    std::optional<QDate> m_from;
-    std::optional<QDate> m_to;
-    std::optional<QTime> m_fromTime;
-    std::optional<QTime> m_toTime;
+    ScanLimits m_limits;
     ScanProgress &m_progress;
     QHash<QByteArray, int> m_firstRow;
 };

@@ -39,10 +39,7 @@ class Scanner
 {
 public:
     Scanner(const QByteArrayList &catalogueRows, const ScanSpan &span, ScanProgress &progress)
-        : m_from(ToDate(span.fromDate))
-        , m_to(ToDate(span.toDate))
-        , m_fromTime(ToTime(span.fromTime))
-        , m_toTime(ToTime(span.toTime))
+        : m_limits(span)
         , m_progress(progress)
     {
         load(catalogueRows);
@@ -59,13 +56,10 @@ private:
     void firstRowFor(const QByteArray &name);
     enum class Outcome { Counted, Dropped, Stopped };
     Outcome take(const MonthlyRecord &record, const QByteArray &modeLetter);
-    bool outsideDates(const std::optional<QDate> &date) const { return before(date, m_from) || before(m_to, date); }
+    bool outsideDates(const std::optional<QDate> &date) const { return before(date, m_limits.from) || before(m_limits.to, date); }
     bool outsideHours(const std::optional<QDate> &date, const std::optional<QTime> &saleTime) const;
 
-    std::optional<QDate> m_from;
-    std::optional<QDate> m_to;
-    std::optional<QTime> m_fromTime;
-    std::optional<QTime> m_toTime;
+    ScanLimits m_limits;
     ScanProgress &m_progress;
     // The first row of each trimmed name: what a walk of the table from the top finds first.
     QHash<QByteArray, int> m_firstRow;
@@ -92,14 +86,15 @@ void Scanner::firstRowFor(const QByteArray &name)
         m_firstRow.insert(name, int(result.rows.size()));
 }
 
-// A sale's time counts in whole minutes, as "HH:MM ampm" writes it: a span ending at 11:59 pm
-// takes 11:59:30 PM.
+// The span's hours bind only its first and last days.
 bool Scanner::outsideHours(const std::optional<QDate> &date, const std::optional<QTime> &saleTime) const
 {
     if (!date || !saleTime)
         return false;
-    const QTime time(saleTime->hour(), saleTime->minute());
-    return (m_from && *date == *m_from && m_fromTime && time < *m_fromTime) || (m_to && *date == *m_to && m_toTime && time > *m_toTime);
+    const QTime time = InWholeMinutes(*saleTime);
+    const ScanLimits &limits = m_limits;
+    return (limits.from && *date == *limits.from && limits.fromTime && time < *limits.fromTime) ||
+        (limits.to && *date == *limits.to && limits.toTime && time > *limits.toTime);
 }
 
 Scanner::Outcome Scanner::take(const MonthlyRecord &record, const QByteArray &modeLetter)
@@ -159,6 +154,19 @@ bool Scanner::readMonth(const QString &path, const QByteArray &modeLetter)
 }
 
 } // namespace
+
+ScanLimits::ScanLimits(const ScanSpan &span)
+    : from(ToDate(span.fromDate))
+    , fromTime(ToTime(span.fromTime))
+    , to(ToDate(span.toDate))
+    , toTime(ToTime(span.toTime))
+{
+}
+
+QTime InWholeMinutes(QTime time)
+{
+    return QTime(time.hour(), time.minute());
+}
 
 SalesScan ScanSalesFiles(
     const QByteArrayList &catalogueRows, const ScanSpan &span, const std::function<QByteArray()> &mode, ScanProgress &progress)

@@ -5,7 +5,10 @@
 #include <QByteArrayList>
 #include <QDate>
 
+#include <QTime>
+
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace qlon {
@@ -18,6 +21,22 @@ struct ScanSpan
     QByteArray fromTime;
     QByteArray toTime;
 };
+
+// The span's limits as the scans test them: dates and times of day, none where a text can't be
+// read.
+struct ScanLimits
+{
+    explicit ScanLimits(const ScanSpan &span);
+
+    std::optional<QDate> from;
+    std::optional<QTime> fromTime;
+    std::optional<QDate> to;
+    std::optional<QTime> toTime;
+};
+
+// A sale's time as the scans compare it, in whole minutes as "HH:MM ampm" writes it: a span
+// ending at 11:59 pm takes 11:59:30 PM.
+QTime InWholeMinutes(QTime time);
 
 // A catalogue row with what the monthly files sold of it.
 struct SoldRow

@@ -15,10 +15,12 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QRegularExpression>
 
 #include <optional>
@@ -45,6 +47,8 @@ QString ownText(QWidget *control)
         return FromAnsi(box->text());
     if (auto *edit = qobject_cast<QLineEdit *>(control))
         return edit->text();
+    if (auto *box = qobject_cast<QComboBox *>(control))
+        return box->currentText();
     if (auto *frame = qobject_cast<QGroupBox *>(control))
         return frame->title();
     if (auto *calendar = qobject_cast<QCalendarWidget *>(control))
@@ -107,6 +111,22 @@ void pick(QWidget *control, const QString &text)
         }
         throw ControlError{QStringLiteral("has no row ") + text};
     }
+    if (auto *box = qobject_cast<QComboBox *>(control)) {
+        const int index = box->findText(text);
+        if (index < 0)
+            throw ControlError{QStringLiteral("has no entry ") + text};
+        box->setCurrentIndex(index);
+        emit box->activated(index);
+        return;
+    }
+    if (auto *list = qobject_cast<QListWidget *>(control)) {
+        const QList<QListWidgetItem *> found = list->findItems(text, Qt::MatchExactly);
+        if (found.isEmpty())
+            throw ControlError{QStringLiteral("has no row ") + text};
+        list->setCurrentItem(found.first());
+        emit list->itemClicked(found.first());
+        return;
+    }
     throw ControlError{QStringLiteral("has no entries to pick")};
 }
 
@@ -116,6 +136,10 @@ int count(QWidget *control)
         return box->entryCount();
     if (auto *list = qobject_cast<MList *>(control))
         return list->rowCount();
+    if (auto *box = qobject_cast<QComboBox *>(control))
+        return box->count();
+    if (auto *list = qobject_cast<QListWidget *>(control))
+        return list->count();
     throw ControlError{QStringLiteral("has no count")};
 }
 
@@ -133,6 +157,10 @@ QString row(QWidget *control, const QString &number)
     const int index = rowIndex(control, number);
     if (auto *box = qobject_cast<VbComboBox *>(control))
         return FromAnsi(box->entryText(index));
+    if (auto *box = qobject_cast<QComboBox *>(control))
+        return box->itemText(index);
+    if (auto *list = qobject_cast<QListWidget *>(control))
+        return list->item(index)->text();
     return FromAnsi(qobject_cast<MList *>(control)->rowText(index));
 }
 
@@ -168,6 +196,14 @@ bool ownVisible(QWidget *control)
     return !(control->testAttribute(Qt::WA_WState_ExplicitShowHide) && control->testAttribute(Qt::WA_WState_Hidden));
 }
 
+bool checked(QWidget *control)
+{
+    auto *button = qobject_cast<QAbstractButton *>(control);
+    if (!button || !button->isCheckable())
+        throw ControlError{QStringLiteral("has no checked state")};
+    return button->isChecked();
+}
+
 QString property(QWidget *control, const QString &property)
 {
     const QStringList words = property.split(QLatin1Char(' '), Qt::SkipEmptyParts);
@@ -177,6 +213,8 @@ QString property(QWidget *control, const QString &property)
         return truth(ownEnabled(control));
     if (words.size() == 1 && words[0] == QLatin1String("visible"))
         return truth(ownVisible(control));
+    if (words.size() == 1 && words[0] == QLatin1String("checked"))
+        return truth(checked(control));
     if (words.size() == 1 && words[0] == QLatin1String("count"))
         return QString::number(count(control));
     if (words.size() == 2 && words[0] == QLatin1String("row"))

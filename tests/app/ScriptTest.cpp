@@ -129,6 +129,17 @@ TEST_F(ScriptTest, ACalendarTakesADateWordFromToday)
     EXPECT_EQ(result.lines(), (QStringList{QStringLiteral("10/31/2026"), QStringLiteral("11/21/2026")}));
 }
 
+TEST_F(ScriptTest, PlainListsAndCheckBoxesAreDrivenLikeTheProgramsOwn)
+{
+    writeDemoSite();
+    const Outcome result = run(QStringLiteral("get TCEmployee.List1 count\nget TCEmployee.List1 row 2\n"
+                                              "pick TCEmployee.List1 Dave O'Brien\nget TCEmployee.txtName\n"
+                                              "get TCEmployee.chkInactive checked\n"));
+    EXPECT_EQ(result.status, 0) << result.err.toStdString();
+    EXPECT_EQ(result.lines(), (QStringList{QStringLiteral("12"), QStringLiteral("Dave O'Brien"), QStringLiteral("Dave O'Brien"),
+                                  QStringLiteral("false")}));
+}
+
 TEST_F(ScriptTest, ABadLineStopsTheScriptNamingTheLine)
 {
     writeDemoSite();
@@ -143,6 +154,8 @@ TEST_F(ScriptTest, ABadLineStopsTheScriptNamingTheLine)
         {"get QLONlistBuilder1.MList1 row 3", "has no row"},
         {"click QLONlistBuilder1.Label2", "can't be clicked"},
         {"pick QLONlistBuilder1.Combo1 Nothing Like It", "has no entry"},
+        {"pick TCEmployee.List1 Nobody Here", "has no row"},
+        {"get QLONlistBuilder1.Label2 checked", "has no checked state"},
     };
     for (const auto &test : cases) {
         const Outcome result = run(QStringLiteral("# a comment\n\nget QLONlistBuilder1.Label11\n") + QLatin1String(test.line) +

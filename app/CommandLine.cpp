@@ -2,7 +2,10 @@
 
 #include "platform/PathMap.h"
 
+#include "core/Version.h"
+
 #include <QCommandLineParser>
+#include <QCoreApplication>
 
 #include <cstring>
 
@@ -26,6 +29,7 @@ CommandLine ParseCommandLine(const QStringList &arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Items Sold: what the site sold, over a span of dates and hours."));
     parser.addHelpOption();
+    parser.addVersionOption();
     const QCommandLineOption drive(QStringLiteral("drive"),
         QStringLiteral("Maps a drive letter of the site's paths to a host folder, such as C=/srv/pos. "
                        "Without it, drive X: stands for /mnt/x."),
@@ -52,6 +56,10 @@ CommandLine ParseCommandLine(const QStringList &arguments)
     }
     if (parser.isSet(QStringLiteral("help"))) {
         commandLine.help = parser.helpText();
+        return commandLine;
+    }
+    if (parser.isSet(QStringLiteral("version"))) {
+        commandLine.help = QCoreApplication::applicationName() + QLatin1Char(' ') + QCoreApplication::applicationVersion();
         return commandLine;
     }
     commandLine.driveMappings = parser.values(drive);

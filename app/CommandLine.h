@@ -15,7 +15,7 @@ struct CommandLine
     QDate today; // fixes the clock's day when valid
     bool writeReportTemplate = false;
     QString error; // not empty when the command line can't be used
-    QString help; // not empty when help was asked for
+    QString help; // not empty when help or the version was asked for
 
     bool scripted() const { return !scriptPath.isEmpty(); }
 };

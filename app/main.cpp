@@ -4,6 +4,7 @@
 #include "core/Clock.h"
 #include "core/FileTable.h"
 #include "core/HostPath.h"
+#include "core/Version.h"
 #include "store/JetCheck.h"
 #include "store/ReportTemplate.h"
 #include "store/SiteConfig.h"
@@ -69,10 +70,31 @@ bool saveScreenshots(const QStringList &requests, QTextStream &err)
     return true;
 }
 
+// Help, the version and a command line that can't be used are answered before any display is
+// opened, so they work over SSH; the status to end with, or -1 when the program is to run.
+int answerWithoutDisplay(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    const qlon::CommandLine commandLine = qlon::ParseCommandLine(QCoreApplication::arguments());
+    if (!commandLine.error.isEmpty()) {
+        QTextStream(stderr) << "qlon: " << commandLine.error << Qt::endl;
+        return 2;
+    }
+    if (!commandLine.help.isEmpty()) {
+        QTextStream(stdout) << commandLine.help << Qt::endl;
+        return 0;
+    }
+    return -1;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
+    QCoreApplication::setApplicationName(QStringLiteral("qlon"));
+    QCoreApplication::setApplicationVersion(QLatin1String(qlon::ProgramVersion));
+    if (const int status = answerWithoutDisplay(argc, argv); status >= 0)
+        return status;
     if (qlon::RunsWithoutWindow(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
@@ -80,11 +102,6 @@ int main(int argc, char *argv[])
     QTextStream err(stderr);
 
     const qlon::CommandLine commandLine = qlon::ParseCommandLine(application.arguments());
-    if (!commandLine.help.isEmpty() || !commandLine.error.isEmpty()) {
-        (commandLine.error.isEmpty() ? out : err)
-            << (commandLine.error.isEmpty() ? commandLine.help : QStringLiteral("qlon: ") + commandLine.error) << Qt::endl;
-        return commandLine.error.isEmpty() ? 0 : 2;
-    }
     if (commandLine.writeReportTemplate)
         return writeReportTemplate(out, err);
     if (commandLine.today.isValid())

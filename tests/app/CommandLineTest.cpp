@@ -1,0 +1,47 @@
+// What the program answers before it opens a window: help, its version and a command line it
+// can't use, over SSH with no display and no platform chosen.
+#include "core/Version.h"
+
+#include <QProcess>
+#include <QProcessEnvironment>
+
+#include <gtest/gtest.h>
+
+namespace qlon {
+namespace {
+
+struct Answer
+{
+    QStringList arguments;
+    int status;
+    QString printed; // on standard output when the status is 0, else on standard error
+};
+
+TEST(CommandLineTest, HelpVersionAndOptionErrorsNeedNoDisplay)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QLatin1String(name));
+    const Answer answers[] = {
+        {{QStringLiteral("--help")}, 0, QStringLiteral("--drive <LETTER=FOLDER>")},
+        {{QStringLiteral("--version")}, 0, QStringLiteral("qlon ") + QLatin1String(ProgramVersion)},
+        {{QStringLiteral("--no-such-option")}, 2, QStringLiteral("qlon: Unknown option 'no-such-option'.")},
+        {{QStringLiteral("--today"), QStringLiteral("23/11/2026")}, 2, QStringLiteral("qlon: --today takes a date as YYYY-MM-DD")},
+        {{QStringLiteral("--drive"), QStringLiteral("/srv/pos")}, 2, QStringLiteral("qlon: --drive takes LETTER=FOLDER")},
+    };
+    for (const Answer &answer : answers) {
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(QLON_PROGRAM), answer.arguments);
+        ASSERT_TRUE(process.waitForFinished(60000));
+        const QString out = QString::fromUtf8(process.readAllStandardOutput());
+        const QString err = QString::fromUtf8(process.readAllStandardError());
+        const QString arguments = answer.arguments.join(QLatin1Char(' '));
+        EXPECT_EQ(process.exitCode(), answer.status) << arguments.toStdString() << ": " << err.toStdString();
+        EXPECT_TRUE((answer.status == 0 ? out : err).contains(answer.printed)) << arguments.toStdString();
+        EXPECT_EQ(answer.status == 0 ? err : out, QString()) << arguments.toStdString();
+    }
+}
+
+} // namespace
+} // namespace qlon

@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLayout>
@@ -310,7 +311,7 @@ QString ScriptRunner::execute(const QString &line)
 QString ScriptRunner::executeOnControl(const QString &command, const QString &target, const QString &rest)
 {
     static const QStringList commands = {QStringLiteral("click"), QStringLiteral("set"), QStringLiteral("pick"), QStringLiteral("get"),
-        QStringLiteral("rows"), QStringLiteral("show"), QStringLiteral("screenshot")};
+        QStringLiteral("rows"), QStringLiteral("show"), QStringLiteral("screenshot"), QStringLiteral("focus")};
     if (!commands.contains(command) || target.isEmpty())
         return QStringLiteral("unknown command");
 
@@ -337,6 +338,10 @@ QString ScriptRunner::executeOnControl(const QString &command, const QString &ta
             setOwnText(control, rest);
         else if (command == QLatin1String("pick"))
             pick(control, rest);
+        else if (command == QLatin1String("focus"))
+            moveFocusTo(control);
+        else if (command == QLatin1String("get") && rest.trimmed() == QLatin1String("focus"))
+            m_out << truth(control == m_focused) << '\n';
         else if (command == QLatin1String("get"))
             m_out << property(control, rest) << '\n';
         else
@@ -349,6 +354,19 @@ QString ScriptRunner::executeOnControl(const QString &command, const QString &ta
         return target + QLatin1Char(' ') + error.description();
     }
     return {};
+}
+
+// A screen run without a display never becomes the active window, so the focus moves by the
+// events a user's Tab would send: the handlers of both controls run.
+void ScriptRunner::moveFocusTo(QWidget *control)
+{
+    if (m_focused) {
+        QFocusEvent leaving(QEvent::FocusOut, Qt::TabFocusReason);
+        QApplication::sendEvent(m_focused, &leaving);
+    }
+    m_focused = control;
+    QFocusEvent entering(QEvent::FocusIn, Qt::TabFocusReason);
+    QApplication::sendEvent(control, &entering);
 }
 
 void ScriptRunner::printRows(const MList *list)

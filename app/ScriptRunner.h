@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QIODevice>
+#include <QPointer>
 #include <QString>
 #include <QTextStream>
 
@@ -36,9 +37,11 @@ private:
     QString executeOnControl(const QString &command, const QString &target, const QString &rest);
 
     void printRows(const MList *list);
+    void moveFocusTo(QWidget *control);
 
     QTextStream &m_out;
     QTextStream &m_err;
+    QPointer<QWidget> m_focused; // the control a script last moved the focus to
 };
 
 } // namespace qlon

@@ -140,6 +140,16 @@ TEST_F(ScriptTest, PlainListsAndCheckBoxesAreDrivenLikeTheProgramsOwn)
                                   QStringLiteral("false")}));
 }
 
+TEST_F(ScriptTest, FocusRunsTheHandlersATabWould)
+{
+    writeDemoSite();
+    const Outcome result = run(QStringLiteral("get QLONserverLiquor.MonthView1 visible\nfocus QLONserverLiquor.Text2\n"
+                                              "get QLONserverLiquor.MonthView1 visible\nget QLONserverLiquor.Text2 focus\n"
+                                              "focus QLONserverLiquor.Text1\nget QLONserverLiquor.Text2 focus\n"));
+    EXPECT_EQ(result.status, 0) << result.err.toStdString();
+    EXPECT_EQ(result.lines(), (QStringList{QStringLiteral("false"), QStringLiteral("true"), QStringLiteral("true"), QStringLiteral("false")}));
+}
+
 TEST_F(ScriptTest, ABadLineStopsTheScriptNamingTheLine)
 {
     writeDemoSite();

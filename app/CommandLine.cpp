@@ -6,6 +6,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <cstring>
 
@@ -73,6 +74,11 @@ CommandLine ParseCommandLine(const QStringList &arguments)
     }
     if (!applyDriveMappings(commandLine.driveMappings))
         commandLine.error = QStringLiteral("--drive takes LETTER=FOLDER");
+    for (const QString &mapping : commandLine.driveMappings) {
+        const QString folder = mapping.section(QLatin1Char('='), 1);
+        if (commandLine.error.isEmpty() && !QFileInfo(folder).isDir())
+            commandLine.error = QStringLiteral("--drive %1: there is no folder %2").arg(mapping, folder);
+    }
     return commandLine;
 }
 

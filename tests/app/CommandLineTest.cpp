@@ -28,6 +28,8 @@ TEST(CommandLineTest, HelpVersionAndOptionErrorsNeedNoDisplay)
         {{QStringLiteral("--no-such-option")}, 2, QStringLiteral("qlon: Unknown option 'no-such-option'.")},
         {{QStringLiteral("--today"), QStringLiteral("23/11/2026")}, 2, QStringLiteral("qlon: --today takes a date as YYYY-MM-DD")},
         {{QStringLiteral("--drive"), QStringLiteral("/srv/pos")}, 2, QStringLiteral("qlon: --drive takes LETTER=FOLDER")},
+        {{QStringLiteral("--drive"), QStringLiteral("C=/no/such/site")}, 2,
+            QStringLiteral("qlon: --drive C=/no/such/site: there is no folder /no/such/site")},
     };
     for (const Answer &answer : answers) {
         QProcess process;

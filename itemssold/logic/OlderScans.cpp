@@ -181,18 +181,7 @@ QList<ItemRec500> LoadButtonTable()
 SalesScan RunOlderScan(OlderScan kind, const QList<ItemRec500> &buttonTable, const ScanSpan &span, ScanProgress &progress)
 {
     OlderScanner scanner(kind, tableFor(kind, buttonTable), span, progress);
-    for (const QDate &month : MonthWalk(span.fromDate)) {
-        const QString path = HostPath(MonthFileName(month));
-        if (!FileExists(path))
-            continue;
-        progress.monthStarted(month);
-        bool stopped = false;
-        SkipOnFailure([&] { stopped = !scanner.readMonth(path); });
-        if (stopped) {
-            scanner.result.stopped = true;
-            break;
-        }
-    }
+    scanner.result.stopped = !WalkMonthFiles(span, progress, [&](const QString &path) { return scanner.readMonth(path); });
     CloseAll();
     return scanner.result;
 }

@@ -168,23 +168,26 @@ QTime InWholeMinutes(QTime time)
     return QTime(time.hour(), time.minute());
 }
 
-SalesScan ScanSalesFiles(
-    const QByteArrayList &catalogueRows, const ScanSpan &span, const std::function<QByteArray()> &mode, ScanProgress &progress)
+bool WalkMonthFiles(const ScanSpan &span, ScanProgress &progress, const std::function<bool(const QString &path)> &readMonth)
 {
-    Scanner scanner(catalogueRows, span, progress);
     for (const QDate &month : MonthWalk(span.fromDate)) {
         const QString path = HostPath(MonthFileName(month));
         if (!FileExists(path))
             continue;
         progress.monthStarted(month);
-        // A month's file that can't be opened or locked, such as one a station holds, is passed over.
         bool stopped = false;
-        SkipOnFailure([&] { stopped = !scanner.readMonth(path, mode()); });
-        if (stopped) {
-            scanner.result.stopped = true;
-            break;
-        }
+        SkipOnFailure([&] { stopped = !readMonth(path); });
+        if (stopped)
+            return false;
     }
+    return true;
+}
+
+SalesScan ScanSalesFiles(
+    const QByteArrayList &catalogueRows, const ScanSpan &span, const std::function<QByteArray()> &mode, ScanProgress &progress)
+{
+    Scanner scanner(catalogueRows, span, progress);
+    scanner.result.stopped = !WalkMonthFiles(span, progress, [&](const QString &path) { return scanner.readMonth(path, mode()); });
     CloseAll();
     return scanner.result;
 }

@@ -38,6 +38,11 @@ struct ScanLimits
 // ending at 11:59 pm takes 11:59:30 PM.
 QTime InWholeMinutes(QTime time);
 
+// Walks the monthly files of the span from its from date, telling `progress` of each month and
+// handing `readMonth` the host path of each file there is; a month whose file can't be read, such
+// as one a station holds, is passed over. False when `readMonth` tells of a stop.
+bool WalkMonthFiles(const ScanSpan &span, ScanProgress &progress, const std::function<bool(const QString &path)> &readMonth);
+
 // A catalogue row with what the monthly files sold of it.
 struct SoldRow
 {

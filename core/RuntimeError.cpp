@@ -11,6 +11,10 @@ QString descriptionOf(RuntimeError::Number number)
     case RuntimeError::SubscriptOutOfRange: return QStringLiteral("Subscript out of range");
     case RuntimeError::DivisionByZero: return QStringLiteral("Division by zero");
     case RuntimeError::TypeMismatch: return QStringLiteral("Type mismatch");
+    case RuntimeError::NoCurrentRecord:
+        return QStringLiteral(
+            "Either BOF or EOF is True, or the current record has been deleted. Requested operation requires a current record.");
+    case RuntimeError::ReadOnlyDatabase: return QStringLiteral("Cannot update. Database or object is read-only.");
     case RuntimeError::ObjectClosed: return QStringLiteral("Operation is not allowed when the object is closed.");
     case RuntimeError::ObjectNotSet: return QStringLiteral("Object variable or With block variable not set");
     case RuntimeError::BadFileNameOrNumber: return QStringLiteral("Bad file name or number");

@@ -25,7 +25,10 @@ public:
         PathFileAccessError = 75,
         PathNotFound = 76,
         ObjectNotSet = 91,
-        ObjectClosed = 3704, // of the database components: "Operation is not allowed when the object is closed."
+        // Of the database components.
+        NoCurrentRecord = 3021,
+        ReadOnlyDatabase = 3027,
+        ObjectClosed = 3704,
         InvalidPropertyValue = 380,
     };
 

@@ -134,6 +134,7 @@ public:
     bool next();
     SalesValue value(qsizetype column) const;
     std::optional<QDateTime> dateTime(qsizetype column) const;
+    qint64 rowCount() const { return m_table->num_rows; }
 
 private:
     struct Selected
@@ -332,6 +333,11 @@ std::optional<QDateTime> JetTable::dateTime(qsizetype column) const
     return m_reader->dateTime(column);
 }
 
+qint64 JetTable::rowCount() const
+{
+    return m_reader->rowCount();
+}
+
 namespace {
 
 QByteArrayList salesColumnList()
@@ -371,6 +377,11 @@ void JetSalesStore::SelectSpan(QByteArrayView from, QByteArrayView to, SalesColu
             return sold && first <= *sold && *sold <= last;
         },
         columns, visit);
+}
+
+qint64 JetSalesStore::CountRows()
+{
+    return m_table.rowCount();
 }
 
 void JetSalesStore::walk(const std::function<bool()> &passes, SalesColumns columns, const SalesVisitor &visit)

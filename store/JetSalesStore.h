@@ -35,6 +35,8 @@ public:
     SalesValue value(qsizetype column) const;
     // The JetDateTime of a DateTime value; none for a null or a value of another type.
     std::optional<QDateTime> dateTime(qsizetype column) const;
+    // The live rows, as the table's definition counts them.
+    qint64 rowCount() const;
 
 private:
     class Reader;
@@ -51,6 +53,7 @@ public:
 
     void SelectAll(const SalesVisitor &visit) override;
     void SelectSpan(QByteArrayView from, QByteArrayView to, SalesColumns columns, const SalesVisitor &visit) override;
+    qint64 CountRows() override;
 
 private:
     // Walks the rows that pass the test, from the first.

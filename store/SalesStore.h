@@ -81,6 +81,9 @@ public:
     // at 6 PM on the to date lies after "#to#", which is midnight. A date text that can't be read
     // raises the engine's error. Only the chosen columns are read; the others come out null.
     virtual void SelectSpan(QByteArrayView from, QByteArrayView to, SalesColumns columns, const SalesVisitor &visit) = 0;
+
+    // How many rows the table holds now, without reading them.
+    virtual qint64 CountRows() = 0;
 };
 
 // Opens the database at the host path: a Jet 3 or 4 file (what the sites have) or an SQLite 3

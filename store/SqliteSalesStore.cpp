@@ -254,6 +254,14 @@ void SqliteSalesStore::SelectSpan(QByteArrayView from, QByteArrayView to, SalesC
     walk(m_span, visit);
 }
 
+qint64 SqliteSalesStore::CountRows()
+{
+    const SqliteStatement count = PrepareSqlite(m_database.get(), "SELECT count(*) FROM ItemsSold", m_hostPath);
+    if (sqlite3_step(count.get()) != SQLITE_ROW)
+        throw SqliteError(m_database.get(), m_hostPath);
+    return sqlite3_column_int64(count.get(), 0);
+}
+
 void SqliteSalesStore::bindText(int parameter, const QByteArray &text)
 {
     if (sqlite3_bind_text(m_span.statement.get(), parameter, text.constData(), int(text.size()), SQLITE_TRANSIENT) != SQLITE_OK)

@@ -46,6 +46,7 @@ public:
     // of the to date at midnight in any form. A text that doesn't begin with an ISO date, such as
     // "3/31/2004", is in no span.
     void SelectSpan(QByteArrayView from, QByteArrayView to, SalesColumns columns, const SalesVisitor &visit) override;
+    qint64 CountRows() override;
 
 private:
     // A prepared select and where its result columns go in the row.

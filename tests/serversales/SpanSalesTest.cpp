@@ -4,6 +4,7 @@
 #include "core/Format.h"
 #include "core/TextFile.h"
 #include "tests/support/Printers.h"
+#include "tests/support/RowsStore.h"
 
 #include <QRandomGenerator>
 
@@ -12,31 +13,7 @@
 namespace qlon {
 namespace {
 
-// A store that hands out its rows as they stand, whatever the span, with only the chosen columns.
-class RowsStore : public SalesStore
-{
-public:
-    explicit RowsStore(std::vector<SalesRow> rows)
-        : m_rows(std::move(rows))
-    {
-    }
-    void SelectAll(const SalesVisitor &visit) override { walk(EverySalesColumn, visit); }
-    void SelectSpan(QByteArrayView, QByteArrayView, SalesColumns columns, const SalesVisitor &visit) override { walk(columns, visit); }
-
-private:
-    void walk(SalesColumns columns, const SalesVisitor &visit) const
-    {
-        for (SalesRow row : m_rows) {
-            for (int column = 0; column < SalesColumnCount; ++column) {
-                if (!columns.test(column))
-                    row[column].reset();
-            }
-            if (!visit(row))
-                return;
-        }
-    }
-    std::vector<SalesRow> m_rows;
-};
+using test::RowsStore;
 
 const SalesSpan evening{"1/1/2004", "1/2/2004", "06:00 pm", "02:00 am"};
 

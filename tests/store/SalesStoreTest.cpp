@@ -3,6 +3,7 @@
 #include "store/SqliteSalesStore.h"
 #include "store/SqliteSalesWriter.h"
 #include "tests/support/Printers.h"
+#include "tests/support/Rows.h"
 
 #include <sqlite3.h>
 
@@ -18,6 +19,8 @@
 
 namespace qlon {
 namespace {
+
+using test::ErrorOf;
 
 constexpr qint64 EngineFailure = -2147467259;
 constexpr qint64 EngineMissingTable = -2147217865;
@@ -72,18 +75,6 @@ std::vector<SalesValue> Texts(std::initializer_list<const char *> texts)
     for (const char *text : texts)
         values.emplace_back(text);
     return values;
-}
-
-template<typename Action>
-RuntimeError ErrorOf(Action action)
-{
-    try {
-        action();
-    } catch (const RuntimeError &error) {
-        return error;
-    }
-    ADD_FAILURE() << "no error raised";
-    return RuntimeError(RuntimeError::Overflow);
 }
 
 class JetFixtureTest : public ::testing::Test
@@ -254,6 +245,7 @@ TEST_F(JetSalesStoreTest, SelectAllGivesEveryRowWithMissingColumnsAsNull)
         return true;
     });
     EXPECT_EQ(count, 830u);
+    EXPECT_EQ(store.CountRows(), 830);
 }
 
 TEST_F(JetSalesStoreTest, SpanHoldsBothEndDates)
@@ -570,6 +562,7 @@ TEST_F(SqliteSalesStoreTest, RowsComeInTableOrder)
     write(rows);
     EXPECT_EQ(selectAll(), Texts({"30", "10", "20"}));
     EXPECT_EQ(selectSpan("3/1/2004", "3/1/2004"), Texts({"30", "10", "20"}));
+    EXPECT_EQ(SqliteSalesStore(path).CountRows(), 3);
 }
 
 TEST_F(SqliteSalesStoreTest, SpanHoldsFromMidnightOfTheFromDateToMidnightOfTheToDate)

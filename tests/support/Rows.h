@@ -5,6 +5,8 @@
 
 #include <QByteArrayList>
 
+#include <gtest/gtest.h>
+
 #include <functional>
 
 namespace qlon::test {
@@ -38,6 +40,18 @@ inline int RuntimeErrorNumber(const std::function<void()> &action)
         return error.number();
     }
     return -1;
+}
+
+// The run-time error the action raises; a failure of the test when it raises none.
+inline RuntimeError ErrorOf(const std::function<void()> &action)
+{
+    try {
+        action();
+    } catch (const RuntimeError &error) {
+        return error;
+    }
+    ADD_FAILURE() << "no error raised";
+    return RuntimeError(RuntimeError::Overflow);
 }
 
 } // namespace qlon::test

@@ -1,0 +1,127 @@
+#include "serversales/logic/SalesRecordset.h"
+
+#include "core/Like.h"
+
+#include <algorithm>
+
+namespace qlon {
+
+void SalesRecordset::open(Connect connect)
+{
+    m_rowsAtOpening = connect()->CountRows();
+    m_connect = std::move(connect);
+    m_rows.reset();
+    m_current = 0;
+}
+
+void SalesRecordset::refresh()
+{
+    if (!isOpen())
+        throw RuntimeError(RuntimeError::ObjectClosed);
+    open(m_connect);
+    moved(0);
+}
+
+std::vector<SalesRow> &SalesRecordset::rows()
+{
+    if (!isOpen())
+        throw RuntimeError(RuntimeError::ObjectClosed);
+    if (!m_rows) {
+        std::vector<SalesRow> fetched;
+        fetched.reserve(std::size_t(std::max<qint64>(m_rowsAtOpening, 0)));
+        m_connect()->SelectAll([&](const SalesRow &row) {
+            if (qint64(fetched.size()) >= m_rowsAtOpening)
+                return false;
+            fetched.push_back(row);
+            return true;
+        });
+        m_rows = std::move(fetched);
+    }
+    return *m_rows;
+}
+
+int SalesRecordset::count()
+{
+    return int(rows().size());
+}
+
+const SalesRow &SalesRecordset::row(int index)
+{
+    return rows().at(std::size_t(index));
+}
+
+bool SalesRecordset::atEnd()
+{
+    return m_current >= count();
+}
+
+int SalesRecordset::absolutePosition()
+{
+    return atEnd() ? PositionAtEnd : m_current + 1;
+}
+
+void SalesRecordset::moved(int index)
+{
+    m_current = std::clamp(index, 0, count());
+    if (m_moved)
+        m_moved();
+}
+
+void SalesRecordset::moveFirst()
+{
+    moved(0);
+}
+
+void SalesRecordset::moveNext()
+{
+    if (atEnd())
+        throw RuntimeError(RuntimeError::NoCurrentRecord);
+    moved(m_current + 1);
+}
+
+void SalesRecordset::moveLast()
+{
+    moved(count() - 1);
+}
+
+void SalesRecordset::moveTo(int index)
+{
+    moved(index);
+}
+
+void SalesRecordset::find(SalesColumn column, QByteArrayView pattern)
+{
+    const std::vector<SalesRow> &all = rows();
+    int index = m_current;
+    while (index < int(all.size()) && !(all[index][column] && MatchesLike(*all[index][column], pattern)))
+        ++index;
+    moved(index);
+}
+
+void SalesRecordset::addNew()
+{
+    rows().emplace_back();
+    moved(count() - 1);
+}
+
+void SalesRecordset::deleteCurrent()
+{
+    if (atEnd())
+        throw RuntimeError(RuntimeError::NoCurrentRecord);
+    rows().erase(rows().begin() + m_current);
+    moved(m_current);
+    if (atEnd())
+        moveLast();
+}
+
+void SalesRecordset::setValue(int index, SalesColumn column, SalesValue value)
+{
+    rows().at(std::size_t(index))[column] = std::move(value);
+}
+
+void SalesRecordset::updateBatch() const
+{
+    throw RuntimeError(RuntimeError::ReadOnlyDatabase);
+}
+
+} // namespace qlon

@@ -4,6 +4,7 @@
 #include "core/Clock.h"
 #include "core/DateWords.h"
 #include "core/RuntimeError.h"
+#include "ui/DataControl.h"
 #include "ui/Dialogs.h"
 #include "ui/MList.h"
 #include "ui/Program.h"
@@ -54,6 +55,8 @@ QString ownText(QWidget *control)
         return frame->title();
     if (auto *calendar = qobject_cast<QCalendarWidget *>(control))
         return calendar->selectedDate().toString(scriptDateForm);
+    if (auto *data = qobject_cast<DataControl *>(control))
+        return data->caption();
     if (control->isWindow())
         return control->windowTitle();
     throw ControlError{QStringLiteral("has no caption or text")};

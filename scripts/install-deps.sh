@@ -9,6 +9,7 @@ packages=(
   mdbtools-dev libsqlite3-dev libcups2-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   poppler-utils clang-format clang-tidy
+  onboard
 )
 
 missing=()

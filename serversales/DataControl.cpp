@@ -1,5 +1,7 @@
 #include "serversales/DataControl.h"
 
+#include "serversales/logic/SalesRecordset.h"
+
 #include "store/SiteConfig.h"
 #include "ui/Dialogs.h"
 #include "ui/Program.h"
@@ -8,14 +10,37 @@
 
 namespace qlon {
 
+namespace {
+
+std::unique_ptr<SalesStore> openSalesDatabase()
+{
+    return OpenSiteSalesStore(DataPath(SalesDatabaseFile));
+}
+
+void showDataError(QWidget *screen, const RuntimeError &error)
+{
+    Dialogs::showMessage(screen, screen->windowTitle(), QStringLiteral("Data error event hit err:") + error.description(),
+        MessageButtons::Ok, WhereItHappened(error));
+}
+
+} // namespace
+
 std::unique_ptr<SalesStore> OpenDataControl(QWidget *screen)
 {
     try {
-        return OpenSiteSalesStore(DataPath(SalesDatabaseFile));
+        return openSalesDatabase();
     } catch (const RuntimeError &error) {
-        Dialogs::showMessage(screen, screen->windowTitle(), QStringLiteral("Data error event hit err:") + error.description(),
-            MessageButtons::Ok, WhereItHappened(error));
+        showDataError(screen, error);
         return nullptr;
+    }
+}
+
+void OpenDataControl(QWidget *screen, SalesRecordset &recordset)
+{
+    try {
+        recordset.open(openSalesDatabase);
+    } catch (const RuntimeError &error) {
+        showDataError(screen, error);
     }
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "listbuilder/SalesWorker.h"
+#include "serversales/logic/SalesRecordset.h"
 #include "serversales/logic/SpanSales.h"
+#include "serversales/logic/WorkerSearches.h"
 #include "ui/ScreenRegistry.h"
 
 #include <QWidget>
@@ -15,12 +17,17 @@ class QPushButton;
 
 namespace qlon {
 
+class DataControl;
+class DataGrid;
 class MList;
 class QLONlistBuilder1;
+class SalesGridModel;
+class VbTextBox;
 
 // The hidden worker, "Servers Individual Sales": loaded at start without being shown, it does
 // the sales store's work for the main screen. The main screen writes its Label1 (the item) and
-// Label2 (the status) before each call.
+// Label2 (the status) before each call. Shown, it is a grid over the sales table with the day's
+// sales of a server; the grid's changes stay in memory.
 class QLONlistBuilder2 : public QWidget, public LoadedScreen, public SalesWorker
 {
     Q_OBJECT
@@ -37,9 +44,23 @@ public:
     void Parse_ListRow();
     // A test dump of the sales of 22 to 24 June 2003 into TempItems.dat and this screen's list.
     void BLD_DATA3();
+    // The sales of the item of the main list's row CurrentRow over the main screen's dates, each
+    // row counting 1: the name exactly, or containing the key.
+    void Get_Sales2();
+    void ItemSearch();
+    // The sales of the servers whose number contains Label1 on the date of Text2.
+    void BLD_DATA();
 
+    DataGrid *grdDataGrid;
+    DataControl *datPrimaryRS;
+    QWidget *picButtons;
+    QPushButton *cmdAdd;
+    QPushButton *cmdUpdate;
+    QPushButton *cmdDelete;
+    QPushButton *cmdRefresh;
+    QPushButton *cmdClose;
     QLineEdit *Text1;
-    QLineEdit *Text2;
+    VbTextBox *Text2;
     QLineEdit *Text3;
     QLineEdit *Text4;
     QLineEdit *Text5;
@@ -56,7 +77,23 @@ public:
     QPushButton *SSCommand2;
     QPushButton *SSCommand3;
 
+protected:
+    void showEvent(QShowEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    // Unloading gives the mouse pointer back its default shape.
+    void closeEvent(QCloseEvent *event) override;
+
 private:
+    QWidget *buildGridColumn();
+    QLayout *buildFields();
+    void connectHandlers();
+    void connectGrid();
+    void Recordset_MoveComplete();
+    // Runs one of the grid's operations: a failure shows its description, and nothing else changes.
+    void recordsetOperation(const std::function<void()> &operation);
+    void searchItem(ItemMatch match);
+    void requireRecordset() const;
+    void enableRunButtons(bool enabled);
     // The item's sales over the span; the span is read once for all rows of a run, and again
     // when the span changes.
     const ItemSales &salesOf(const QByteArray &name, const SalesSpan &span);
@@ -64,6 +101,8 @@ private:
 
     std::unique_ptr<SpanSales> m_spanSales;
     SalesSpan m_readSpan;
+    SalesRecordset m_recordset;
+    SalesGridModel *m_gridModel;
 };
 
 } // namespace qlon

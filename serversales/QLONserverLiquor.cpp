@@ -11,7 +11,7 @@
 #include "core/TextFile.h"
 #include "core/Yield.h"
 #include "listbuilder/QLONlistBuilder1.h"
-#include "platform/PathMap.h"
+#include "platform/ProgramStart.h"
 #include "serversales/DataControl.h"
 #include "serversales/ServerPaper.h"
 #include "serversales/logic/ServerSearch.h"
@@ -30,7 +30,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProcess>
 #include <QPushButton>
 
 namespace qlon {
@@ -41,7 +40,6 @@ constexpr std::array<const char *, 15> keypadCaptions = {"0", "8", "7", "6", "4"
 constexpr int clearKey = 14;
 constexpr int keypadOnScreen = 800;
 constexpr int keypadPutAway = 12000;
-constexpr int twipsPerPixel = 15;
 constexpr int keypadLeft = 270;
 
 const QByteArray tildeLine(30, '~');
@@ -166,10 +164,9 @@ void QLONserverLiquor::connectHandlers()
     });
     OnEvent(SSCommand3, &QPushButton::clicked, this, [this] { TellWherePrinted(this, PrintServerList()); });
     OnEvent(SSCommand4, &QPushButton::clicked, this, [] {
-        // The platform's program start: a keyboard that isn't there is an error nobody handles.
-        const QString keyboard = SitePaths().toHost(QStringLiteral("c:\\Windows\\system32\\osk.exe"));
-        if (!QProcess::startDetached(keyboard, {}))
-            throw RuntimeError(RuntimeError::FileNotFound, keyboard);
+        // The system's on-screen keyboard; a machine without any is the error nobody handles.
+        if (!StartOnScreenKeyboard())
+            throw RuntimeError(RuntimeError::FileNotFound, QStringLiteral("c:\\Windows\\system32\\osk.exe"));
     });
     OnEvent(SSCommand5, &QPushButton::clicked, this, [this] {
         SSPanel4->hide();
@@ -209,7 +206,10 @@ void QLONserverLiquor::Form_Load()
     MonthView1->setSelectedDate(Today());
     SSPanel4->hide();
     const VbComboBox *departments = MainScreen()->Combo1;
-    CategoryValues &table = Shared().CategoryTable;
+    // The screen's own copy of the department table: Calculate Sales keeps its running sums in
+    // the same cells of the program's table, and must not wipe out this screen's names.
+    m_departments = Shared().CategoryTable;
+    CategoryValues &table = m_departments;
     for (int row = 1; row < departments->entryCount(); ++row) {
         const QByteArray name = departments->entryText(row);
         if (TrimBlanks(name).isEmpty())
@@ -257,7 +257,7 @@ void QLONserverLiquor::showKeypad(int top, int field)
 void QLONserverLiquor::placeKeypad(int top)
 {
     m_keypadTop = top;
-    SSPanel4->move(SSPanel4->x(), top / twipsPerPixel);
+    SSPanel4->move(SSPanel4->x(), Pixels(top));
 }
 
 VbTextBox *QLONserverLiquor::activeBox() const
@@ -333,7 +333,7 @@ void QLONserverLiquor::Get_Drink2()
     writeHeading(*list, *this);
     const int departments = MainScreen()->Combo1->entryCount();
     Label8->setText(QString::number(departments));
-    CategoryValues &table = Shared().CategoryTable;
+    CategoryValues &table = m_departments;
     for (int row = 1; row < departments; ++row) {
         table.at(row, 2) = "0";
         table.at(row, 3) = "0";

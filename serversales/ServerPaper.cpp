@@ -8,6 +8,7 @@
 #include "core/FixedField.h"
 #include "core/Format.h"
 #include "core/HostPath.h"
+#include "core/ListRows.h"
 #include "core/TextFile.h"
 #include "store/SiteConfig.h"
 #include "ui/LinePrinter.h"
@@ -67,6 +68,18 @@ QString PrintServerList()
         {rule, QStringLiteral(" END REPORT Items Sold"), QLatin1Char(' ') + FromAnsi(Format(Today(), "DDDD mm/dd/yyyy")),
             QStringLiteral(" "), QStringLiteral(" "), QStringLiteral(" "), rule, QStringLiteral("     ****   TOTALS   ***"), rule});
     printValues(job, "TempList2.Tmp");
+    job.endDoc();
+    return pdfPath;
+}
+
+QString PrintWorkerList(const ListRows &rows)
+{
+    QString pdfPath;
+    LinePrintJob job = startJob(&pdfPath);
+    printLines(job, {rule, QStringLiteral("ServerSales Report"), QStringLiteral("Items Sold List"), rule});
+    for (int row = 1; row < rows.rowCount(); ++row)
+        job.print(FromAnsi(rows.rowText(row)));
+    job.print(rule);
     job.endDoc();
     return pdfPath;
 }

@@ -6,6 +6,8 @@
 
 namespace qlon {
 
+class ListRows;
+
 // What the summary page shows: the server screen's boxes as they stand at the click.
 struct ServerSummary
 {
@@ -22,5 +24,7 @@ struct ServerSummary
 // that a comma splits a line. Each gives the PDF's path when the job went to one.
 QString PrintServerSummary(const ServerSummary &summary);
 QString PrintServerList();
+// The worker's "Print List": its own list's rows from the second on, as they stand.
+QString PrintWorkerList(const ListRows &rows);
 
 } // namespace qlon

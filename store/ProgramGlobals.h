@@ -9,7 +9,8 @@
 namespace qlon {
 
 // The table of department values, row i for position i of the main screen's department
-// picker. Calculate Sales uses columns 0 to 2, the server screen columns 1 to 3.
+// picker. Calculate Sales uses columns 0 to 2; the server screen columns 1 to 3 of a copy of its
+// own, taken when it loads.
 class CategoryValues
 {
 public:

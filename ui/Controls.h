@@ -7,6 +7,14 @@
 
 namespace qlon {
 
+// The forms' unit, the twip, on a screen of 96 dots per inch.
+inline constexpr int TwipsPerPixel = 15;
+
+constexpr int Pixels(int twips)
+{
+    return twips / TwipsPerPixel;
+}
+
 // Controls carry the names by which the program and its scripts find them.
 template<typename Control>
 Control *Named(Control *control, const QString &name)

@@ -4,11 +4,13 @@
 #include "store/IniRec2300.h"
 #include "tests/support/TempSite.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QProcess>
+#include <QThread>
 
 #include <gtest/gtest.h>
 
@@ -33,9 +35,11 @@ protected:
             extra;
     }
 
-    Outcome run(const QString &script, const QStringList &extra = {}) const
+    Outcome run(const QString &script, const QStringList &extra = {},
+        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment()) const
     {
         QProcess process;
+        process.setProcessEnvironment(environment);
         process.start(QStringLiteral(QLON_PROGRAM), arguments(extra));
         process.write(script.toUtf8());
         process.closeWriteChannel();
@@ -136,8 +140,8 @@ TEST_F(ScriptTest, PlainListsAndCheckBoxesAreDrivenLikeTheProgramsOwn)
                                               "pick TCEmployee.List1 Dave O'Brien\nget TCEmployee.txtName\n"
                                               "get TCEmployee.chkInactive checked\n"));
     EXPECT_EQ(result.status, 0) << result.err.toStdString();
-    EXPECT_EQ(result.lines(), (QStringList{QStringLiteral("12"), QStringLiteral("Dave O'Brien"), QStringLiteral("Dave O'Brien"),
-                                  QStringLiteral("false")}));
+    EXPECT_EQ(result.lines(),
+        (QStringList{QStringLiteral("12"), QStringLiteral("Dave O'Brien"), QStringLiteral("Dave O'Brien"), QStringLiteral("false")}));
 }
 
 TEST_F(ScriptTest, FocusRunsTheHandlersATabWould)
@@ -147,7 +151,8 @@ TEST_F(ScriptTest, FocusRunsTheHandlersATabWould)
                                               "get QLONserverLiquor.MonthView1 visible\nget QLONserverLiquor.Text2 focus\n"
                                               "focus QLONserverLiquor.Text1\nget QLONserverLiquor.Text2 focus\n"));
     EXPECT_EQ(result.status, 0) << result.err.toStdString();
-    EXPECT_EQ(result.lines(), (QStringList{QStringLiteral("false"), QStringLiteral("true"), QStringLiteral("true"), QStringLiteral("false")}));
+    EXPECT_EQ(
+        result.lines(), (QStringList{QStringLiteral("false"), QStringLiteral("true"), QStringLiteral("true"), QStringLiteral("false")}));
 }
 
 TEST_F(ScriptTest, ABadLineStopsTheScriptNamingTheLine)
@@ -351,6 +356,34 @@ TEST_F(ScriptTest, WithoutTheDatabaseASearchEndsTheProgramInsteadOfReportingNoth
     EXPECT_TRUE(result.out.contains(closed)) << result.out.toStdString();
     EXPECT_FALSE(result.out.contains(QStringLiteral("Search Completed")));
     EXPECT_TRUE(result.err.contains(QStringLiteral("Quillon.mdb"))) << result.err.toStdString();
+
+    const Outcome worker = run(QStringLiteral("show QLONlistBuilder2\nclick QLONlistBuilder2.Command1\nget QLONlistBuilder2.Label2\n"));
+    EXPECT_EQ(worker.status, 1);
+    EXPECT_TRUE(worker.out.contains(closed)) << worker.out.toStdString();
+    EXPECT_FALSE(worker.out.contains(QStringLiteral("Search Completed")));
+}
+
+TEST_F(ScriptTest, KeyboardStartsTheDesktopsKeyboardAndEndsTheProgramOnlyWhereThereIsNone)
+{
+    writeDemoSite();
+    // A stand-in for the desktop's keyboard, that leaves a mark when it starts.
+    site.write(QStringLiteral("bin/onboard"), "#!/bin/sh\n: >\"$0.started\"\n");
+    const QString keyboard = site.hostPath(QStringLiteral("bin/onboard"));
+    QFile::setPermissions(keyboard, QFile::permissions(keyboard) | QFileDevice::ExeOwner);
+    const QString script = QStringLiteral("click QLONlistBuilder1.SSCommand9\nwait\nclick QLONserverLiquor.SSCommand4\n");
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("PATH"), site.hostPath(QStringLiteral("bin")));
+    EXPECT_EQ(run(script, {}, environment).status, 0);
+    QDeadlineTimer deadline(10000);
+    while (!QFile::exists(keyboard + QStringLiteral(".started")) && !deadline.hasExpired())
+        QThread::msleep(50);
+    EXPECT_TRUE(QFile::exists(keyboard + QStringLiteral(".started")));
+
+    environment.insert(QStringLiteral("PATH"), site.hostPath(QStringLiteral("Quillon")));
+    const Outcome none = run(script, {}, environment);
+    EXPECT_EQ(none.status, 1);
+    EXPECT_TRUE(none.out.contains(QStringLiteral("File not found"))) << none.out.toStdString();
+    EXPECT_TRUE(none.err.contains(QStringLiteral("osk.exe"))) << none.err.toStdString();
 }
 
 TEST_F(ScriptTest, ScreenshotsShowTheScreen)

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+namespace qlon {
+
+// How the program starts other programs: where it finds one by name, and how it starts it
+// without waiting. Tests put a fake in place of the host's.
+struct ProgramStarter
+{
+    std::function<QString(const QString &name)> find; // the program's path, or empty when it isn't there
+    std::function<bool(const QString &program, const QStringList &arguments)> start;
+};
+
+// The host's starter in place again when `starter` has no parts.
+void SetProgramStarter(ProgramStarter starter);
+
+// Starts the system's on-screen keyboard: Windows' own, elsewhere the first of the desktops'
+// keyboards that is installed, onboard first. False when there is none or it didn't start.
+bool StartOnScreenKeyboard();
+
+} // namespace qlon

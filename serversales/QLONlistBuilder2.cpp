@@ -188,7 +188,7 @@ void QLONlistBuilder2::connectGrid()
 
 void QLONlistBuilder2::Recordset_MoveComplete()
 {
-    datPrimaryRS->setCaption(QStringLiteral("Record: ") + QString::number(m_recordset.absolutePosition()));
+    datPrimaryRS->showPosition(m_recordset.absolutePosition());
     if (grdDataGrid->model() && grdDataGrid->currentIndex().row() != m_recordset.current())
         grdDataGrid->setCurrentIndex(m_gridModel->index(m_recordset.current(), std::max(grdDataGrid->currentIndex().column(), 0)));
     // Unlike the server screen's, this handler lets the event loop run at every move.
@@ -236,6 +236,8 @@ void QLONlistBuilder2::Form_Load()
     // The table stays open from the start of the program; the database itself is opened
     // read-only on purpose: it belongs to the stations.
     OpenDataControl(this, m_recordset);
+    if (m_recordset.isOpen())
+        datPrimaryRS->showPosition(m_recordset.rowsAtOpening() > 0 ? 1 : SalesRecordset::PositionAtEnd);
     MonthView1->setSelectedDate(Today());
 }
 

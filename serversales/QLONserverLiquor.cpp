@@ -14,11 +14,13 @@
 #include "platform/ProgramStart.h"
 #include "serversales/DataControl.h"
 #include "serversales/ServerPaper.h"
+#include "serversales/logic/SalesRecordset.h"
 #include "serversales/logic/ServerSearch.h"
 #include "store/EmployeeRec1000.h"
 #include "store/ProgramGlobals.h"
 #include "store/SiteConfig.h"
 #include "ui/Controls.h"
+#include "ui/DataControl.h"
 #include "ui/MList.h"
 #include "ui/Program.h"
 #include "ui/VbComboBox.h"
@@ -103,6 +105,8 @@ QLONserverLiquor::QLONserverLiquor(QWidget *parent)
     cmdRefresh = MakeButton(picButtons, QStringLiteral("cmdRefresh"), QStringLiteral("&Refresh"));
     cmdClose = MakeButton(picButtons, QStringLiteral("cmdClose"), QStringLiteral("&Close"));
     picButtons->hide();
+    datPrimaryRS = Named(new DataControl(this), QStringLiteral("datPrimaryRS"));
+    datPrimaryRS->hide();
 
     auto *layout = new QGridLayout(this);
     const QList<QWidget *> fields = {Label3[0], Combo1, Label3[1], Text2, MakeLabel(this, {}, QStringLiteral("Starting Date")), Text6,
@@ -202,6 +206,8 @@ void QLONserverLiquor::Form_Load()
             m_rows.push_back(kept);
             return true;
         });
+        // Unlike the worker's, this data control lets nothing run at a move.
+        datPrimaryRS->showPosition(m_rows.empty() ? SalesRecordset::PositionAtEnd : 1);
     }
     MonthView1->setSelectedDate(Today());
     SSPanel4->hide();
@@ -360,6 +366,7 @@ void QLONserverLiquor::Get_Drink2()
         Text4->setText(FromAnsi(Currency(sales.liquorSales)));
         Text5->setText(FromAnsi(Currency(sales.totalSales - sales.liquorSales)));
     }
+    datPrimaryRS->showPosition(SalesRecordset::PositionAtEnd); // the search leaves the recordset past its last row
     Label2->setText(QStringLiteral("Search Completed"));
     enableRunButtons(true);
     writeTotals(*list, *this);

@@ -18,6 +18,7 @@ class QPushButton;
 
 namespace qlon {
 
+class DataControl;
 class MList;
 class VbComboBox;
 class VbTextBox;
@@ -70,6 +71,7 @@ public:
     QPushButton *SSCommand4;
     // The data control's button strip: on the form, with no action on this screen, and kept out
     // of sight so that no one presses a button that does nothing.
+    DataControl *datPrimaryRS; // kept out of sight: the screen shows no rows to move through
     QWidget *picButtons;
     QPushButton *cmdAdd;
     QPushButton *cmdUpdate;

@@ -20,6 +20,8 @@ public:
 
     QString caption() const;
     void setCaption(const QString &caption);
+    // The caption a move leaves: "Record: " and the recordset's absolute position.
+    void showPosition(int position) { setCaption(QStringLiteral("Record: ") + QString::number(position)); }
 
 signals:
     void moveFirst();

@@ -25,6 +25,7 @@ public:
     // Counts the table's rows now; an error of the store goes to the caller.
     void open(Connect connect);
     bool isOpen() const { return bool(m_connect); }
+    qint64 rowsAtOpening() const { return m_rowsAtOpening; }
     // Opens again, which drops the changes and sees the rows added since.
     void refresh();
 

@@ -4,6 +4,7 @@
 #include "store/ProgramGlobals.h"
 #include "store/SqliteSalesWriter.h"
 #include "tests/support/ScreenTest.h"
+#include "ui/DataControl.h"
 #include "ui/MList.h"
 #include "ui/VbComboBox.h"
 #include "ui/VbTextBox.h"
@@ -86,6 +87,7 @@ protected:
 TEST_F(ServerScreenTest, OpeningCopiesTheSpanListsTheServersAndTucksTheKeypadAway)
 {
     EXPECT_TRUE(screen->isVisible());
+    EXPECT_EQ(screen->datPrimaryRS->caption(), QStringLiteral("Record: 1"));
     EXPECT_EQ(screen->Text6->text(), main->Label2->text());
     EXPECT_EQ(screen->Text8->text(), main->Label3->text());
     EXPECT_EQ(screen->Text7->text(), QStringLiteral("6:00 PM"));
@@ -153,6 +155,7 @@ TEST_F(ServerScreenTest, UpdateShowsTheServersSalesAndWritesBothLists)
     // Food adds the early row with the price of the last row in the span, deliberately.
     EXPECT_EQ(rows(screen->MList2), (QByteArrayList{"Liquor|$6.00|1", "Wine|$0.00|0"}));
     EXPECT_TRUE(screen->Command1->isEnabled());
+    EXPECT_EQ(screen->datPrimaryRS->caption(), QStringLiteral("Record: -3"));
     const QByteArray heading = "~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~\r\n  Server 1002\r\n1/1/2004 to 1/2/2004\r\n6:00 PM to 2:00 AM\r\n"
                                "~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~\r\n";
     const QByteArray totals = "________________________________\r\nGrand Total Sales\t$18.25\r\nTotal Liquor Sales\t$6.00\r\n"

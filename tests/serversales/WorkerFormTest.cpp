@@ -79,6 +79,7 @@ protected:
 TEST_F(WorkerFormTest, GridOperationsChangeTheRowsInMemoryOnlyAndTheWriteIsRefused)
 {
     EXPECT_FALSE(worker->isVisible()) << "the worker is loaded and never shown";
+    EXPECT_EQ(worker->datPrimaryRS->caption(), QStringLiteral("Record: 1"));
     stationSells("Late");
     const QByteArray database = site.read(QStringLiteral("Quillon/data/Quillon.mdb"));
     worker->show();

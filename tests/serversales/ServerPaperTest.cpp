@@ -1,6 +1,7 @@
 #include "serversales/ServerPaper.h"
 #include "core/Ansi.h"
 #include "core/Clock.h"
+#include "core/ListRows.h"
 #include "store/SiteConfig.h"
 #include "tests/support/RecordingOutput.h"
 #include "tests/support/TempSite.h"
@@ -80,6 +81,18 @@ TEST_F(ServerPaperPrintTest, TheListReadsValuesSoACommaSplitsALineAndFullPagesGo
     EXPECT_EQ(printed.at(7).page, 1);
     EXPECT_EQ(printed.at(8).page, 2);
     EXPECT_EQ(printed.last().page, 3);
+}
+
+TEST_F(ServerPaperPrintTest, TheWorkersListPrintsItsRowsFromTheSecondAsTheyStand)
+{
+    ListRows rows;
+    rows.setSeparator(',');
+    for (const char *row : {"first,row", "1000,1/22/2005,Rum,6,L", "1000,1/22/2005,Ale,4,Beer"})
+        rows.addRow(row);
+    PrintWorkerList(rows);
+    const QByteArray rule(32, '=');
+    EXPECT_EQ(lines(),
+        (QByteArrayList{rule, "ServerSales Report", "Items Sold List", rule, "1000,1/22/2005,Rum,6,L", "1000,1/22/2005,Ale,4,Beer", rule}));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "app/Screens.h"
 
+#include "editors/FItemButtonFood.h"
 #include "editors/PrinterStatus.h"
 #include "editors/QlonUpDept.h"
 #include "editors/TCEmployee.h"
@@ -24,6 +25,7 @@ void RegisterScreens()
     Screens().add(QStringLiteral("QlonUpDept"), [] { return new QlonUpDept; });
     Screens().add(QStringLiteral("PrinterStatus"), [] { return new PrinterStatus; });
     Screens().add(QStringLiteral("TCEmployee"), [] { return new TCEmployee; });
+    Screens().add(QStringLiteral("FItemButtonFood"), [] { return new FItemButtonFood; });
 }
 
 } // namespace qlon

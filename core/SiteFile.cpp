@@ -46,6 +46,12 @@ void SiteFile::UnlockAll()
     FileLock::unlockWhole(m_file);
 }
 
+void SiteFile::RefuseIfHeldElsewhere()
+{
+    if (FileLock::isLockedElsewhere(m_file))
+        throw RuntimeError(RuntimeError::PermissionDenied, m_file.fileName());
+}
+
 } // namespace qlon
 
 namespace qlon {

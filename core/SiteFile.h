@@ -18,6 +18,8 @@ public:
     // "Permission denied".
     void LockAll();
     void UnlockAll();
+    // The platform's error when another open of the file holds a lock on it.
+    void RefuseIfHeldElsewhere();
 
     qint64 size() const { return m_file.size(); }
     QString hostPath() const { return m_file.fileName(); }

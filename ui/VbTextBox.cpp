@@ -19,4 +19,10 @@ void VbTextBox::focusInEvent(QFocusEvent *event)
     emit GotFocus();
 }
 
+void VbTextBox::focusOutEvent(QFocusEvent *event)
+{
+    QLineEdit::focusOutEvent(event);
+    emit LostFocus();
+}
+
 } // namespace qlon

@@ -4,8 +4,8 @@
 
 namespace qlon {
 
-// A text box that tells, as the old platform's did, when it is clicked and when it gets the
-// focus. Its text changes signal textChanged, whoever makes them.
+// A text box that tells, as the old platform's did, when it is clicked, when it gets the
+// focus and when it loses it. Its text changes signal textChanged, whoever makes them.
 class VbTextBox : public QLineEdit
 {
     Q_OBJECT
@@ -19,10 +19,12 @@ public:
 signals:
     void Click();
     void GotFocus();
+    void LostFocus();
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
 };
 
 } // namespace qlon

@@ -85,7 +85,9 @@ std::optional<qint32> Count(const QByteArray &path)
 {
     if (!FileExists(HostPath(path)))
         return std::nullopt;
-    return RecordFile(HostPath(path), ItemRec500::size).CountRecords();
+    RecordFile file(HostPath(path), ItemRec500::size);
+    file.RefuseIfHeldElsewhere();
+    return file.CountRecords();
 }
 
 bool InRange(const QByteArray &path, qint32 number)

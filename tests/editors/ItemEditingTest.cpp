@@ -1,6 +1,8 @@
 #include "editors/logic/ItemEditing.h"
+#include "core/RecordFile.h"
 #include "store/IvmRec1000.h"
 #include "tests/support/CatalogueItem.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TempSite.h"
 
 #include <QFile>
@@ -97,6 +99,11 @@ TEST(ItemEditingTest, FileOperationsStayWithinTheRecordsAndAppendAfterTheLast)
     const QByteArray recipes = site.read(QStringLiteral("Quillon/ini/Button0.IVM"));
     EXPECT_EQ(recipes.mid(2000, 1000), IvmRec1000::Cleared().bytes());
     EXPECT_EQ(recipes.left(2000) + recipes.mid(3000), QByteArray(3000, 'x'));
+
+    RecordFile holder(site.hostPath(QStringLiteral("Quillon/ini/Button0.dat")), ItemRec500::size);
+    holder.LockAll();
+    EXPECT_EQ(test::RuntimeErrorNumber([&] { ItemFile::Write(path, 1, storedItem()); }), RuntimeError::PermissionDenied)
+        << "a file a station holds";
 }
 
 } // namespace

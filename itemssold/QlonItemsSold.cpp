@@ -66,8 +66,8 @@ QlonItemsSold::QlonItemsSold(QWidget *parent)
 {
     setWindowTitle(QStringLiteral("Items Sold"));
     setAttribute(Qt::WA_DeleteOnClose);
-    MonthView1 = Named(new QCalendarWidget(this), QStringLiteral("MonthView1"));
-    MonthView2 = Named(new QCalendarWidget(this), QStringLiteral("MonthView2"));
+    MonthView1 = MakeCalendar(this, QStringLiteral("MonthView1"));
+    MonthView2 = MakeCalendar(this, QStringLiteral("MonthView2"));
     Label2 = MakeLabel(this, QStringLiteral("Label2"));
     Label3 = MakeLabel(this, QStringLiteral("Label3"));
     Label4 = MakeLabel(this, QStringLiteral("Label4"));

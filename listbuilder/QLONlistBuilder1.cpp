@@ -105,8 +105,8 @@ void QLONlistBuilder1::createControls()
 
     Shape1 = Named(new QFrame(this), QStringLiteral("Shape1"));
     Shape2 = Named(new QFrame(this), QStringLiteral("Shape2"));
-    MonthView1 = Named(new QCalendarWidget(Shape1), QStringLiteral("MonthView1"));
-    MonthView2 = Named(new QCalendarWidget(Shape2), QStringLiteral("MonthView2"));
+    MonthView1 = MakeCalendar(Shape1, QStringLiteral("MonthView1"));
+    MonthView2 = MakeCalendar(Shape2, QStringLiteral("MonthView2"));
     Label2 = MakeLabel(Shape1, QStringLiteral("Label2"), QStringLiteral("02-02-02"));
     Label3 = MakeLabel(Shape2, QStringLiteral("Label3"), QStringLiteral("02-02-02"));
     SSCommand10 = MakeButton(this, QStringLiteral("SSCommand10"), QStringLiteral("Today"));

@@ -69,7 +69,7 @@ QLONlistBuilder2::QLONlistBuilder2(QWidget *parent)
     Label5 = MakeLabel(this, QStringLiteral("Label5"));
     MList1 = Named(new MList(this), QStringLiteral("MList1"));
     MList1->setSeparator(',');
-    MonthView1 = Named(new QCalendarWidget(this), QStringLiteral("MonthView1"));
+    MonthView1 = MakeCalendar(this, QStringLiteral("MonthView1"));
     MonthView1->setWindowFlags(Qt::Popup);
     Command1 = MakeButton(this, QStringLiteral("Command1"), QStringLiteral("Update"));
     Command2 = MakeButton(this, QStringLiteral("Command2"), QStringLiteral("Command2"));

@@ -91,7 +91,7 @@ QLONserverLiquor::QLONserverLiquor(QWidget *parent)
     MList2 = Named(new MList(this), QStringLiteral("MList2"));
     MList2->setSeparator('|');
     MList2->setColumns({{QStringLiteral("Item"), 120}, {QStringLiteral("Volume"), 90}, {QStringLiteral("Units"), 50}});
-    MonthView1 = Named(new QCalendarWidget(this), QStringLiteral("MonthView1"));
+    MonthView1 = MakeCalendar(this, QStringLiteral("MonthView1"));
     MonthView1->hide();
     Command1 = MakeButton(this, QStringLiteral("Command1"), QStringLiteral("Update"));
     SSCommand1 = MakeButton(this, QStringLiteral("SSCommand1"), QStringLiteral("Done"));

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QCalendarWidget>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 #include <QString>
 
@@ -44,6 +46,17 @@ inline QLineEdit *MakeTextBox(QWidget *parent, const QString &name, const QStrin
 inline QLabel *MakeLabel(QWidget *parent, const QString &name, const QString &caption = {})
 {
     return Named(new QLabel(caption, parent), name);
+}
+
+// A month calendar as the site's machines show it, whatever this machine's locale: English
+// names, Sunday first, no week numbers.
+inline QCalendarWidget *MakeCalendar(QWidget *parent, const QString &name)
+{
+    auto *calendar = Named(new QCalendarWidget(parent), name);
+    calendar->setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+    calendar->setFirstDayOfWeek(Qt::Sunday);
+    calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    return calendar;
 }
 
 } // namespace qlon

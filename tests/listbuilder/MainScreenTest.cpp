@@ -74,6 +74,19 @@ TEST_F(MainScreenTest, AnUnreadableStartDateLeavesTheCalendar)
     EXPECT_EQ(screen->Label2->text(), screen->MonthView1->selectedDate().toString(QStringLiteral("M/d/yyyy")));
 }
 
+TEST_F(MainScreenTest, CalendarsAreTheSitesWhateverThisMachinesLocale)
+{
+    const QLocale machine;
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    QLONlistBuilder1 *screen = load();
+    QLocale::setDefault(machine);
+    for (const QCalendarWidget *calendar : {screen->MonthView1, screen->MonthView2}) {
+        EXPECT_EQ(calendar->firstDayOfWeek(), Qt::Sunday);
+        EXPECT_EQ(calendar->locale().monthName(11), QStringLiteral("November"));
+        EXPECT_EQ(calendar->verticalHeaderFormat(), QCalendarWidget::NoVerticalHeader) << "no week numbers";
+    }
+}
+
 TEST_F(MainScreenTest, ALongDepartmentNameDoesNotWidenTheScreen)
 {
     site.write(QStringLiteral("Quillon/data/Departments.dat"), "\"Food\"\r\n\"" + QByteArray(100000, 'W') + "\"\r\n");

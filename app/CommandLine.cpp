@@ -48,7 +48,11 @@ CommandLine ParseCommandLine(const QStringList &arguments)
     const QCommandLineOption writeTemplate(QStringLiteral("write-report-template"),
         QStringLiteral("Writes the default Items Sold report template, ItemsSold.vrd, into "
                        "the site's data root when the site has none, and ends."));
-    parser.addOptions({drive, script, screenshot, today, writeTemplate});
+    const QCommandLineOption open(QStringLiteral("open"),
+        QStringLiteral("Starts with SCREEN shown in place of the main screen, such as BackOffice, "
+                       "QlonItemsSold or TCEmployee; may be given more than once."),
+        QStringLiteral("SCREEN"));
+    parser.addOptions({drive, script, screenshot, today, writeTemplate, open});
 
     CommandLine commandLine;
     if (!parser.parse(arguments)) {
@@ -66,6 +70,7 @@ CommandLine ParseCommandLine(const QStringList &arguments)
     commandLine.driveMappings = parser.values(drive);
     commandLine.scriptPath = parser.value(script);
     commandLine.screenshots = parser.values(screenshot);
+    commandLine.openScreens = parser.values(open);
     commandLine.writeReportTemplate = parser.isSet(writeTemplate);
     if (parser.isSet(today)) {
         commandLine.today = QDate::fromString(parser.value(today), Qt::ISODate);

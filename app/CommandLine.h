@@ -12,6 +12,7 @@ struct CommandLine
     QStringList driveMappings; // "C=/srv/pos", one per --drive
     QString scriptPath; // empty: the screens are shown; "-": standard input
     QStringList screenshots; // "SCREEN=PATH", one per --screenshot
+    QStringList openScreens; // shown at the start in place of the main screen, one per --open
     QDate today; // fixes the clock's day when valid
     bool writeReportTemplate = false;
     QString error; // not empty when the command line can't be used

@@ -70,6 +70,15 @@ bool saveScreenshots(const QStringList &requests, QTextStream &err)
     return true;
 }
 
+// The screens a run starts with; each is loaded through the one place that handles failures.
+void showStartScreens(const QStringList &screens)
+{
+    for (const QString &name : screens) {
+        if (QWidget *screen = qlon::TouchScreen(name))
+            screen->show();
+    }
+}
+
 // Help, the version and a command line that can't be used are answered before any display is
 // opened, so they work over SSH; the status to end with, or -1 when the program is to run.
 int answerWithoutDisplay(int argc, char *argv[])
@@ -84,6 +93,13 @@ int answerWithoutDisplay(int argc, char *argv[])
         QTextStream(stdout) << commandLine.help << Qt::endl;
         return 0;
     }
+    for (const QString &screen : commandLine.openScreens) {
+        if (!qlon::Screens().knows(screen)) {
+            QTextStream(stderr) << "qlon: --open: there is no screen " << screen << "; the screens are "
+                                << qlon::Screens().names().join(QStringLiteral(", ")) << Qt::endl;
+            return 2;
+        }
+    }
     return -1;
 }
 
@@ -93,6 +109,7 @@ int main(int argc, char *argv[])
 {
     QCoreApplication::setApplicationName(QStringLiteral("qlon"));
     QCoreApplication::setApplicationVersion(QLatin1String(qlon::ProgramVersion));
+    qlon::RegisterScreens();
     if (const int status = answerWithoutDisplay(argc, argv); status >= 0)
         return status;
     if (qlon::RunsWithoutWindow(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
@@ -112,19 +129,18 @@ int main(int argc, char *argv[])
     const QString jetChecker = QCoreApplication::applicationDirPath() + QStringLiteral("/qlon-jet-check");
     if (QFileInfo::exists(jetChecker))
         qlon::SetJetChecker(jetChecker);
-    qlon::RegisterScreens();
-    // The program starts by loading its main screen; there is no other way in.
+    // The program starts by loading its main screen, shown unless other screens were asked for.
     qlon::TouchScreen(mainScreen);
+    const bool interactive = !commandLine.scripted() && commandLine.screenshots.isEmpty();
+    showStartScreens(commandLine.openScreens.isEmpty() && interactive ? QStringList{mainScreen} : commandLine.openScreens);
 
     int status = 0;
     if (commandLine.scripted())
         status = runScript(commandLine.scriptPath, out, err);
     if (status == 0 && !saveScreenshots(commandLine.screenshots, err))
         status = 1;
-    if (!commandLine.scripted() && commandLine.screenshots.isEmpty()) {
-        qlon::Screens().existing(mainScreen)->show();
+    if (interactive)
         status = application.exec();
-    }
     qlon::Screens().clear();
     return status;
 }

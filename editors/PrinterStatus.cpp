@@ -170,7 +170,13 @@ void PrinterStatus::Form_Load()
     for (int panel = 0; panel < panelCount; ++panel) {
         cmdDetails[panel]->setEnabled(inUse(panel));
         cmdSpool[panel]->setEnabled(inUse(panel));
+        RequireCompanion(cmdDetails[panel], PrinterDetailsCompanion);
+        RequireCompanion(cmdSpool[panel], PrinterQueueCompanion);
     }
+    RequireCompanion(cmdAllPrinters, PrinterListCompanion);
+    RequireCompanion(cmdIPConn, ConnectionCompanion);
+    RequireCompanion(cmdBios, BiosCompanion);
+    RequireCompanion(cmdTestPrinter, TestPrinterCompanion);
     // A short name in the configuration finds its full device name; the port was looked up
     // before, by the name as configured.
     for (const SystemPrinter &printer : printers)

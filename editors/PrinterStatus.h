@@ -16,7 +16,7 @@ class QTimer;
 namespace qlon {
 
 // A companion screen of the printer status screen. The host beside this tool supplies them
-// under the names below; a button whose companion isn't there does nothing.
+// under the names below; a button whose companion isn't there is disabled.
 class PrinterCompanion
 {
 public:

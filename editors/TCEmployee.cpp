@@ -258,13 +258,16 @@ void TCEmployee::connectHandlers()
     OnEvent(cmdAddNew, &QPushButton::clicked, this, [this] { AddNew_Click(); });
     OnEvent(cmdSaveNew, &QPushButton::clicked, this, [this] { SaveNew_Click(); });
     OnEvent(cmdDelete, &QPushButton::clicked, this, [this] { Delete_Click(); });
+    RequireCompanion(cmdPhoneList, QStringLiteral("PhoneList"));
     OnEvent(cmdPhoneList, &QPushButton::clicked, this, [] {
         if (auto *phones = dynamic_cast<PhoneListCompanion *>(Screens().touch(QStringLiteral("PhoneList"))))
             phones->Command3_Click();
     });
     const auto onEdit = [this](const QString &name, const QString &title, const QByteArray &file) {
-        if (auto *edit = findChild<QPushButton *>(name))
+        if (auto *edit = findChild<QPushButton *>(name)) {
+            RequireCompanion(edit, QStringLiteral("ListEditor"));
             OnEvent(edit, &QPushButton::clicked, this, [this, title, file] { editList(title, file); });
+        }
     };
     for (int job = 0; job < jobCount; ++job) {
         onEdit(ArrayName("cmdEdit", job) + QStringLiteral("Job"), QStringLiteral("Jobs 1 List"), "data\\jobs1.dat");
@@ -349,6 +352,18 @@ void TCEmployee::Fill_Jobs()
     fill(JobTitlesFile, jobPickers());
     fill(JobTypesFile, {cmbType});
     fill(PayrollDepartmentsFile, departmentPickers());
+}
+
+void TCEmployee::reloadLists()
+{
+    QList<QComboBox *> pickers = jobPickers() + departmentPickers();
+    pickers.append(cmbType);
+    QStringList shown;
+    for (const QComboBox *picker : pickers)
+        shown.append(picker->currentText());
+    Fill_Jobs();
+    for (int index = 0; index < pickers.size(); ++index)
+        pickers[index]->setCurrentText(shown[index]);
 }
 
 void TCEmployee::Command1_Click(int key)

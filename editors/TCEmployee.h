@@ -52,6 +52,8 @@ public:
 
     void Form_Load() override;
     void Fill_Jobs();
+    // The pickers' lists read anew after their list editor saved, each keeping the text it shows.
+    void reloadLists();
     // Shows the record whose number stands in "Record", with one deliberate difference: the
     // pickers of jobs 3 and 4 take JobTitle1 and JobTitle2.
     void Fill_text();

@@ -126,6 +126,9 @@ void QLONlistBuilder1::createControls()
         MakeButton(this, QStringLiteral("SSCommand8"), QStringLiteral("Rebuild Items"), QStringLiteral("Build a new list of Items"));
     SSCommand9 =
         MakeButton(this, QStringLiteral("SSCommand9"), QStringLiteral("Individual Sales"), QStringLiteral("Build a new list of Items"));
+    // Our own way in to the Items Sold analysis, below the form's commands so that none of them moves.
+    cmdItemsSold = MakeButton(this, QStringLiteral("cmdItemsSold"), QStringLiteral("Items Sold"),
+        QStringLiteral("The Items Sold analysis of the monthly sales files"));
     SSCommand1 = MakeButton(this, QStringLiteral("SSCommand1"), QStringLiteral("Done"));
     const QString sortCaptions[] = {
         QStringLiteral("Total Sold"), QStringLiteral("Item Name"), QStringLiteral("Sales Volume"), QStringLiteral("No Sort")};
@@ -197,6 +200,7 @@ void QLONlistBuilder1::layOutControls()
              static_cast<QWidget *>(SSCommand8), static_cast<QWidget *>(SSCommand9), static_cast<QWidget *>(SSCommand1)})
         commands->addWidget(command);
     commands->addStretch();
+    commands->addWidget(cmdItemsSold);
 
     auto *sorting = new QVBoxLayout;
     m_sortOptions = new QButtonGroup(this);
@@ -258,6 +262,10 @@ void QLONlistBuilder1::connectHandlers()
             screen->OpenServerSales();
     });
     OnEvent(SSCommand1, &QPushButton::clicked, this, [this] { SSCommand1_Click(); });
+    OnEvent(cmdItemsSold, &QPushButton::clicked, this, [] {
+        if (QWidget *screen = Screens().touch(QStringLiteral("QlonItemsSold")))
+            ShowInFront(screen);
+    });
 }
 
 void QLONlistBuilder1::Form_Load()

@@ -96,6 +96,7 @@ public:
     QPushButton *SSCommand7;
     QPushButton *SSCommand8;
     QPushButton *SSCommand9;
+    QPushButton *cmdItemsSold; // ours: shows the Items Sold analysis
     QPushButton *SSCommand1;
     std::array<QRadioButton *, 4> SSOption4;
     QCheckBox *SSCheck1;

@@ -7,6 +7,7 @@
 #include "ui/ScreenRegistry.h"
 
 #include <QTimer>
+#include <QWidget>
 
 #include <cstdio>
 #include <cstdlib>
@@ -84,6 +85,23 @@ void StartOneShot(QObject *context, int milliseconds, const std::function<void()
     });
     QObject::connect(timer, &QObject::destroyed, settle);
     timer->start(milliseconds);
+}
+
+void ShowInFront(QWidget *screen)
+{
+    screen->show();
+    if (Dialogs::scripted())
+        return;
+    screen->raise();
+    screen->activateWindow();
+}
+
+void RequireCompanion(QWidget *command, const QString &companion)
+{
+    if (Screens().knows(companion))
+        return;
+    command->setEnabled(false);
+    command->setToolTip(QStringLiteral("This belongs to the stations' back office; it isn't part of this program."));
 }
 
 int PendingTimers()

@@ -31,6 +31,12 @@ int RunningHandlers();
 // The screen of that name, created and loaded if it doesn't exist yet, as a handler would touch
 // it: a load that fails ends the program with the platform's error. None for an unknown name.
 QWidget *TouchScreen(const QString &name);
+// Shows the screen above the others; a scripted run, which has no desktop, only shows it.
+void ShowInFront(QWidget *screen);
+
+// A command that shows a companion screen of another program is disabled, with a tip saying so,
+// when this program has no screen of that name.
+void RequireCompanion(QWidget *command, const QString &companion);
 
 // A one-shot timer of a screen; a script waits until none is pending.
 void StartOneShot(QObject *context, int milliseconds, const std::function<void()> &handler);

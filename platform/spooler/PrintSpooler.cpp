@@ -27,14 +27,19 @@ public:
         return found;
     }
 
-    int pendingJobs(const QString &deviceName, int limit) override
+    QList<PrintJob> jobs(const QString &deviceName, int limit) override
     {
-        cups_job_t *jobs = nullptr;
-        const int count = cupsGetJobs(&jobs, deviceName.toUtf8().constData(), 0, CUPS_WHICHJOBS_ACTIVE);
-        if (count <= 0)
-            return 0;
-        cupsFreeJobs(count, jobs);
-        return std::min(count, limit);
+        cups_job_t *cupsJobs = nullptr;
+        const int count = cupsGetJobs(&cupsJobs, deviceName.toUtf8().constData(), 0, CUPS_WHICHJOBS_ACTIVE);
+        QList<PrintJob> found;
+        for (int index = 0; index < std::min(count, limit); ++index) {
+            const cups_job_t &job = cupsJobs[index];
+            found.append({job.id, QString::fromUtf8(job.title), QString::fromUtf8(job.user), job.size,
+                QDateTime::fromSecsSinceEpoch(job.creation_time)});
+        }
+        if (count > 0)
+            cupsFreeJobs(count, cupsJobs);
+        return found;
     }
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QList>
 #include <QString>
 
@@ -12,6 +13,16 @@ struct SystemPrinter
     QString port; // where its jobs go: a device address such as "socket://10.0.0.31:9100"
 };
 
+// A document waiting in a printer's queue.
+struct PrintJob
+{
+    int id = 0;
+    QString title;
+    QString user;
+    int kilobytes = 0;
+    QDateTime created;
+};
+
 // The system's print spooler: its printers and their queues.
 class PrintSpooler
 {
@@ -19,8 +30,10 @@ public:
     virtual ~PrintSpooler() = default;
 
     virtual QList<SystemPrinter> printers() = 0;
-    // The jobs waiting in the printer's queue, at most `limit`; 0 when the request fails.
-    virtual int pendingJobs(const QString &deviceName, int limit) = 0;
+    // The jobs waiting in the printer's queue, oldest first, at most `limit`; none when the
+    // request fails.
+    virtual QList<PrintJob> jobs(const QString &deviceName, int limit) = 0;
+    int pendingJobs(const QString &deviceName, int limit) { return int(jobs(deviceName, limit).size()); }
 };
 
 // The spooler the program talks to: CUPS, unless a test put another in its place.

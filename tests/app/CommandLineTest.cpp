@@ -30,6 +30,8 @@ TEST(CommandLineTest, HelpVersionAndOptionErrorsNeedNoDisplay)
         {{QStringLiteral("--drive"), QStringLiteral("/srv/pos")}, 2, QStringLiteral("qlon: --drive takes LETTER=FOLDER")},
         {{QStringLiteral("--drive"), QStringLiteral("C=/no/such/site")}, 2,
             QStringLiteral("qlon: --drive C=/no/such/site: there is no folder /no/such/site")},
+        {{QStringLiteral("--open"), QStringLiteral("Backoffice")}, 2,
+            QStringLiteral("qlon: --open: there is no screen Backoffice; the screens are BackOffice, ")},
     };
     for (const Answer &answer : answers) {
         QProcess process;

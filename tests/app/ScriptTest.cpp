@@ -386,6 +386,25 @@ TEST_F(ScriptTest, KeyboardStartsTheDesktopsKeyboardAndEndsTheProgramOnlyWhereTh
     EXPECT_TRUE(none.err.contains(QStringLiteral("osk.exe"))) << none.err.toStdString();
 }
 
+TEST_F(ScriptTest, TheBackOfficeStartsInPlaceOfTheMainScreenAndOpensEveryOther)
+{
+    writeDemoSite();
+    const Outcome result = run(QStringLiteral("get BackOffice visible\nget QLONlistBuilder1 visible\n"
+                                              "click BackOffice.cmdItemsSold\nget QlonItemsSold visible\n"
+                                              "click BackOffice.cmdEmployees\nget TCEmployee visible\n"
+                                              "click BackOffice.cmdItemButtons\nget ButtonView.Label1\nget ButtonView.Label2\n"
+                                              "click ButtonView.cmdEdit\nget FItemButtonFood visible\nget FItemButtonFood.lblRecord\n"
+                                              "click BackOffice.cmdListBuilder\nget QLONlistBuilder1 visible\n"
+                                              "click QlonItemsSold.SSCommand3\nget QlonItemsSold visible\n"
+                                              "click QLONlistBuilder1.cmdItemsSold\nget QlonItemsSold visible\n"),
+        {QStringLiteral("--open"), QStringLiteral("BackOffice")});
+    ASSERT_EQ(result.status, 0) << result.err.toStdString();
+    EXPECT_EQ(result.lines(),
+        (QStringList{QStringLiteral("true"), QStringLiteral("false"), QStringLiteral("true"), QStringLiteral("true"),
+            QStringLiteral("C:\\QUILLON\\ini\\Button0.dat"), QStringLiteral("12 records"), QStringLiteral("true"), QStringLiteral("1"),
+            QStringLiteral("true"), QStringLiteral("false"), QStringLiteral("true")}));
+}
+
 TEST_F(ScriptTest, ScreenshotsShowTheScreen)
 {
     writeDemoSite();

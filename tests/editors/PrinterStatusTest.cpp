@@ -22,10 +22,10 @@ public:
             {QStringLiteral("Kitchen Star"), QStringLiteral("socket://10.0.0.31:9100")},
             {QStringLiteral("Bar HP LaserJet"), QStringLiteral("ipp://10.0.0.40/ipp")}};
     }
-    int pendingJobs(const QString &deviceName, int limit) override
+    QList<PrintJob> jobs(const QString &deviceName, int limit) override
     {
         asked.append(deviceName);
-        return std::min(deviceName.startsWith(QLatin1String("Bar")) ? 500 : 3, limit);
+        return QList<PrintJob>(std::min(deviceName.startsWith(QLatin1String("Bar")) ? 500 : 3, limit));
     }
     QStringList asked;
 };
@@ -54,6 +54,7 @@ protected:
         site.write(QStringLiteral("Quillon/QlonINI.dat"), configuration.bytes());
         Screens().add(QStringLiteral("PrinterStatus"), [] { return new PrinterStatus; });
         Screens().add(PrinterDetailsCompanion, [] { return new DetailsScreen; });
+        Screens().add(PrinterQueueCompanion, [] { return new DetailsScreen; });
         screen = Screens().touch<PrinterStatus>(QStringLiteral("PrinterStatus"));
     }
 
@@ -93,7 +94,8 @@ TEST_F(PrinterStatusTest, ButtonsCallTheirCompanionsAndSpoolStopsTheCycles)
     ASSERT_NE(details, nullptr);
     EXPECT_EQ(details->printer, QStringLiteral("Kitchen Star"));
     EXPECT_EQ(details->clicks, 1);
-    screen->cmdAllPrinters->click(); // no list screen supplied: nothing happens
+    EXPECT_FALSE(screen->cmdAllPrinters->isEnabled()) << "no list screen supplied";
+    EXPECT_TRUE(screen->cmdBios->toolTip().contains(QStringLiteral("back office")));
 
     screen->cmdSpool[0]->click();
     test::waitFor(250);

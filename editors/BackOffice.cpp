@@ -1,0 +1,57 @@
+#include "editors/BackOffice.h"
+
+#include "core/Ansi.h"
+#include "store/SiteConfig.h"
+#include "ui/Controls.h"
+#include "ui/Program.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace qlon {
+
+BackOffice::BackOffice(QWidget *parent)
+    : QWidget(parent)
+{
+    setWindowTitle(QStringLiteral("Back Office"));
+    lblSite = MakeLabel(this, QStringLiteral("lblSite"));
+    cmdListBuilder = MakeButton(this, QStringLiteral("cmdListBuilder"), QStringLiteral("&List Builder"),
+        QStringLiteral("The items sold by department, and the server sales"));
+    cmdItemsSold = MakeButton(this, QStringLiteral("cmdItemsSold"), QStringLiteral("Items &Sold"),
+        QStringLiteral("What sold, from the monthly sales files, with inventory"));
+    cmdItemButtons = MakeButton(this, QStringLiteral("cmdItemButtons"), QStringLiteral("Item &Buttons"),
+        QStringLiteral("The buttons of the catalogue files, their editor and their recipes"));
+    cmdEmployees = MakeButton(this, QStringLiteral("cmdEmployees"), QStringLiteral("&Employees"));
+    cmdPrinters = MakeButton(this, QStringLiteral("cmdPrinters"), QStringLiteral("&Printers"));
+    cmdClose = MakeButton(this, QStringLiteral("cmdClose"), QStringLiteral("&Close"));
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(lblSite);
+    for (QPushButton *command : {cmdListBuilder, cmdItemsSold, cmdItemButtons, cmdEmployees, cmdPrinters, cmdClose}) {
+        command->setMinimumHeight(40);
+        layout->addWidget(command);
+    }
+    layout->addStretch();
+    const std::pair<QPushButton *, const char *> opens[] = {{cmdListBuilder, "QLONlistBuilder1"}, {cmdItemsSold, "QlonItemsSold"},
+        {cmdItemButtons, "ButtonView"}, {cmdEmployees, "TCEmployee"}, {cmdPrinters, "PrinterStatus"}};
+    for (const auto &[command, screen] : opens)
+        OnEvent(command, &QPushButton::clicked, this, [this, name = QString::fromLatin1(screen)] { open(name); });
+    OnEvent(cmdClose, &QPushButton::clicked, this, [this] { close(); });
+}
+
+void BackOffice::Form_Load()
+{
+    EnsureDataRoot();
+    lblSite->setText(QStringLiteral("Site: ") + FromAnsi(Site().DataRoot));
+    // The list builder's screen has its own window unless the program was started here.
+    const QWidget *main = Screens().existing(QStringLiteral("QLONlistBuilder1"));
+    cmdListBuilder->setVisible(!main || !main->isVisible());
+}
+
+void BackOffice::open(const QString &screen)
+{
+    if (QWidget *opened = Screens().touch(screen))
+        ShowInFront(opened);
+}
+
+} // namespace qlon

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "ui/ScreenRegistry.h"
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+namespace qlon {
+
+// "Back Office": the way in to the screens that the list builder's own screen doesn't open:
+// the Items Sold analysis, the employees, the printers and the item buttons, and the list
+// builder itself when the program was started on this screen.
+class BackOffice : public QWidget, public LoadedScreen
+{
+    Q_OBJECT
+
+public:
+    explicit BackOffice(QWidget *parent = nullptr);
+
+    void Form_Load() override;
+
+    QLabel *lblSite;
+    QPushButton *cmdListBuilder;
+    QPushButton *cmdItemsSold;
+    QPushButton *cmdItemButtons;
+    QPushButton *cmdEmployees;
+    QPushButton *cmdPrinters;
+    QPushButton *cmdClose;
+
+private:
+    void open(const QString &screen);
+};
+
+} // namespace qlon

@@ -1,6 +1,12 @@
 #include "editors/BackOffice.h"
 
 #include "core/Ansi.h"
+#include "editors/ButtonView.h"
+#include "editors/ListEditor.h"
+#include "editors/PhoneList.h"
+#include "editors/PrinterListView.h"
+#include "editors/PrinterQueueView.h"
+#include "editors/RecipeView.h"
 #include "store/SiteConfig.h"
 #include "ui/Controls.h"
 #include "ui/Program.h"
@@ -52,6 +58,20 @@ void BackOffice::open(const QString &screen)
 {
     if (QWidget *opened = Screens().touch(screen))
         ShowInFront(opened);
+}
+
+void RegisterBackOfficeScreens()
+{
+    Screens().add(QStringLiteral("BackOffice"), [] { return new BackOffice; });
+    Screens().add(QStringLiteral("ButtonView"), [] { return new ButtonView; });
+    Screens().add(QStringLiteral("RecipeView"), [] { return new RecipeView; });
+    Screens().add(QStringLiteral("ListEditor"), [] { return new ListEditor; });
+    Screens().add(QStringLiteral("PhoneList"), [] { return new PhoneList; });
+    // The companions of the printer status screen that can be real here; the others belong to
+    // the stations' back office.
+    Screens().add(PrinterQueueCompanion, [] { return new PrinterQueueView(PrinterQueueView::Kind::Queue); });
+    Screens().add(PrinterDetailsCompanion, [] { return new PrinterQueueView(PrinterQueueView::Kind::Details); });
+    Screens().add(PrinterListCompanion, [] { return new PrinterListView; });
 }
 
 } // namespace qlon

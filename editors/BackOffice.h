@@ -33,4 +33,9 @@ private:
     void open(const QString &screen);
 };
 
+// Registers the host and the screens it sets beside the ones it opens: the item editor's button
+// and recipe views, the employee editor's list editor and phone list, and the printer status
+// screen's views of the system's printers and queues.
+void RegisterBackOfficeScreens();
+
 } // namespace qlon

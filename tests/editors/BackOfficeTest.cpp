@@ -74,22 +74,15 @@ protected:
         ScreenTest::TearDown();
     }
 
-    // The screens the host reaches and the companions it supplies, as the program registers them.
+    // The screens the host opens, and those it supplies itself.
     static void registerScreens()
     {
         registerMainScreenAlone();
-        Screens().add(QStringLiteral("BackOffice"), [] { return new BackOffice; });
         Screens().add(QStringLiteral("QlonItemsSold"), [] { return new QlonItemsSold; });
         Screens().add(QStringLiteral("TCEmployee"), [] { return new TCEmployee; });
         Screens().add(QStringLiteral("PrinterStatus"), [] { return new PrinterStatus; });
         Screens().add(QStringLiteral("FItemButtonFood"), [] { return new FItemButtonFood; });
-        Screens().add(QStringLiteral("ButtonView"), [] { return new ButtonView; });
-        Screens().add(QStringLiteral("RecipeView"), [] { return new RecipeView; });
-        Screens().add(QStringLiteral("ListEditor"), [] { return new ListEditor; });
-        Screens().add(QStringLiteral("PhoneList"), [] { return new PhoneList; });
-        Screens().add(PrinterQueueCompanion, [] { return new PrinterQueueView(PrinterQueueView::Kind::Queue); });
-        Screens().add(PrinterDetailsCompanion, [] { return new PrinterQueueView(PrinterQueueView::Kind::Details); });
-        Screens().add(PrinterListCompanion, [] { return new PrinterListView; });
+        RegisterBackOfficeScreens();
     }
 
     QByteArray buttonFile() const { return site.read(QStringLiteral("Quillon/ini/Button0.dat")); }

@@ -96,6 +96,7 @@ QlonItemsSold::QlonItemsSold(QWidget *parent)
     SSCommand4 =
         MakeButton(this, QStringLiteral("SSCommand4"), QStringLiteral("Update List"), QStringLiteral("Update the list using these dates"));
     SSCommand11 = MakeButton(this, QStringLiteral("SSCommand11"), QStringLiteral("Stop"));
+    KeepPlaceWhenHidden(SSCommand11);
     SSCommand11->hide();
     SSCommand5 = MakeButton(this, QStringLiteral("SSCommand5"), QStringLiteral("Print"), QStringLiteral("Use receipt Printer"));
     SSCommand6 = MakeButton(this, QStringLiteral("SSCommand6"), QStringLiteral("Print"), QStringLiteral("Chose printer to Use"));
@@ -104,6 +105,7 @@ QlonItemsSold::QlonItemsSold(QWidget *parent)
     SSPanel1 = MakeLabel(this, QStringLiteral("SSPanel1"), QStringLiteral("Items Sold "));
     SSPanel1->setFrameShape(QFrame::Panel);
     ProgressBar1 = Named(new QProgressBar(this), QStringLiteral("ProgressBar1"));
+    KeepPlaceWhenHidden(ProgressBar1);
     ProgressBar1->hide();
     Label7 = MakeLabel(this, QStringLiteral("Label7"));
     MList1 = Named(new MList(this), QStringLiteral("MList1"));

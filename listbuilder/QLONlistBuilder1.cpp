@@ -157,11 +157,11 @@ void QLONlistBuilder1::createControls()
     SSCommand4->setEnabled(false);
     SSCommand7->setEnabled(false);
     SSCommand3->setEnabled(false);
-    SSCommand5->hide();
-    SSCommand6->hide();
-    SSCheck1->hide();
-    Label10->hide();
-    Label1[5]->hide();
+    for (QWidget *shownByARun : {static_cast<QWidget *>(SSCommand5), static_cast<QWidget *>(SSCommand6), static_cast<QWidget *>(SSCheck1),
+             static_cast<QWidget *>(Label10), static_cast<QWidget *>(Label1[5])}) {
+        KeepPlaceWhenHidden(shownByARun);
+        shownByARun->hide();
+    }
 }
 
 void QLONlistBuilder1::layOutControls()

@@ -48,6 +48,15 @@ inline QLabel *MakeLabel(QWidget *parent, const QString &name, const QString &ca
     return Named(new QLabel(caption, parent), name);
 }
 
+// A control that a run shows and hides keeps its place in the layout while hidden, so that no
+// other control moves under the pointer.
+inline void KeepPlaceWhenHidden(QWidget *control)
+{
+    QSizePolicy policy = control->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control->setSizePolicy(policy);
+}
+
 // A month calendar as the site's machines show it, whatever this machine's locale: English
 // names, Sunday first, no week numbers.
 inline QCalendarWidget *MakeCalendar(QWidget *parent, const QString &name)

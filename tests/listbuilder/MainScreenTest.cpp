@@ -87,6 +87,29 @@ TEST_F(MainScreenTest, CalendarsAreTheSitesWhateverThisMachinesLocale)
     }
 }
 
+TEST_F(MainScreenTest, CommandsStayUnderThePointerWhenARunShowsStopAndPrint)
+{
+    QLONlistBuilder1 *screen = load();
+    screen->show();
+    QApplication::processEvents();
+    const auto places = [screen] {
+        QList<QRect> rects;
+        for (const QWidget *command : screen->findChildren<QPushButton *>())
+            rects.append(command->isVisible() ? command->geometry() : QRect());
+        return rects;
+    };
+    const QList<QRect> before = places();
+    screen->SSCommand5->show();
+    screen->SSCommand6->show();
+    QApplication::processEvents();
+    const QList<QRect> during = places();
+    for (qsizetype index = 0; index < before.size(); ++index) {
+        if (!before[index].isNull()) {
+            EXPECT_EQ(during[index], before[index]) << index;
+        }
+    }
+}
+
 TEST_F(MainScreenTest, ALongDepartmentNameDoesNotWidenTheScreen)
 {
     site.write(QStringLiteral("Quillon/data/Departments.dat"), "\"Food\"\r\n\"" + QByteArray(100000, 'W') + "\"\r\n");

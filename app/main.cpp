@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QIcon>
 
 namespace {
 
@@ -79,6 +80,17 @@ void showStartScreens(const QStringList &screens)
     }
 }
 
+// A run without a window, such as a nightly job, prints only what its script asks for: the
+// platform's own notes (no runtime folder, a plugin without window hints) are left out, and
+// only its critical messages remain.
+void keepPlatformNotesQuiet()
+{
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &message) {
+        if (type == QtCriticalMsg || type == QtFatalMsg)
+            QTextStream(stderr) << message << Qt::endl;
+    });
+}
+
 // Help, the version and a command line that can't be used are answered before any display is
 // opened, so they work over SSH; the status to end with, or -1 when the program is to run.
 int answerWithoutDisplay(int argc, char *argv[])
@@ -112,9 +124,13 @@ int main(int argc, char *argv[])
     qlon::RegisterScreens();
     if (const int status = answerWithoutDisplay(argc, argv); status >= 0)
         return status;
-    if (qlon::RunsWithoutWindow(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (qlon::RunsWithoutWindow(argc, argv)) {
+        keepPlatformNotesQuiet();
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QApplication application(argc, argv);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/qlon.png")));
     QTextStream out(stdout);
     QTextStream err(stderr);
 

@@ -205,29 +205,35 @@ TCEmployee::TCEmployee(QWidget *parent)
         box->installEventFilter(tint);
     txtNotes->installEventFilter(tint);
     connectHandlers();
-    resize(1100, 760);
+    resize(1000, 680);
 }
 
 QWidget *TCEmployee::makeJobGroups()
 {
     auto *jobs = new QWidget(this);
     auto *column = new QVBoxLayout(jobs);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
     const auto addGroup = [&](const QString &title, QComboBox *job, QLineEdit *rate, QComboBox *department, const QString &editName) {
         auto *group = new QGroupBox(title, jobs);
         auto *form = new QGridLayout(group);
-        form->addWidget(job, 0, 0);
+        form->setContentsMargins(6, 2, 6, 2);
+        form->setVerticalSpacing(2);
+        form->addWidget(job, 0, 0, 1, 2);
         form->addWidget(MakeButton(group, editName + QStringLiteral("Job"), QStringLiteral("Edit"),
                             QStringLiteral("Edit the drop down list and add budget information for Job Titles")),
-            0, 1);
+            0, 2);
         if (rate) {
             form->addWidget(MakeLabel(group, {}, QStringLiteral("Hourly Rate")), 1, 0);
             form->addWidget(rate, 1, 1);
         }
-        form->addWidget(MakeLabel(group, {}, QStringLiteral("Department")), 2, 0);
-        form->addWidget(department, 3, 0);
+        const int departmentRow = rate ? 2 : 1;
+        form->addWidget(MakeLabel(group, {}, QStringLiteral("Department")), departmentRow, 0);
+        form->addWidget(department, departmentRow, 1);
         form->addWidget(MakeButton(group, editName + QStringLiteral("Department"), QStringLiteral("Edit"),
                             QStringLiteral("Edit the drop down list and add budget information for Department Titles")),
-            3, 1);
+            departmentRow, 2);
+        form->setColumnStretch(1, 1);
         column->addWidget(group);
     };
     for (int job = 0; job < jobCount; ++job) {

@@ -154,15 +154,17 @@ void QlonItemsSold::layOut()
     layout->addWidget(MakeLabel(this, {}, QStringLiteral("Total Sales Volume")), 8, 4);
     layout->addWidget(Label7, 9, 4);
     layout->addWidget(MakeLabel(this, {}, QStringLiteral("Gift Cards are NOT included in total")), 10, 4);
-    layout->addWidget(
-        MakeLabel(this, {}, QStringLiteral("Best selling Items are at the top of the list when list is sorted by Total Sales.")), 11, 4);
+    QLabel *sortNote =
+        MakeLabel(this, {}, QStringLiteral("Best selling Items are at the top of the list when list is sorted by Total Sales."));
+    sortNote->setWordWrap(true);
+    layout->addWidget(sortNote, 11, 4);
     layout->addWidget(ProgressBar1, 7, 0, 1, 4);
     auto *commands = new QHBoxLayout;
     for (QPushButton *command : {SSCommand4, SSCommand11, SSCommand5, SSCommand6, SSCommand8, SSCommand3})
         commands->addWidget(command);
     layout->addLayout(commands, 12, 0, 1, 5);
     layout->setColumnStretch(4, 1);
-    resize(1100, 720);
+    resize(1000, 700);
 }
 
 void QlonItemsSold::connectHandlers()

@@ -192,15 +192,12 @@ void QLONlistBuilder1::layOutControls()
     times->addWidget(Label1[3], 1, 0);
     times->addWidget(Combo3, 1, 1);
     times->addWidget(SSCommand10, 2, 0, 1, 2);
-    times->setRowStretch(3, 1);
 
     auto *commands = new QVBoxLayout;
     for (QWidget *command : {static_cast<QWidget *>(SSCommand2), static_cast<QWidget *>(SSCommand4), static_cast<QWidget *>(SSCommand5),
              static_cast<QWidget *>(SSCommand6), static_cast<QWidget *>(SSCommand3), static_cast<QWidget *>(SSCommand7),
              static_cast<QWidget *>(SSCommand8), static_cast<QWidget *>(SSCommand9), static_cast<QWidget *>(SSCommand1)})
         commands->addWidget(command);
-    commands->addStretch();
-    commands->addWidget(cmdItemsSold);
 
     auto *sorting = new QVBoxLayout;
     m_sortOptions = new QButtonGroup(this);
@@ -210,7 +207,15 @@ void QLONlistBuilder1::layOutControls()
         sorting->addWidget(option);
     }
     sorting->addWidget(SSCheck1);
-    sorting->addStretch();
+
+    // One column beside the calendars and the list, so that the screen fits a 1024 pixel display.
+    auto *side = new QVBoxLayout;
+    side->addLayout(times);
+    side->addLayout(commands);
+    side->addSpacing(Pixels(120));
+    side->addLayout(sorting);
+    side->addStretch();
+    side->addWidget(cmdItemsSold);
 
     auto *status = new QHBoxLayout;
     for (QWidget *part : {static_cast<QWidget *>(Label4[0]), static_cast<QWidget *>(Label6), static_cast<QWidget *>(Label4[1]),
@@ -229,11 +234,9 @@ void QLONlistBuilder1::layOutControls()
     screen->addWidget(SSFrame1, 0, 0);
     screen->addWidget(Shape1, 0, 1);
     screen->addWidget(Shape2, 0, 2);
-    screen->addLayout(times, 0, 3);
-    screen->addLayout(commands, 0, 4, 2, 1);
-    screen->addWidget(MList1, 1, 0, 1, 4);
-    screen->addLayout(sorting, 1, 5);
-    screen->addLayout(status, 2, 0, 1, 6);
+    screen->addLayout(side, 0, 3, 2, 1);
+    screen->addWidget(MList1, 1, 0, 1, 3);
+    screen->addLayout(status, 2, 0, 1, 4);
     screen->setRowStretch(1, 1);
 }
 

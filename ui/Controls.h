@@ -58,13 +58,14 @@ inline void KeepPlaceWhenHidden(QWidget *control)
 }
 
 // A month calendar as the site's machines show it, whatever this machine's locale: English
-// names, Sunday first, no week numbers.
+// names, days by their first letter, Sunday first, no week numbers.
 inline QCalendarWidget *MakeCalendar(QWidget *parent, const QString &name)
 {
     auto *calendar = Named(new QCalendarWidget(parent), name);
     calendar->setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
     calendar->setFirstDayOfWeek(Qt::Sunday);
     calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    calendar->setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames);
     return calendar;
 }
 

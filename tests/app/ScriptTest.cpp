@@ -403,6 +403,7 @@ TEST_F(ScriptTest, TheBackOfficeStartsInPlaceOfTheMainScreenAndOpensEveryOther)
         (QStringList{QStringLiteral("true"), QStringLiteral("false"), QStringLiteral("true"), QStringLiteral("true"),
             QStringLiteral("C:\\QUILLON\\ini\\Button0.dat"), QStringLiteral("12 records"), QStringLiteral("true"), QStringLiteral("1"),
             QStringLiteral("true"), QStringLiteral("false"), QStringLiteral("true")}));
+    EXPECT_EQ(result.err, QString()) << "a run without a window prints only what its script asks for";
 }
 
 TEST_F(ScriptTest, ScreenshotsShowTheScreen)

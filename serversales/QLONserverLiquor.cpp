@@ -347,14 +347,13 @@ void QLONserverLiquor::Get_Drink2()
     const QByteArray server = TrimBlanks(Combo1->text());
     Label2->setText(QStringLiteral("Searching sales for -") + FromAnsi(server));
     Yield();
+    // The search's first recordset call, asking whether it can find, fails when the database never
+    // opened: the program ends with the platform's text rather than report a server who sold nothing.
+    if (!m_recordsetOpen)
+        throw RuntimeError(RuntimeError::ObjectClosed, HostPath(DataPath(SalesDatabaseFile)));
     // Deliberately left as the old screen left it: the buttons stay off, the file holds its heading.
     if (server.isEmpty())
         return;
-
-    // The search's recordset calls fail when the database never opened: the program ends with the
-    // platform's text rather than report a server who sold nothing.
-    if (!m_recordsetOpen)
-        throw RuntimeError(RuntimeError::ObjectClosed, HostPath(DataPath(SalesDatabaseFile)));
     const SalesSpan span{ansiText(Text6), ansiText(Text8), ansiText(Text7), ansiText(Text9)};
     const ServerSales sales = SearchServerSales(m_rows, {server, span, int(NumericValue(ToAnsi(Label8->text())))}, table);
     for (const QByteArrayList &row : sales.accepted) {

@@ -3,13 +3,17 @@
 #include "store/EmployeeRec1000.h"
 #include "store/ProgramGlobals.h"
 #include "store/SqliteSalesWriter.h"
+#include "tests/support/Rows.h"
 #include "tests/support/ScreenTest.h"
+#include "tests/support/ShownMessages.h"
 #include "ui/DataControl.h"
 #include "ui/MList.h"
 #include "ui/VbComboBox.h"
 #include "ui/VbTextBox.h"
 
 #include <QCalendarWidget>
+#include <QCoreApplication>
+#include <QFile>
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
@@ -78,6 +82,12 @@ protected:
         for (int row = 0; row < list->rowCount(); ++row)
             texts.append(list->rowText(row));
         return texts;
+    }
+
+    static QByteArray heading(const QByteArray &server)
+    {
+        return "~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~\r\n  Server " + server +
+            "\r\n1/1/2004 to 1/2/2004\r\n6:00 PM to 2:00 AM\r\n~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~\r\n";
     }
 
     QLONlistBuilder1 *main = nullptr;
@@ -156,19 +166,35 @@ TEST_F(ServerScreenTest, UpdateShowsTheServersSalesAndWritesBothLists)
     EXPECT_EQ(rows(screen->MList2), (QByteArrayList{"Liquor|$6.00|1", "Wine|$0.00|0"}));
     EXPECT_TRUE(screen->Command1->isEnabled());
     EXPECT_EQ(screen->datPrimaryRS->caption(), QStringLiteral("Record: -3"));
-    const QByteArray heading = "~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~\r\n  Server 1002\r\n1/1/2004 to 1/2/2004\r\n6:00 PM to 2:00 AM\r\n"
-                               "~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~\r\n";
     const QByteArray totals = "________________________________\r\nGrand Total Sales\t$18.25\r\nTotal Liquor Sales\t$6.00\r\n"
                               "Total Food Sales\t$12.25\r\n";
-    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")), heading + "Rum\t6\tLiquor\r\nBurger\t12.254\tFood\r\n" + totals);
-    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList2.Tmp")), heading + "Liquor\t\t$6.00\r\nWine\t\t$0.00\r\n" + totals);
+    EXPECT_EQ(
+        site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")), heading("1002") + "Rum\t6\tLiquor\r\nBurger\t12.254\tFood\r\n" + totals);
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList2.Tmp")), heading("1002") + "Liquor\t\t$6.00\r\nWine\t\t$0.00\r\n" + totals);
 
     screen->Combo1->setText("  ");
     screen->Command1->click();
     EXPECT_EQ(screen->Label2->text(), QStringLiteral("Searching sales for -"));
     EXPECT_FALSE(screen->Command1->isEnabled()) << "an empty server leaves the run half done, as it always did";
-    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")), QByteArray(heading).replace("Server 1002", "Server   "))
-        << "and the list holds its heading alone";
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")), heading("  ")) << "and the list holds its heading alone";
+}
+
+TEST_F(ServerScreenTest, WithoutTheDatabaseASearchEndsTheProgramEvenForABlankServer)
+{
+    screen->SSCommand1->click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_EQ(Screens().existing(QStringLiteral("QLONserverLiquor")), nullptr);
+    ASSERT_TRUE(QFile::remove(site.hostPath(QStringLiteral("Quillon/data/Quillon.mdb"))));
+    main->SSCommand9->click();
+    screen = qobject_cast<QLONserverLiquor *>(Screens().existing(QStringLiteral("QLONserverLiquor")));
+    ASSERT_NE(screen, nullptr);
+    EXPECT_TRUE(test::ShownMessages().contains(QStringLiteral("Data error event hit err:")));
+
+    screen->Combo1->setText("");
+    EXPECT_EQ(test::RuntimeErrorNumber([this] { screen->RunServerSearch(); }), RuntimeError::ObjectClosed);
+    // The list was begun before the recordset was asked anything; the department list never was.
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")), heading(""));
+    EXPECT_FALSE(QFile::exists(site.hostPath(QStringLiteral("Quillon/Temp/TempList2.Tmp"))));
 }
 
 } // namespace

@@ -168,8 +168,9 @@ void QLONserverLiquor::connectHandlers()
     });
     OnEvent(SSCommand3, &QPushButton::clicked, this, [this] { TellWherePrinted(this, PrintServerList()); });
     OnEvent(SSCommand4, &QPushButton::clicked, this, [] {
-        // The system's on-screen keyboard; a machine without any is the error nobody handles.
-        if (!StartOnScreenKeyboard())
+        // The system's on-screen keyboard, whose start isn't looked at; a machine without any is
+        // the error nobody handles.
+        if (StartOnScreenKeyboard() == KeyboardStart::NoneInstalled)
             throw RuntimeError(RuntimeError::FileNotFound, QStringLiteral("c:\\Windows\\system32\\osk.exe"));
     });
     OnEvent(SSCommand5, &QPushButton::clicked, this, [this] {

@@ -379,6 +379,10 @@ TEST_F(ScriptTest, KeyboardStartsTheDesktopsKeyboardAndEndsTheProgramOnlyWhereTh
         QThread::msleep(50);
     EXPECT_TRUE(QFile::exists(keyboard + QStringLiteral(".started")));
 
+    // One that is there but can't be started is passed over.
+    site.write(QStringLiteral("bin/onboard"), "not a program\n");
+    EXPECT_EQ(run(script, {}, environment).status, 0);
+
     environment.insert(QStringLiteral("PATH"), site.hostPath(QStringLiteral("Quillon")));
     const Outcome none = run(script, {}, environment);
     EXPECT_EQ(none.status, 1);

@@ -66,7 +66,7 @@ TEST_F(ScriptTest, WithoutStartDatesThePickersStayUnfilled)
                                               "get QLONlistBuilder1.Label11\n"));
     EXPECT_EQ(result.status, 0) << result.err.toStdString();
     EXPECT_EQ(result.lines(),
-        (QStringList{QStringLiteral("message: Servers Individual Sales | Data error event hit err:"
+        (QStringList{QStringLiteral("message: QLONListBuilder | Data error event hit err:"
                                     "Could not find file 'c:\\Quillon\\data\\Quillon.mdb'."),
             QStringLiteral("More"), QStringLiteral("0"), QStringLiteral("Combo2"), QStringLiteral("0"), QStringLiteral("Combo3"),
             QStringLiteral("11/23/2026"), QStringLiteral("11/23/2026"), QStringLiteral("Version 1.0.0")}));

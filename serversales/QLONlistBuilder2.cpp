@@ -411,15 +411,14 @@ void QLONlistBuilder2::BLD_DATA()
     Label2->setText(QStringLiteral("Searching - Just A Moment"));
     Yield();
     requireRecordset();
-    // After each row found: the rows of the day so far, and the totals.
-    qsizetype shown = 0;
-    SearchServerDay(m_recordset, key, ToAnsi(Text2->text()), [&](const DaySales &sales) {
-        for (; shown < sales.rows.size(); ++shown)
-            MList1->addRow(sales.rows[shown]);
-        Text3->setText(FromAnsi(Currency(sales.total)));
-        Text4->setText(FromAnsi(Currency(sales.liquor)));
-        Text5->setText(FromAnsi(Currency(sales.total - sales.liquor)));
-    });
+    // A row of the day goes on the list before the move past it; the totals follow the move.
+    SearchServerDay(m_recordset, key, ToAnsi(Text2->text()),
+        {[this](const QByteArray &row) { MList1->addRow(row); },
+            [this](const DaySales &sales) {
+                Text3->setText(FromAnsi(Currency(sales.total)));
+                Text4->setText(FromAnsi(Currency(sales.liquor)));
+                Text5->setText(FromAnsi(Currency(sales.total - sales.liquor)));
+            }});
     Label2->setText(QStringLiteral("Search Completed"));
     enableRunButtons(true);
 }

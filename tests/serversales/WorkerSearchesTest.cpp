@@ -111,15 +111,19 @@ TEST_F(WorkerSearchesTest, ServerDaySearchTakesOneDateAndOnlyTheTypeLAsLiquor)
     open({sale("1000", "1/22/2005", "Rum", "L", "6"), sale("21000", "1/22/2005 8:00:00 PM", "Ale", "Beer", "4.255"),
         sale("1000", "1/23/2005", "Gin", "L", "7"), sale("1000", "1/22/2005", "Vodka", "Liquor", "5"),
         sale("1001", "1/22/2005", "Soup", "Food", "3"), sale("1000", "1/22/2005", nullptr, nullptr, "2")});
-    std::vector<qsizetype> running;
-    const DaySales sales =
-        SearchServerDay(recordset, "", "01/22/2005", [&](const DaySales &sofar) { running.push_back(sofar.rows.size()); });
+    // A row of the day is told before the move past it, the sums after it.
+    std::vector<int> acceptedAt;
+    std::vector<std::pair<int, qsizetype>> movedOn;
+    const DaySales sales = SearchServerDay(recordset, "", "01/22/2005",
+        {[&](const QByteArray &) { acceptedAt.push_back(recordset.current()); },
+            [&](const DaySales &sofar) { movedOn.emplace_back(recordset.current(), sofar.rows.size()); }});
     EXPECT_EQ(sales.rows,
         QByteArrayList({"1000,1/22/2005,Rum,6,L", "21000,1/22/2005 8:00:00 PM,Ale,4.255,Beer", "1000,1/22/2005,Vodka,5,Liquor",
             "1000,1/22/2005,Vodka,2,Liquor"}));
     EXPECT_DOUBLE_EQ(sales.total, 6 + 4.26 + 5 + 2);
     EXPECT_DOUBLE_EQ(sales.liquor, 6);
-    EXPECT_EQ(running, (std::vector<qsizetype>{1, 2, 2, 3, 4}));
+    EXPECT_EQ(acceptedAt, (std::vector<int>{0, 1, 3, 5}));
+    EXPECT_EQ(movedOn, (std::vector<std::pair<int, qsizetype>>{{1, 1}, {2, 2}, {3, 2}, {4, 3}, {6, 4}}));
     EXPECT_TRUE(SearchServerDay(recordset, "1000", "not a date").rows.isEmpty());
 }
 

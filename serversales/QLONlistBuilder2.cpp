@@ -54,6 +54,8 @@ QLONlistBuilder2::QLONlistBuilder2(QWidget *parent)
     , m_gridModel(new SalesGridModel(m_recordset, this))
 {
     setWindowTitle(QStringLiteral("Servers Individual Sales"));
+    // "Done" and "Close" unload the form; the next touch loads it afresh.
+    setAttribute(Qt::WA_DeleteOnClose);
     Text1 = MakeTextBox(this, QStringLiteral("Text1"), QStringLiteral("1000"));
     Text2 = Named(new VbTextBox(QStringLiteral("01/22/2005"), this), QStringLiteral("Text2"));
     Text3 = MakeTextBox(this, QStringLiteral("Text3"));

@@ -8,6 +8,7 @@
 #include "ui/VbTextBox.h"
 
 #include <QCalendarWidget>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -115,8 +116,24 @@ TEST_F(WorkerFormTest, GridOperationsChangeTheRowsInMemoryOnlyAndTheWriteIsRefus
     EXPECT_TRUE(worker->MonthView1->isVisible());
     emit worker->MonthView1->clicked(QDate(2005, 1, 23));
     EXPECT_FALSE(worker->MonthView1->isVisible());
+}
+
+TEST_F(WorkerFormTest, DoneUnloadsTheFormAndTheNextTouchLoadsItAfresh)
+{
+    worker->show();
     worker->SSCommand1->click();
-    EXPECT_FALSE(worker->isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Screens().existing(QStringLiteral("QLONlistBuilder2")), nullptr);
+
+    stationSells("Late");
+    worker = Screens().touch<QLONlistBuilder2>(QStringLiteral("QLONlistBuilder2"));
+    EXPECT_EQ(worker->datPrimaryRS->caption(), QStringLiteral("Record: 1"));
+    worker->show();
+    EXPECT_EQ(gridRows(), 5) << "the load reads the table afresh";
+
+    worker->cmdClose->click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Screens().existing(QStringLiteral("QLONlistBuilder2")), nullptr);
 }
 
 TEST_F(WorkerFormTest, UpdateListsOneDayOfTheServersContainingTheKey)

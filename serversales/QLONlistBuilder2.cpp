@@ -150,12 +150,7 @@ void QLONlistBuilder2::connectHandlers()
         });
     });
     OnEvent(cmdDelete, &QPushButton::clicked, this, [this] { recordsetOperation([this] { m_gridModel->deleteCurrent(); }); });
-    OnEvent(cmdRefresh, &QPushButton::clicked, this, [this] {
-        recordsetOperation([this] {
-            m_recordset.refresh();
-            m_gridModel->reload();
-        });
-    });
+    OnEvent(cmdRefresh, &QPushButton::clicked, this, [this] { recordsetOperation([this] { m_gridModel->refresh(); }); });
     OnEvent(cmdUpdate, &QPushButton::clicked, this, [this] { recordsetOperation([this] { m_recordset.updateBatch(); }); });
     OnEvent(cmdClose, &QPushButton::clicked, this, [this] { close(); });
     OnEvent(SSCommand1, &QPushButton::clicked, this, [this] { close(); });
@@ -183,7 +178,7 @@ void QLONlistBuilder2::connectGrid()
 {
     grdDataGrid->setModel(m_gridModel);
     connect(grdDataGrid->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex &current) {
-        if (current.isValid() && current.row() != m_recordset.current())
+        if (current.isValid() && !m_gridModel->isChanging() && current.row() != m_recordset.current())
             RunHandler([this, row = current.row()] { m_recordset.moveTo(row); });
     });
 }
@@ -238,8 +233,9 @@ void QLONlistBuilder2::Form_Load()
     // The table stays open from the start of the program; the database itself is opened
     // read-only on purpose: it belongs to the stations.
     OpenDataControl(this, m_recordset);
+    // The opening puts the recordset on its first row, a move like any other.
     if (m_recordset.isOpen())
-        datPrimaryRS->showPosition(m_recordset.rowsAtOpening() > 0 ? 1 : SalesRecordset::PositionAtEnd);
+        m_recordset.moveFirst();
     MonthView1->setSelectedDate(Today());
 }
 

@@ -44,8 +44,19 @@ protected:
 
 TEST_F(WorkerSearchesTest, RecordsetKeepsTheRowsOfItsOpeningAndItsChangesInMemory)
 {
+    EXPECT_EQ(ErrorOf([&] { recordset.refresh(); }).number(), RuntimeError::ObjectClosed);
+    // A database that can't be opened leaves the recordset closed, and a refresh tries it again.
+    bool reachable = false;
+    const auto connect = [&] {
+        if (!reachable)
+            throw RuntimeError(RuntimeError::FileNotFound);
+        return std::make_unique<test::RowsStore>(table);
+    };
+    EXPECT_EQ(ErrorOf([&] { recordset.open(connect); }).number(), RuntimeError::FileNotFound);
     EXPECT_EQ(ErrorOf([&] { recordset.count(); }).number(), RuntimeError::ObjectClosed);
-    open({sale("1", "1/1/2004", "A", "F", "1"), sale("1", "1/1/2004", "B", "F", "1"), sale("1", "1/1/2004", "C", "F", "1")});
+    table = {sale("1", "1/1/2004", "A", "F", "1"), sale("1", "1/1/2004", "B", "F", "1"), sale("1", "1/1/2004", "C", "F", "1")};
+    reachable = true;
+    recordset.refresh();
     int moves = 0;
     recordset.onMove([&] { ++moves; });
     table.push_back(sale("1", "1/1/2004", "Added later", "F", "1"));
@@ -57,6 +68,13 @@ TEST_F(WorkerSearchesTest, RecordsetKeepsTheRowsOfItsOpeningAndItsChangesInMemor
     EXPECT_EQ(recordset.absolutePosition(), SalesRecordset::PositionAtEnd);
     EXPECT_EQ(ErrorOf([&] { recordset.deleteCurrent(); }).number(), RuntimeError::NoCurrentRecord);
     EXPECT_EQ(moves, 2);
+    // Moves held during a change are told after it, one call each.
+    recordset.withMovesHeld([&] {
+        recordset.moveFirst();
+        recordset.moveLast();
+        EXPECT_EQ(moves, 2);
+    });
+    EXPECT_EQ(moves, 4);
 
     // Deleting the last row leaves the recordset on the new last row; deleting another, on the next.
     recordset.moveLast();

@@ -158,9 +158,11 @@ void QLONlistBuilder2::connectHandlers()
         MonthView1->move(Text2->mapToGlobal(QPoint(0, Text2->height())));
         MonthView1->show();
     });
-    OnEvent(MonthView1, &QCalendarWidget::clicked, this, [this] {
-        Text2->setText(FromAnsi(ShortDate(MonthView1->selectedDate())));
-        MonthView1->hide();
+    connect(MonthView1, &QCalendarWidget::clicked, this, [this](QDate date) {
+        RunHandler([this, date] {
+            Text2->setText(FromAnsi(ShortDate(date)));
+            MonthView1->hide();
+        });
     });
     OnEvent(Command1, &QPushButton::clicked, this, [this] {
         MList1->clear();
@@ -213,12 +215,14 @@ void QLONlistBuilder2::showEvent(QShowEvent *event)
     }
 }
 
-// The grid takes the form's inner height less the two bars and a gap of 30 twips; a form too
-// small for them leaves it without height.
+// The grid takes the form's inner height less the two bars and a gap of 30 twips. The platform
+// refuses a negative height, and the error is passed over: the grid keeps the height it had.
 void QLONlistBuilder2::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    grdDataGrid->setFixedHeight(std::max(0, height() - datPrimaryRS->sizeHint().height() - Pixels(30) - picButtons->sizeHint().height()));
+    const int gridHeight = height() - datPrimaryRS->sizeHint().height() - Pixels(30) - picButtons->sizeHint().height();
+    if (gridHeight >= 0)
+        grdDataGrid->setFixedHeight(gridHeight);
 }
 
 void QLONlistBuilder2::closeEvent(QCloseEvent *event)
@@ -230,8 +234,7 @@ void QLONlistBuilder2::closeEvent(QCloseEvent *event)
 void QLONlistBuilder2::Form_Load()
 {
     EnsureDataRoot();
-    // The table stays open from the start of the program; the database itself is opened
-    // read-only on purpose: it belongs to the stations.
+    // The database is opened read-only on purpose: it belongs to the stations.
     OpenDataControl(this, m_recordset);
     // The opening puts the recordset on its first row, a move like any other.
     if (m_recordset.isOpen())

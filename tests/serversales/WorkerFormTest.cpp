@@ -13,6 +13,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -90,6 +91,12 @@ TEST_F(WorkerFormTest, GridOperationsChangeTheRowsInMemoryOnlyAndTheWriteIsRefus
     ASSERT_EQ(gridRows(), 4) << "a row added after the load isn't seen";
     const int gridHeight = worker->height() - worker->datPrimaryRS->sizeHint().height() - 2 - worker->picButtons->sizeHint().height();
     EXPECT_EQ(worker->grdDataGrid->height(), gridHeight);
+    // A form smaller than its bars leaves the grid as it was.
+    worker->layout()->setSizeConstraint(QLayout::SetNoConstraint);
+    worker->setMinimumSize(0, 0);
+    worker->resize(worker->width(), 10);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(worker->grdDataGrid->height(), gridHeight);
 
     // The grid hears of a new or a deleted row before the move's yield lets it paint.
     QList<int> rowsAtTurns;
@@ -130,6 +137,7 @@ TEST_F(WorkerFormTest, GridOperationsChangeTheRowsInMemoryOnlyAndTheWriteIsRefus
     emit worker->Text2->GotFocus();
     EXPECT_TRUE(worker->MonthView1->isVisible());
     emit worker->MonthView1->clicked(QDate(2005, 1, 23));
+    EXPECT_EQ(worker->Text2->text(), QStringLiteral("1/23/2005"));
     EXPECT_FALSE(worker->MonthView1->isVisible());
 }
 

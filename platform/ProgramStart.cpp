@@ -26,10 +26,10 @@ void SetProgramStarter(ProgramStarter replacement)
     starter() = replacement.find && replacement.start ? std::move(replacement) : hostStarter();
 }
 
-bool StartOnScreenKeyboard()
+KeyboardStart StartOnScreenKeyboard()
 {
 #ifdef Q_OS_WIN
-    const char *const keyboards[] = {"osk"};
+    const char *const keyboards[] = {"c:\\Windows\\system32\\osk.exe", "osk"};
 #else
     const char *const keyboards[] = {"onboard", "florence", "matchbox-keyboard", "xvkbd"};
 #endif
@@ -37,9 +37,9 @@ bool StartOnScreenKeyboard()
     for (const char *name : keyboards) {
         const QString keyboard = host.find(QString::fromLatin1(name));
         if (!keyboard.isEmpty())
-            return host.start(keyboard, {});
+            return host.start(keyboard, {}) ? KeyboardStart::Started : KeyboardStart::FailedToStart;
     }
-    return false;
+    return KeyboardStart::NoneInstalled;
 }
 
 } // namespace qlon

@@ -18,8 +18,14 @@ struct ProgramStarter
 // The host's starter in place again when `starter` has no parts.
 void SetProgramStarter(ProgramStarter starter);
 
-// Starts the system's on-screen keyboard: Windows' own, elsewhere the first of the desktops'
-// keyboards that is installed, onboard first. False when there is none or it didn't start.
-bool StartOnScreenKeyboard();
+enum class KeyboardStart {
+    Started,
+    FailedToStart,
+    NoneInstalled,
+};
+
+// Starts the system's on-screen keyboard: Windows' own, at its fixed place or on the path,
+// elsewhere the first of the desktops' keyboards that is installed, onboard first.
+KeyboardStart StartOnScreenKeyboard();
 
 } // namespace qlon

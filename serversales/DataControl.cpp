@@ -19,8 +19,8 @@ std::unique_ptr<SalesStore> openSalesDatabase()
 
 void showDataError(QWidget *screen, const RuntimeError &error)
 {
-    Dialogs::showMessage(screen, screen->windowTitle(), QStringLiteral("Data error event hit err:") + error.description(),
-        MessageButtons::Ok, WhereItHappened(error));
+    Dialogs::showMessage(screen, ProgramTitle, QStringLiteral("Data error event hit err:") + error.description(), MessageButtons::Ok,
+        WhereItHappened(error));
 }
 
 } // namespace

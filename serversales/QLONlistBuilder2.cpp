@@ -54,6 +54,8 @@ QLONlistBuilder2::QLONlistBuilder2(QWidget *parent)
     , m_gridModel(new SalesGridModel(m_recordset, this))
 {
     setWindowTitle(QStringLiteral("Servers Individual Sales"));
+    // "Done" and "Close" unload the form; the next touch loads it afresh.
+    setAttribute(Qt::WA_DeleteOnClose);
     Text1 = MakeTextBox(this, QStringLiteral("Text1"), QStringLiteral("1000"));
     Text2 = Named(new VbTextBox(QStringLiteral("01/22/2005"), this), QStringLiteral("Text2"));
     Text3 = MakeTextBox(this, QStringLiteral("Text3"));
@@ -148,12 +150,7 @@ void QLONlistBuilder2::connectHandlers()
         });
     });
     OnEvent(cmdDelete, &QPushButton::clicked, this, [this] { recordsetOperation([this] { m_gridModel->deleteCurrent(); }); });
-    OnEvent(cmdRefresh, &QPushButton::clicked, this, [this] {
-        recordsetOperation([this] {
-            m_recordset.refresh();
-            m_gridModel->reload();
-        });
-    });
+    OnEvent(cmdRefresh, &QPushButton::clicked, this, [this] { recordsetOperation([this] { m_gridModel->refresh(); }); });
     OnEvent(cmdUpdate, &QPushButton::clicked, this, [this] { recordsetOperation([this] { m_recordset.updateBatch(); }); });
     OnEvent(cmdClose, &QPushButton::clicked, this, [this] { close(); });
     OnEvent(SSCommand1, &QPushButton::clicked, this, [this] { close(); });
@@ -161,9 +158,11 @@ void QLONlistBuilder2::connectHandlers()
         MonthView1->move(Text2->mapToGlobal(QPoint(0, Text2->height())));
         MonthView1->show();
     });
-    OnEvent(MonthView1, &QCalendarWidget::clicked, this, [this] {
-        Text2->setText(FromAnsi(ShortDate(MonthView1->selectedDate())));
-        MonthView1->hide();
+    connect(MonthView1, &QCalendarWidget::clicked, this, [this](QDate date) {
+        RunHandler([this, date] {
+            Text2->setText(FromAnsi(ShortDate(date)));
+            MonthView1->hide();
+        });
     });
     OnEvent(Command1, &QPushButton::clicked, this, [this] {
         MList1->clear();
@@ -181,7 +180,7 @@ void QLONlistBuilder2::connectGrid()
 {
     grdDataGrid->setModel(m_gridModel);
     connect(grdDataGrid->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex &current) {
-        if (current.isValid() && current.row() != m_recordset.current())
+        if (current.isValid() && !m_gridModel->isChanging() && current.row() != m_recordset.current())
             RunHandler([this, row = current.row()] { m_recordset.moveTo(row); });
     });
 }
@@ -216,12 +215,14 @@ void QLONlistBuilder2::showEvent(QShowEvent *event)
     }
 }
 
-// The grid takes the form's inner height less the two bars and a gap of 30 twips; a form too
-// small for them leaves it without height.
+// The grid takes the form's inner height less the two bars and a gap of 30 twips. The platform
+// refuses a negative height, and the error is passed over: the grid keeps the height it had.
 void QLONlistBuilder2::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    grdDataGrid->setFixedHeight(std::max(0, height() - datPrimaryRS->sizeHint().height() - Pixels(30) - picButtons->sizeHint().height()));
+    const int gridHeight = height() - datPrimaryRS->sizeHint().height() - Pixels(30) - picButtons->sizeHint().height();
+    if (gridHeight >= 0)
+        grdDataGrid->setFixedHeight(gridHeight);
 }
 
 void QLONlistBuilder2::closeEvent(QCloseEvent *event)
@@ -233,11 +234,11 @@ void QLONlistBuilder2::closeEvent(QCloseEvent *event)
 void QLONlistBuilder2::Form_Load()
 {
     EnsureDataRoot();
-    // The table stays open from the start of the program; the database itself is opened
-    // read-only on purpose: it belongs to the stations.
+    // The database is opened read-only on purpose: it belongs to the stations.
     OpenDataControl(this, m_recordset);
+    // The opening puts the recordset on its first row, a move like any other.
     if (m_recordset.isOpen())
-        datPrimaryRS->showPosition(m_recordset.rowsAtOpening() > 0 ? 1 : SalesRecordset::PositionAtEnd);
+        m_recordset.moveFirst();
     MonthView1->setSelectedDate(Today());
 }
 
@@ -411,15 +412,14 @@ void QLONlistBuilder2::BLD_DATA()
     Label2->setText(QStringLiteral("Searching - Just A Moment"));
     Yield();
     requireRecordset();
-    // After each row found: the rows of the day so far, and the totals.
-    qsizetype shown = 0;
-    SearchServerDay(m_recordset, key, ToAnsi(Text2->text()), [&](const DaySales &sales) {
-        for (; shown < sales.rows.size(); ++shown)
-            MList1->addRow(sales.rows[shown]);
-        Text3->setText(FromAnsi(Currency(sales.total)));
-        Text4->setText(FromAnsi(Currency(sales.liquor)));
-        Text5->setText(FromAnsi(Currency(sales.total - sales.liquor)));
-    });
+    // A row of the day goes on the list before the move past it; the totals follow the move.
+    SearchServerDay(m_recordset, key, ToAnsi(Text2->text()),
+        {[this](const QByteArray &row) { MList1->addRow(row); },
+            [this](const DaySales &sales) {
+                Text3->setText(FromAnsi(Currency(sales.total)));
+                Text4->setText(FromAnsi(Currency(sales.liquor)));
+                Text5->setText(FromAnsi(Currency(sales.total - sales.liquor)));
+            }});
     Label2->setText(QStringLiteral("Search Completed"));
     enableRunButtons(true);
 }

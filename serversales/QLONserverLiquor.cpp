@@ -168,8 +168,9 @@ void QLONserverLiquor::connectHandlers()
     });
     OnEvent(SSCommand3, &QPushButton::clicked, this, [this] { TellWherePrinted(this, PrintServerList()); });
     OnEvent(SSCommand4, &QPushButton::clicked, this, [] {
-        // The system's on-screen keyboard; a machine without any is the error nobody handles.
-        if (!StartOnScreenKeyboard())
+        // The system's on-screen keyboard, whose start isn't looked at; a machine without any is
+        // the error nobody handles.
+        if (StartOnScreenKeyboard() == KeyboardStart::NoneInstalled)
             throw RuntimeError(RuntimeError::FileNotFound, QStringLiteral("c:\\Windows\\system32\\osk.exe"));
     });
     OnEvent(SSCommand5, &QPushButton::clicked, this, [this] {
@@ -347,14 +348,13 @@ void QLONserverLiquor::Get_Drink2()
     const QByteArray server = TrimBlanks(Combo1->text());
     Label2->setText(QStringLiteral("Searching sales for -") + FromAnsi(server));
     Yield();
+    // The search's first recordset call, asking whether it can find, fails when the database never
+    // opened: the program ends with the platform's text rather than report a server who sold nothing.
+    if (!m_recordsetOpen)
+        throw RuntimeError(RuntimeError::ObjectClosed, HostPath(DataPath(SalesDatabaseFile)));
     // Deliberately left as the old screen left it: the buttons stay off, the file holds its heading.
     if (server.isEmpty())
         return;
-
-    // The search's recordset calls fail when the database never opened: the program ends with the
-    // platform's text rather than report a server who sold nothing.
-    if (!m_recordsetOpen)
-        throw RuntimeError(RuntimeError::ObjectClosed, HostPath(DataPath(SalesDatabaseFile)));
     const SalesSpan span{ansiText(Text6), ansiText(Text8), ansiText(Text7), ansiText(Text9)};
     const ServerSales sales = SearchServerSales(m_rows, {server, span, int(NumericValue(ToAnsi(Label8->text())))}, table);
     for (const QByteArrayList &row : sales.accepted) {

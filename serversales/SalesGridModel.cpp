@@ -3,6 +3,9 @@
 #include "core/Ansi.h"
 #include "serversales/logic/SalesRecordset.h"
 
+#include <QScopeGuard>
+#include <QScopedValueRollback>
+
 namespace qlon {
 
 SalesGridModel::SalesGridModel(SalesRecordset &recordset, QObject *parent)
@@ -13,30 +16,54 @@ SalesGridModel::SalesGridModel(SalesRecordset &recordset, QObject *parent)
 
 void SalesGridModel::reload()
 {
-    beginResetModel();
-    m_rows = m_recordset.isOpen() ? m_recordset.count() : 0;
-    endResetModel();
+    resetAround([] {});
+}
+
+void SalesGridModel::refresh()
+{
+    resetAround([this] { m_recordset.refresh(); });
+}
+
+void SalesGridModel::resetAround(const std::function<void()> &change)
+{
+    const QScopedValueRollback changing(m_changing, true);
+    m_recordset.withMovesHeld([&] {
+        beginResetModel();
+        // A refresh that fails leaves the grid as empty as the closed recordset.
+        const auto told = qScopeGuard([this] {
+            m_rows = m_recordset.isOpen() ? m_recordset.count() : 0;
+            endResetModel();
+        });
+        change();
+    });
 }
 
 void SalesGridModel::addNew()
 {
-    beginInsertRows({}, m_rows, m_rows);
-    m_recordset.addNew();
-    m_rows = m_recordset.count();
-    endInsertRows();
+    const int row = m_recordset.count(); // a closed recordset fails here, before the grid hears of a row
+    const QScopedValueRollback changing(m_changing, true);
+    beginInsertRows({}, row, row);
+    m_recordset.withMovesHeld([this] {
+        m_recordset.addNew();
+        m_rows = m_recordset.count();
+        endInsertRows();
+    });
 }
 
 void SalesGridModel::deleteCurrent()
 {
-    const int row = m_recordset.current();
     if (m_recordset.atEnd()) {
         m_recordset.deleteCurrent(); // raises the engine's error: there is no current row
         return;
     }
+    const int row = m_recordset.current();
+    const QScopedValueRollback changing(m_changing, true);
     beginRemoveRows({}, row, row);
-    m_recordset.deleteCurrent();
-    m_rows = m_recordset.count();
-    endRemoveRows();
+    m_recordset.withMovesHeld([this] {
+        m_recordset.deleteCurrent();
+        m_rows = m_recordset.count();
+        endRemoveRows();
+    });
 }
 
 int SalesGridModel::rowCount(const QModelIndex &parent) const
@@ -51,8 +78,7 @@ int SalesGridModel::columnCount(const QModelIndex &parent) const
 
 QVariant SalesGridModel::data(const QModelIndex &index, int role) const
 {
-    // A move in the middle of a change lets the view paint before it hears of the change.
-    if ((role != Qt::DisplayRole && role != Qt::EditRole) || index.row() >= m_recordset.count())
+    if (role != Qt::DisplayRole && role != Qt::EditRole)
         return {};
     const SalesValue &value = m_recordset.row(index.row())[index.column()];
     return value ? FromAnsi(*value) : QString();

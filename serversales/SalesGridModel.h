@@ -2,6 +2,8 @@
 
 #include <QAbstractTableModel>
 
+#include <functional>
+
 namespace qlon {
 
 class SalesRecordset;
@@ -17,8 +19,12 @@ public:
     explicit SalesGridModel(SalesRecordset &recordset, QObject *parent = nullptr);
 
     void reload();
+    // Reads the table again, as the recordset's refresh does.
+    void refresh();
     void addNew();
     void deleteCurrent();
+    // While rows are added, deleted or read again, the grid's current row moves on its own.
+    bool isChanging() const { return m_changing; }
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
@@ -28,8 +34,13 @@ public:
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
 
 private:
+    // The recordset's moves during a change of rows are told after the grid has heard of the
+    // change, so that the event loop never runs in the middle of it.
+    void resetAround(const std::function<void()> &change);
+
     SalesRecordset &m_recordset;
     int m_rows = 0;
+    bool m_changing = false;
 };
 
 } // namespace qlon

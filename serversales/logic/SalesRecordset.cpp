@@ -8,15 +8,17 @@ namespace qlon {
 
 void SalesRecordset::open(Connect connect)
 {
-    m_rowsAtOpening = connect()->CountRows();
     m_connect = std::move(connect);
+    m_open = false;
     m_rows.reset();
     m_current = 0;
+    m_rowsAtOpening = m_connect()->CountRows();
+    m_open = true;
 }
 
 void SalesRecordset::refresh()
 {
-    if (!isOpen())
+    if (!m_connect)
         throw RuntimeError(RuntimeError::ObjectClosed);
     open(m_connect);
     moved(0);
@@ -42,7 +44,9 @@ std::vector<SalesRow> &SalesRecordset::rows()
 
 int SalesRecordset::count()
 {
-    return int(rows().size());
+    if (!isOpen())
+        throw RuntimeError(RuntimeError::ObjectClosed);
+    return int(m_rows ? qint64(m_rows->size()) : m_rowsAtOpening);
 }
 
 const SalesRow &SalesRecordset::row(int index)
@@ -63,8 +67,25 @@ int SalesRecordset::absolutePosition()
 void SalesRecordset::moved(int index)
 {
     m_current = std::clamp(index, 0, count());
-    if (m_moved)
+    if (m_heldMoves)
+        ++*m_heldMoves;
+    else if (m_moved)
         m_moved();
+}
+
+void SalesRecordset::withMovesHeld(const std::function<void()> &change)
+{
+    m_heldMoves = 0;
+    try {
+        change();
+    } catch (...) {
+        m_heldMoves.reset();
+        throw;
+    }
+    for (int held = *std::exchange(m_heldMoves, std::nullopt); held > 0; --held) {
+        if (m_moved)
+            m_moved();
+    }
 }
 
 void SalesRecordset::moveFirst()

@@ -22,13 +22,15 @@ public:
 
     using Connect = std::function<std::unique_ptr<SalesStore>()>;
 
-    // Counts the table's rows now; an error of the store goes to the caller.
+    // Counts the table's rows now; an error of the store goes to the caller, and the recordset
+    // stays closed.
     void open(Connect connect);
-    bool isOpen() const { return bool(m_connect); }
-    qint64 rowsAtOpening() const { return m_rowsAtOpening; }
-    // Opens again, which drops the changes and sees the rows added since.
+    bool isOpen() const { return m_open; }
+    // Opens again, which drops the changes and sees the rows added since; a recordset whose
+    // opening failed tries the database again.
     void refresh();
 
+    // The rows held, without fetching them: the count the table had at the opening until then.
     int count();
     const SalesRow &row(int index);
     // The index of the current row; count() past the last.
@@ -56,16 +58,20 @@ public:
 
     // Called after each move, whether the position changed or not.
     void onMove(std::function<void()> moved) { m_moved = std::move(moved); }
+    // Runs a change whose moves are told only after it, one call for each move.
+    void withMovesHeld(const std::function<void()> &change);
 
 private:
     std::vector<SalesRow> &rows();
     void moved(int index);
 
     Connect m_connect;
+    bool m_open = false;
     qint64 m_rowsAtOpening = 0;
     std::optional<std::vector<SalesRow>> m_rows;
     int m_current = 0;
     std::function<void()> m_moved;
+    std::optional<int> m_heldMoves;
 };
 
 } // namespace qlon

@@ -18,7 +18,8 @@ QByteArray searchedKey(const QByteArray &key)
 
 // From the first row: find, read the found row, move on, find again, to the end of the rows.
 template<typename Visit>
-void visitFound(SalesRecordset &recordset, SalesColumn column, const QByteArray &pattern, Visit &&visit)
+void visitFound(
+    SalesRecordset &recordset, SalesColumn column, const QByteArray &pattern, Visit &&visit, const std::function<void()> &movedOn = {})
 {
     CarriedColumns columns;
     recordset.moveFirst();
@@ -26,6 +27,8 @@ void visitFound(SalesRecordset &recordset, SalesColumn column, const QByteArray 
         columns.take(recordset.row(recordset.current()), searchedColumns);
         visit(columns);
         recordset.moveNext();
+        if (movedOn)
+            movedOn();
     }
 }
 
@@ -74,25 +77,29 @@ QByteArray ItemSearchRow(const QByteArray &key, const QByteArray &type, const QB
     return key + '|' + type + '|' + price + '|' + rows + '|' + money + '|' + zeroFilled(rows) + '|' + zeroFilled(total) + '|' + total;
 }
 
-DaySales SearchServerDay(
-    SalesRecordset &recordset, const QByteArray &key, const QByteArray &date, const std::function<void(const DaySales &)> &visited)
+DaySales SearchServerDay(SalesRecordset &recordset, const QByteArray &key, const QByteArray &date, const DayVisits &visits)
 {
     const std::optional<QDate> day = ToDate(date);
     DaySales sales;
-    visitFound(recordset, EmpNumber, '*' + searchedKey(key) + '*', [&](const CarriedColumns &columns) {
+    const auto visit = [&](const CarriedColumns &columns) {
         const std::optional<QDate> sold = ToDate(columns[OrderDate]);
-        if (sold && day && *sold == *day) {
-            const double price = FormattedValue(columns[UnitPrice], "########.##");
-            sales.total += price;
-            // Only the type "L" itself: deliberately unlike the server screen's liquor test.
-            if (columns[ItemType] == "L")
-                sales.liquor += price;
-            sales.rows.append(
-                columns[EmpNumber] + ',' + columns[OrderDate] + ',' + columns[Item] + ',' + columns[UnitPrice] + ',' + columns[ItemType]);
-        }
-        if (visited)
-            visited(sales);
-    });
+        if (!sold || !day || *sold != *day)
+            return;
+        const double price = FormattedValue(columns[UnitPrice], "########.##");
+        sales.total += price;
+        // Only the type "L" itself: deliberately unlike the server screen's liquor test.
+        if (columns[ItemType] == "L")
+            sales.liquor += price;
+        sales.rows.append(
+            columns[EmpNumber] + ',' + columns[OrderDate] + ',' + columns[Item] + ',' + columns[UnitPrice] + ',' + columns[ItemType]);
+        if (visits.accepted)
+            visits.accepted(sales.rows.last());
+    };
+    const auto movedOn = [&] {
+        if (visits.movedOn)
+            visits.movedOn(sales);
+    };
+    visitFound(recordset, EmpNumber, '*' + searchedKey(key) + '*', visit, movedOn);
     return sales;
 }
 

@@ -42,9 +42,14 @@ struct DaySales
     double liquor = 0; // the rows whose type is exactly "L"
 };
 
-// The rows of the servers whose number contains the key, on the one date. `visited` follows
-// each row found, on the date or not, with the sums so far.
-DaySales SearchServerDay(
-    SalesRecordset &recordset, const QByteArray &key, const QByteArray &date, const std::function<void(const DaySales &)> &visited = {});
+// What a screen is told while a server's day is searched.
+struct DayVisits
+{
+    std::function<void(const QByteArray &row)> accepted; // a row of the day, before the move past it
+    std::function<void(const DaySales &)> movedOn; // after the move past each row found, on the date or not
+};
+
+// The rows of the servers whose number contains the key, on the one date.
+DaySales SearchServerDay(SalesRecordset &recordset, const QByteArray &key, const QByteArray &date, const DayVisits &visits = {});
 
 } // namespace qlon

@@ -66,7 +66,7 @@ TEST_F(ScriptTest, WithoutStartDatesThePickersStayUnfilled)
                                               "get QLONlistBuilder1.Label11\n"));
     EXPECT_EQ(result.status, 0) << result.err.toStdString();
     EXPECT_EQ(result.lines(),
-        (QStringList{QStringLiteral("message: Servers Individual Sales | Data error event hit err:"
+        (QStringList{QStringLiteral("message: QLONListBuilder | Data error event hit err:"
                                     "Could not find file 'c:\\Quillon\\data\\Quillon.mdb'."),
             QStringLiteral("More"), QStringLiteral("0"), QStringLiteral("Combo2"), QStringLiteral("0"), QStringLiteral("Combo3"),
             QStringLiteral("11/23/2026"), QStringLiteral("11/23/2026"), QStringLiteral("Version 1.0.0")}));
@@ -378,6 +378,10 @@ TEST_F(ScriptTest, KeyboardStartsTheDesktopsKeyboardAndEndsTheProgramOnlyWhereTh
     while (!QFile::exists(keyboard + QStringLiteral(".started")) && !deadline.hasExpired())
         QThread::msleep(50);
     EXPECT_TRUE(QFile::exists(keyboard + QStringLiteral(".started")));
+
+    // One that is there but can't be started is passed over.
+    site.write(QStringLiteral("bin/onboard"), "not a program\n");
+    EXPECT_EQ(run(script, {}, environment).status, 0);
 
     environment.insert(QStringLiteral("PATH"), site.hostPath(QStringLiteral("Quillon")));
     const Outcome none = run(script, {}, environment);

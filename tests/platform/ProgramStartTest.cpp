@@ -27,27 +27,31 @@ protected:
 TEST_F(ProgramStartTest, TheFirstKeyboardInstalledIsStarted)
 {
 #ifdef Q_OS_WIN
+    const QString fixedPlace = QStringLiteral("c:\\Windows\\system32\\osk.exe");
+    installOnly({fixedPlace, QStringLiteral("osk")});
+    EXPECT_EQ(StartOnScreenKeyboard(), KeyboardStart::Started);
+    EXPECT_EQ(started, QStringList{QStringLiteral("/opt/bin/") + fixedPlace});
     installOnly({QStringLiteral("osk")});
-    EXPECT_TRUE(StartOnScreenKeyboard());
-    EXPECT_EQ(started, QStringList{QStringLiteral("/opt/bin/osk")});
+    EXPECT_EQ(StartOnScreenKeyboard(), KeyboardStart::Started);
+    EXPECT_EQ(started.last(), QStringLiteral("/opt/bin/osk")) << "one found on the path";
 #else
     installOnly({QStringLiteral("xvkbd"), QStringLiteral("florence")});
-    EXPECT_TRUE(StartOnScreenKeyboard());
+    EXPECT_EQ(StartOnScreenKeyboard(), KeyboardStart::Started);
     EXPECT_EQ(started, QStringList{QStringLiteral("/opt/bin/florence")});
     installOnly({QStringLiteral("onboard"), QStringLiteral("florence")});
-    EXPECT_TRUE(StartOnScreenKeyboard());
+    EXPECT_EQ(StartOnScreenKeyboard(), KeyboardStart::Started);
     EXPECT_EQ(started.last(), QStringLiteral("/opt/bin/onboard"));
 #endif
 }
 
-TEST_F(ProgramStartTest, NoKeyboardOrOneThatWontStartIsAFailure)
+TEST_F(ProgramStartTest, AKeyboardThatWontStartIsToldApartFromNoKeyboard)
 {
     installOnly({});
-    EXPECT_FALSE(StartOnScreenKeyboard());
+    EXPECT_EQ(StartOnScreenKeyboard(), KeyboardStart::NoneInstalled);
     EXPECT_TRUE(started.isEmpty());
     installOnly({QStringLiteral("onboard"), QStringLiteral("osk")}, false);
-    EXPECT_FALSE(StartOnScreenKeyboard());
-    EXPECT_EQ(started.size(), 1);
+    EXPECT_EQ(StartOnScreenKeyboard(), KeyboardStart::FailedToStart);
+    EXPECT_EQ(started.size(), 1) << "the first found is the only one tried";
 }
 
 } // namespace

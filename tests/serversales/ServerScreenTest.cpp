@@ -1,18 +1,25 @@
 #include "listbuilder/QLONlistBuilder1.h"
+#include "serversales/QLONlistBuilder2.h"
 #include "serversales/QLONserverLiquor.h"
 #include "store/EmployeeRec1000.h"
 #include "store/ProgramGlobals.h"
 #include "store/SqliteSalesWriter.h"
+#include "tests/support/CatalogueItem.h"
+#include "tests/support/Rows.h"
 #include "tests/support/ScreenTest.h"
+#include "tests/support/ShownMessages.h"
 #include "ui/DataControl.h"
 #include "ui/MList.h"
 #include "ui/VbComboBox.h"
 #include "ui/VbTextBox.h"
 
 #include <QCalendarWidget>
+#include <QCoreApplication>
+#include <QFile>
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -47,7 +54,8 @@ class ServerScreenTest : public test::ScreenTest
 protected:
     static void SetUpTestSuite()
     {
-        registerMainScreenAlone();
+        Screens().add(QStringLiteral("QLONlistBuilder1"), [] { return new QLONlistBuilder1; });
+        Screens().add(QStringLiteral("QLONlistBuilder2"), [] { return new QLONlistBuilder2; });
         Screens().add(QStringLiteral("QLONserverLiquor"), [] { return new QLONserverLiquor; });
     }
 
@@ -78,6 +86,12 @@ protected:
         for (int row = 0; row < list->rowCount(); ++row)
             texts.append(list->rowText(row));
         return texts;
+    }
+
+    static QByteArray heading(const QByteArray &server)
+    {
+        return "~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~\r\n  Server " + server +
+            "\r\n1/1/2004 to 1/2/2004\r\n6:00 PM to 2:00 AM\r\n~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~\r\n";
     }
 
     QLONlistBuilder1 *main = nullptr;
@@ -140,13 +154,16 @@ TEST_F(ServerScreenTest, TheKeypadTypesIntoTheBoxLastClicked)
 
 TEST_F(ServerScreenTest, UpdateShowsTheServersSalesAndWritesBothLists)
 {
-    // Calculate Sales run meanwhile starts its sums in the program's department table.
-    for (int row = 0; row <= 100; ++row)
-        Shared().CategoryTable.at(row, 1) = "0";
+    // Calculate Sales, run while the screen is open, keeps its sums in the program's department table.
+    site.write(QStringLiteral("Quillon/Temp/TempInv.dat"),
+        test::CatalogueItem({"Rum", "Liquor", "6.00"}).bytes() + test::CatalogueItem({"Merlot", "Wine", "9.50"}).bytes());
+    main->SSOption6->setChecked(true);
+    main->SSCommand2->click();
+    main->SSCommand4->click();
+    ASSERT_EQ(Shared().CategoryTable.at(1, 1), "6.");
     screen->Combo1->pick(0);
     screen->Command1->click();
     EXPECT_EQ(screen->Label2->text(), QStringLiteral("Search Completed"));
-    EXPECT_EQ(Shared().CategoryTable.at(1, 1), "0") << "the screen keeps its department lines apart";
     EXPECT_EQ(
         rows(screen->MList1), (QByteArrayList{"1002,1/1/2004,Rum,6,Liquor,7:00:00 PM", "1002,1/1/2004,Burger,12.254,Food,8:00:00 PM"}));
     EXPECT_EQ(screen->Text3->text(), QStringLiteral("$18.25"));
@@ -156,19 +173,35 @@ TEST_F(ServerScreenTest, UpdateShowsTheServersSalesAndWritesBothLists)
     EXPECT_EQ(rows(screen->MList2), (QByteArrayList{"Liquor|$6.00|1", "Wine|$0.00|0"}));
     EXPECT_TRUE(screen->Command1->isEnabled());
     EXPECT_EQ(screen->datPrimaryRS->caption(), QStringLiteral("Record: -3"));
-    const QByteArray heading = "~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~\r\n  Server 1002\r\n1/1/2004 to 1/2/2004\r\n6:00 PM to 2:00 AM\r\n"
-                               "~~~~~~~~~~~~~~~~~~~~~~~~~~~~~~\r\n";
     const QByteArray totals = "________________________________\r\nGrand Total Sales\t$18.25\r\nTotal Liquor Sales\t$6.00\r\n"
                               "Total Food Sales\t$12.25\r\n";
-    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")), heading + "Rum\t6\tLiquor\r\nBurger\t12.254\tFood\r\n" + totals);
-    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList2.Tmp")), heading + "Liquor\t\t$6.00\r\nWine\t\t$0.00\r\n" + totals);
+    EXPECT_EQ(
+        site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")), heading("1002") + "Rum\t6\tLiquor\r\nBurger\t12.254\tFood\r\n" + totals);
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList2.Tmp")), heading("1002") + "Liquor\t\t$6.00\r\nWine\t\t$0.00\r\n" + totals);
 
     screen->Combo1->setText("  ");
     screen->Command1->click();
     EXPECT_EQ(screen->Label2->text(), QStringLiteral("Searching sales for -"));
     EXPECT_FALSE(screen->Command1->isEnabled()) << "an empty server leaves the run half done, as it always did";
-    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")), QByteArray(heading).replace("Server 1002", "Server   "))
-        << "and the list holds its heading alone";
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")), heading("  ")) << "and the list holds its heading alone";
+}
+
+TEST_F(ServerScreenTest, WithoutTheDatabaseASearchEndsTheProgramEvenForABlankServer)
+{
+    screen->SSCommand1->click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_EQ(Screens().existing(QStringLiteral("QLONserverLiquor")), nullptr);
+    ASSERT_TRUE(QFile::remove(site.hostPath(QStringLiteral("Quillon/data/Quillon.mdb"))));
+    main->SSCommand9->click();
+    screen = qobject_cast<QLONserverLiquor *>(Screens().existing(QStringLiteral("QLONserverLiquor")));
+    ASSERT_NE(screen, nullptr);
+    EXPECT_TRUE(test::ShownMessages().contains(QStringLiteral("Data error event hit err:")));
+
+    screen->Combo1->setText("");
+    EXPECT_EQ(test::RuntimeErrorNumber([this] { screen->RunServerSearch(); }), RuntimeError::ObjectClosed);
+    // The list was begun before the recordset was asked anything; the department list never was.
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempList.Tmp")), heading(""));
+    EXPECT_FALSE(QFile::exists(site.hostPath(QStringLiteral("Quillon/Temp/TempList2.Tmp"))));
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "listbuilder/QLONlistBuilder1.h"
 #include "serversales/QLONlistBuilder2.h"
 #include "store/SqliteSalesWriter.h"
+#include "tests/support/EventLoopTurns.h"
+#include "tests/support/RecordingOutput.h"
 #include "tests/support/ScreenTest.h"
 #include "tests/support/ShownMessages.h"
 #include "ui/DataControl.h"
@@ -8,7 +10,10 @@
 #include "ui/VbTextBox.h"
 
 #include <QCalendarWidget>
+#include <QCoreApplication>
+#include <QFile>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -84,15 +89,31 @@ TEST_F(WorkerFormTest, GridOperationsChangeTheRowsInMemoryOnlyAndTheWriteIsRefus
     const QByteArray database = site.read(QStringLiteral("Quillon/data/Quillon.mdb"));
     worker->show();
     ASSERT_EQ(gridRows(), 4) << "a row added after the load isn't seen";
-    EXPECT_EQ(worker->grdDataGrid->height(),
-        worker->height() - worker->datPrimaryRS->sizeHint().height() - 2 - worker->picButtons->sizeHint().height());
+    const int gridHeight = worker->height() - worker->datPrimaryRS->sizeHint().height() - 2 - worker->picButtons->sizeHint().height();
+    EXPECT_EQ(worker->grdDataGrid->height(), gridHeight);
+    // A form smaller than its bars leaves the grid as it was.
+    worker->layout()->setSizeConstraint(QLayout::SetNoConstraint);
+    worker->setMinimumSize(0, 0);
+    worker->resize(worker->width(), 10);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(worker->grdDataGrid->height(), gridHeight);
 
-    worker->cmdAdd->click();
-    EXPECT_EQ(gridRows(), 5);
-    EXPECT_EQ(worker->datPrimaryRS->caption(), QStringLiteral("Record: 5"));
-    worker->cmdDelete->click();
+    // The grid hears of a new or a deleted row before the move's yield lets it paint.
+    QList<int> rowsAtTurns;
+    {
+        const test::EventLoopTurns turns([&] { rowsAtTurns.append(gridRows()); });
+        worker->cmdAdd->click();
+        worker->cmdDelete->click();
+    }
+    EXPECT_EQ(rowsAtTurns, (QList<int>{4, 5, 4, 4})) << "the last row, the new row, and deleting it leaves the new last row";
     EXPECT_EQ(gridRows(), 4);
-    EXPECT_EQ(worker->datPrimaryRS->caption(), QStringLiteral("Record: 4")) << "deleting the last row leaves the new last row";
+    EXPECT_EQ(gridItem(3), QStringLiteral("Burger")) << "the new row went, not the one above it";
+    EXPECT_EQ(worker->datPrimaryRS->caption(), QStringLiteral("Record: 4"));
+    EXPECT_EQ(worker->grdDataGrid->currentIndex().row(), 3);
+    worker->cmdAdd->click();
+    EXPECT_EQ(worker->datPrimaryRS->caption(), QStringLiteral("Record: 5"));
+    EXPECT_EQ(worker->grdDataGrid->currentIndex().row(), 4);
+    worker->cmdDelete->click();
     worker->grdDataGrid->model()->setData(worker->grdDataGrid->model()->index(0, Item), QStringLiteral("Café"));
     EXPECT_EQ(gridItem(0), QStringLiteral("Café"));
 
@@ -105,7 +126,9 @@ TEST_F(WorkerFormTest, GridOperationsChangeTheRowsInMemoryOnlyAndTheWriteIsRefus
     EXPECT_EQ(gridRows(), 5) << "refreshing reads the table as it is now";
     EXPECT_EQ(gridItem(0), QStringLiteral("Burger"));
     worker->datPrimaryRS->moveLast();
+    const test::EventLoopTurns turns;
     worker->datPrimaryRS->moveNext();
+    EXPECT_EQ(turns.count(), 1) << "one yield a move";
     EXPECT_EQ(worker->datPrimaryRS->caption(), QStringLiteral("Record: -3"));
     worker->cmdDelete->click();
     EXPECT_TRUE(test::ShownMessages().contains(QStringLiteral("requires a current record")));
@@ -114,17 +137,61 @@ TEST_F(WorkerFormTest, GridOperationsChangeTheRowsInMemoryOnlyAndTheWriteIsRefus
     emit worker->Text2->GotFocus();
     EXPECT_TRUE(worker->MonthView1->isVisible());
     emit worker->MonthView1->clicked(QDate(2005, 1, 23));
+    EXPECT_EQ(worker->Text2->text(), QStringLiteral("1/23/2005"));
     EXPECT_FALSE(worker->MonthView1->isVisible());
-    worker->SSCommand1->click();
-    EXPECT_FALSE(worker->isVisible());
 }
 
-TEST_F(WorkerFormTest, UpdateListsOneDayOfTheServersContainingTheKey)
+TEST_F(WorkerFormTest, DoneUnloadsTheFormAndTheNextTouchLoadsItAfresh)
+{
+    worker->show();
+    worker->SSCommand1->click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Screens().existing(QStringLiteral("QLONlistBuilder2")), nullptr);
+
+    stationSells("Late");
+    const test::EventLoopTurns turns;
+    worker = Screens().touch<QLONlistBuilder2>(QStringLiteral("QLONlistBuilder2"));
+    EXPECT_EQ(turns.count(), 1) << "the opening move's yield";
+    EXPECT_EQ(worker->datPrimaryRS->caption(), QStringLiteral("Record: 1"));
+    worker->show();
+    EXPECT_EQ(gridRows(), 5) << "the load reads the table afresh";
+
+    worker->cmdClose->click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Screens().existing(QStringLiteral("QLONlistBuilder2")), nullptr);
+}
+
+TEST_F(WorkerFormTest, WithoutTheDatabaseRefreshTriesTheFileAgain)
+{
+    worker->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const QString database = site.hostPath(QStringLiteral("Quillon/data/Quillon.mdb"));
+    ASSERT_TRUE(QFile::rename(database, database + QStringLiteral(".away")));
+    worker = Screens().touch<QLONlistBuilder2>(QStringLiteral("QLONlistBuilder2"));
+    EXPECT_TRUE(test::ShownMessages().startsWith(QStringLiteral("message: QLONListBuilder | Data error event hit err:")))
+        << test::ShownMessages().toStdString();
+    worker->show();
+    EXPECT_EQ(gridRows(), 0);
+
+    ASSERT_TRUE(QFile::rename(database + QStringLiteral(".away"), database));
+    worker->cmdRefresh->click();
+    EXPECT_EQ(gridRows(), 4);
+    EXPECT_EQ(worker->datPrimaryRS->caption(), QStringLiteral("Record: 1"));
+}
+
+TEST_F(WorkerFormTest, UpdateListsOneDayOfTheServersContainingTheKeyAndPrintsIt)
 {
     worker->Label1->setText(QStringLiteral(" 1000 "));
     worker->Text2->setText(QStringLiteral("1/22/2005"));
     worker->MList1->addRow("left from before");
+    bool buttonsOnDuringRun = false;
+    const test::EventLoopTurns turns([&] {
+        for (const QPushButton *button : {worker->SSCommand2, worker->SSCommand3, worker->Command1})
+            buttonsOnDuringRun = buttonsOnDuringRun || button->isEnabled();
+    });
     worker->Command1->click();
+    EXPECT_EQ(turns.count(), 1 + 2 + 2 * 3) << "its own yield, and one at each move: first, find, and next and find for each of three rows";
+    EXPECT_FALSE(buttonsOnDuringRun);
     EXPECT_EQ(worker->Label2->text(), QStringLiteral("Search Completed"));
     EXPECT_EQ(worker->MList1->rowCount(), 2);
     EXPECT_EQ(worker->MList1->rowText(0), "1000,1/22/2005,Burger,12.5,Food");
@@ -133,6 +200,18 @@ TEST_F(WorkerFormTest, UpdateListsOneDayOfTheServersContainingTheKey)
     EXPECT_EQ(worker->Text4->text(), QStringLiteral("$6.00"));
     EXPECT_EQ(worker->Text5->text(), QStringLiteral("$12.50"));
     EXPECT_TRUE(worker->Command1->isEnabled());
+
+    QList<test::Printed> printed;
+    SetReportOutputFactory([&] { return std::make_unique<test::RecordingOutput>(printed, 792); });
+    worker->SSCommand2->click();
+    worker->SSCommand3->click();
+    SetReportOutputFactory({});
+    QStringList lines;
+    for (const test::Printed &line : printed)
+        lines.append(line.values.value(0));
+    EXPECT_TRUE(lines.contains(QStringLiteral("Total Sales   $18.50"))) << lines.join(QLatin1Char('\n')).toStdString();
+    EXPECT_EQ(lines.count(QStringLiteral("1000,1/22/2005,Burger,12.5,Food")), 0) << "the list prints from its second row";
+    EXPECT_EQ(lines.count(QStringLiteral("21000,1/22/2005,Rum,6,L")), 1);
 }
 
 TEST_F(WorkerFormTest, ItemSearchesRewriteTheMainListsRow)
@@ -142,10 +221,14 @@ TEST_F(WorkerFormTest, ItemSearchesRewriteTheMainListsRow)
     main->MList1->addRow("Burger|Food|4.50|");
     Shared().CurrentRow = 0;
     worker->Label1->setText(QStringLiteral("Burger"));
+    const test::EventLoopTurns exactTurns;
     worker->Get_Sales2();
+    EXPECT_EQ(exactTurns.count(), 2 + 2 + 2 * 2) << "two of its own, and one at each move";
     EXPECT_EQ(main->MList1->rowText(0), "Burger|Food|4.50|2|$15.50|0000000002|00000015.5|15.5");
     EXPECT_EQ(main->MList1->rowTag(0), "Burger");
+    const test::EventLoopTurns containingTurns;
     worker->ItemSearch();
+    EXPECT_EQ(containingTurns.count(), 2 + 2 + 2 * 3);
     EXPECT_EQ(main->MList1->rowText(0), "Burger|Food|4.50|3|$35.50|0000000003|00000035.5|35.5") << "Burger Deluxe too";
     EXPECT_EQ(worker->Label2->text(), QStringLiteral("Search Completed"));
     EXPECT_EQ(worker->datPrimaryRS->caption(), QStringLiteral("Record: -3"));

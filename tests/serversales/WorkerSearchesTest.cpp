@@ -44,8 +44,19 @@ protected:
 
 TEST_F(WorkerSearchesTest, RecordsetKeepsTheRowsOfItsOpeningAndItsChangesInMemory)
 {
+    EXPECT_EQ(ErrorOf([&] { recordset.refresh(); }).number(), RuntimeError::ObjectClosed);
+    // A database that can't be opened leaves the recordset closed, and a refresh tries it again.
+    bool reachable = false;
+    const auto connect = [&] {
+        if (!reachable)
+            throw RuntimeError(RuntimeError::FileNotFound);
+        return std::make_unique<test::RowsStore>(table);
+    };
+    EXPECT_EQ(ErrorOf([&] { recordset.open(connect); }).number(), RuntimeError::FileNotFound);
     EXPECT_EQ(ErrorOf([&] { recordset.count(); }).number(), RuntimeError::ObjectClosed);
-    open({sale("1", "1/1/2004", "A", "F", "1"), sale("1", "1/1/2004", "B", "F", "1"), sale("1", "1/1/2004", "C", "F", "1")});
+    table = {sale("1", "1/1/2004", "A", "F", "1"), sale("1", "1/1/2004", "B", "F", "1"), sale("1", "1/1/2004", "C", "F", "1")};
+    reachable = true;
+    recordset.refresh();
     int moves = 0;
     recordset.onMove([&] { ++moves; });
     table.push_back(sale("1", "1/1/2004", "Added later", "F", "1"));
@@ -57,6 +68,13 @@ TEST_F(WorkerSearchesTest, RecordsetKeepsTheRowsOfItsOpeningAndItsChangesInMemor
     EXPECT_EQ(recordset.absolutePosition(), SalesRecordset::PositionAtEnd);
     EXPECT_EQ(ErrorOf([&] { recordset.deleteCurrent(); }).number(), RuntimeError::NoCurrentRecord);
     EXPECT_EQ(moves, 2);
+    // Moves held during a change are told after it, one call each.
+    recordset.withMovesHeld([&] {
+        recordset.moveFirst();
+        recordset.moveLast();
+        EXPECT_EQ(moves, 2);
+    });
+    EXPECT_EQ(moves, 4);
 
     // Deleting the last row leaves the recordset on the new last row; deleting another, on the next.
     recordset.moveLast();
@@ -111,15 +129,19 @@ TEST_F(WorkerSearchesTest, ServerDaySearchTakesOneDateAndOnlyTheTypeLAsLiquor)
     open({sale("1000", "1/22/2005", "Rum", "L", "6"), sale("21000", "1/22/2005 8:00:00 PM", "Ale", "Beer", "4.255"),
         sale("1000", "1/23/2005", "Gin", "L", "7"), sale("1000", "1/22/2005", "Vodka", "Liquor", "5"),
         sale("1001", "1/22/2005", "Soup", "Food", "3"), sale("1000", "1/22/2005", nullptr, nullptr, "2")});
-    std::vector<qsizetype> running;
-    const DaySales sales =
-        SearchServerDay(recordset, "", "01/22/2005", [&](const DaySales &sofar) { running.push_back(sofar.rows.size()); });
+    // A row of the day is told before the move past it, the sums after it.
+    std::vector<int> acceptedAt;
+    std::vector<std::pair<int, qsizetype>> movedOn;
+    const DaySales sales = SearchServerDay(recordset, "", "01/22/2005",
+        {[&](const QByteArray &) { acceptedAt.push_back(recordset.current()); },
+            [&](const DaySales &sofar) { movedOn.emplace_back(recordset.current(), sofar.rows.size()); }});
     EXPECT_EQ(sales.rows,
         QByteArrayList({"1000,1/22/2005,Rum,6,L", "21000,1/22/2005 8:00:00 PM,Ale,4.255,Beer", "1000,1/22/2005,Vodka,5,Liquor",
             "1000,1/22/2005,Vodka,2,Liquor"}));
     EXPECT_DOUBLE_EQ(sales.total, 6 + 4.26 + 5 + 2);
     EXPECT_DOUBLE_EQ(sales.liquor, 6);
-    EXPECT_EQ(running, (std::vector<qsizetype>{1, 2, 2, 3, 4}));
+    EXPECT_EQ(acceptedAt, (std::vector<int>{0, 1, 3, 5}));
+    EXPECT_EQ(movedOn, (std::vector<std::pair<int, qsizetype>>{{1, 1}, {2, 2}, {3, 2}, {4, 3}, {6, 4}}));
     EXPECT_TRUE(SearchServerDay(recordset, "1000", "not a date").rows.isEmpty());
 }
 

@@ -5,12 +5,14 @@
 #include "core/FileTable.h"
 #include "core/HostPath.h"
 #include "core/Version.h"
+#include "platform/SiteSettings.h"
 #include "store/JetCheck.h"
 #include "store/ReportTemplate.h"
 #include "store/SiteConfig.h"
 #include "ui/Dialogs.h"
 #include "ui/Program.h"
 #include "ui/ScreenRegistry.h"
+#include "ui/SiteChooser.h"
 
 #include <QApplication>
 #include <QFile>
@@ -135,6 +137,9 @@ int main(int argc, char *argv[])
     QTextStream err(stderr);
 
     const qlon::CommandLine commandLine = qlon::ParseCommandLine(application.arguments());
+    // The site remembered from an earlier run fills the drives the command line leaves.
+    const qlon::SiteSettings settings;
+    settings.apply(commandLine.driveMappings);
     if (commandLine.writeReportTemplate)
         return writeReportTemplate(out, err);
     if (commandLine.today.isValid())
@@ -142,12 +147,16 @@ int main(int argc, char *argv[])
     if (commandLine.scripted())
         qlon::Dialogs::useScriptedAnswers(&out);
 
+    // A first start on a desktop that finds no site asks for it once.
+    const bool interactive = !commandLine.scripted() && commandLine.screenshots.isEmpty();
+    if (interactive && !qlon::SiteFound())
+        qlon::AskForSite(nullptr, settings);
+
     const QString jetChecker = QCoreApplication::applicationDirPath() + QStringLiteral("/qlon-jet-check");
     if (QFileInfo::exists(jetChecker))
         qlon::SetJetChecker(jetChecker);
     // The program starts by loading its main screen, shown unless other screens were asked for.
     qlon::TouchScreen(mainScreen);
-    const bool interactive = !commandLine.scripted() && commandLine.screenshots.isEmpty();
     showStartScreens(commandLine.openScreens.isEmpty() && interactive ? QStringList{mainScreen} : commandLine.openScreens);
 
     int status = 0;

@@ -49,6 +49,7 @@ void Dialogs::resetScript(QTextStream *out)
     s_out = out;
     s_answers.clear();
     s_saveAs.clear();
+    s_folders.clear();
 }
 
 MessageAnswer Dialogs::scriptedMessage(const QString &title, const QString &text, MessageButtons buttons)
@@ -85,15 +86,32 @@ void Dialogs::showError(const QString &title, const QString &text, const QString
     box.exec();
 }
 
+namespace {
+
+QString takeFirst(std::deque<QString> &answers)
+{
+    if (answers.empty())
+        return {};
+    QString answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
+} // namespace
+
 QString Dialogs::askSaveFileName(QWidget *parent, const QString &suggestedName, const QString &filter)
 {
     if (!scripted())
         return QFileDialog::getSaveFileName(parent, QString(), suggestedName, filter);
-    if (s_saveAs.empty())
-        return {};
-    QString path = s_saveAs.front();
-    s_saveAs.pop_front();
-    return path;
+    return takeFirst(s_saveAs);
+}
+
+QString Dialogs::askFolder(QWidget *parent, const QString &caption)
+{
+    if (!scripted())
+        return QFileDialog::getExistingDirectory(parent, caption);
+    *s_out << "folder: " << caption << Qt::endl;
+    return takeFirst(s_folders);
 }
 
 } // namespace qlon

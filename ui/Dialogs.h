@@ -27,6 +27,8 @@ public:
     static void queueAnswer(MessageAnswer answer) { s_answers.push_back(answer); }
     // A host path, or an empty text for a cancelled dialog.
     static void queueSaveAs(const QString &hostPath) { s_saveAs.push_back(hostPath); }
+    // A host folder, or an empty text for a cancelled dialog.
+    static void queueFolder(const QString &hostPath) { s_folders.push_back(hostPath); }
 
     // `details`, such as the file concerned, go to the box's details, or in a script to standard
     // error: the box's own text stays as the system has it.
@@ -37,6 +39,8 @@ public:
     static void showError(const QString &title, const QString &text, const QString &details);
     // The chosen host path, or an empty text when the user cancels.
     static QString askSaveFileName(QWidget *parent, const QString &suggestedName, const QString &filter);
+    // The chosen host folder, or an empty text when the user cancels.
+    static QString askFolder(QWidget *parent, const QString &caption);
 
 private:
     static MessageAnswer scriptedMessage(const QString &title, const QString &text, MessageButtons buttons);
@@ -44,6 +48,7 @@ private:
     static inline QTextStream *s_out = nullptr;
     static inline std::deque<MessageAnswer> s_answers;
     static inline std::deque<QString> s_saveAs;
+    static inline std::deque<QString> s_folders;
 };
 
 } // namespace qlon

@@ -30,9 +30,9 @@ class ScriptTest : public ::testing::Test
 protected:
     QStringList arguments(const QStringList &extra = {}) const
     {
-        return QStringList{QStringLiteral("--drive"), QStringLiteral("C=") + site.driveFolder(), QStringLiteral("--today"),
-                   QStringLiteral("2026-11-23"), QStringLiteral("--script"), QStringLiteral("-")} +
-            extra;
+        const QStringList drive{QStringLiteral("--drive"), QStringLiteral("C=") + site.driveFolder()};
+        return (siteOnTheCommandLine ? drive : QStringList()) +
+            QStringList{QStringLiteral("--today"), QStringLiteral("2026-11-23"), QStringLiteral("--script"), QStringLiteral("-")} + extra;
     }
 
     Outcome run(const QString &script, const QStringList &extra = {},
@@ -55,6 +55,7 @@ protected:
     void writeDemoSite() const { WriteDemoSite(site.driveFolder(), QDate(2026, 11, 23)); }
 
     test::TempSite site;
+    bool siteOnTheCommandLine = true;
 };
 
 TEST_F(ScriptTest, WithoutStartDatesThePickersStayUnfilled)
@@ -92,6 +93,23 @@ TEST_F(ScriptTest, TheDemoSiteComesUpInTheFirstState)
             QStringLiteral("false"), QStringLiteral("false"), QStringLiteral("false"), QStringLiteral("false"), QStringLiteral("false"),
             QStringLiteral("true"), QStringLiteral("0"), QStringLiteral("Export Sales"), QStringLiteral("Loading"),
             QStringLiteral("false")}));
+}
+
+TEST_F(ScriptTest, TheSiteRememberedFromAnEarlierRunServesOneWithoutDrive)
+{
+    writeDemoSite();
+    site.write(QStringLiteral("config/qlon/qlon.ini"), "[site]\ndrives=D=/mnt/d, C=" + site.driveFolder().toUtf8() + "\n");
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), site.hostPath(QStringLiteral("config")));
+    siteOnTheCommandLine = false;
+    const Outcome remembered = run(QStringLiteral("get QLONlistBuilder1.Combo1 count\n"), {}, environment);
+    EXPECT_EQ(remembered.status, 0) << remembered.err.toStdString();
+    EXPECT_EQ(remembered.lines(), QStringList{QStringLiteral("8")});
+
+    const Outcome overruled = run(QStringLiteral("get QLONlistBuilder1.Combo1 count\n"),
+        {QStringLiteral("--drive"), QStringLiteral("C=") + site.hostPath(QStringLiteral("config"))}, environment);
+    ASSERT_FALSE(overruled.lines().isEmpty());
+    EXPECT_EQ(overruled.lines().last(), QStringLiteral("0")) << "the command line wins: a folder without a site";
 }
 
 TEST_F(ScriptTest, TheHourListsHaveNoFiveMinuteLine)

@@ -1,5 +1,11 @@
 #include "ui/ScreenRegistry.h"
 
+#include "ui/ScreenFit.h"
+#include "ui/TabOrder.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
 namespace qlon {
 
 void ScreenRegistry::add(const QString &name, Factory factory)
@@ -24,6 +30,10 @@ QWidget *ScreenRegistry::touch(const QString &name)
         return nullptr;
     QWidget *screen = factory->second();
     screen->setObjectName(name);
+    SetTabOrderByLayout(screen);
+    // On a desktop, a screen larger than the display scrolls; a run without one is left as laid out.
+    if (const QScreen *display = QGuiApplication::primaryScreen(); display && QGuiApplication::platformName() != QLatin1String("offscreen"))
+        FitOnDisplay(screen, display->availableGeometry().size());
     m_screens[name] = screen;
     if (auto *loaded = dynamic_cast<LoadedScreen *>(screen))
         loaded->Form_Load();

@@ -1,4 +1,5 @@
-// Every screen of the program fits a 1024 x 768 display with room for the desktop's panel.
+// Every screen of the program fits a 1024 x 768 display with room for the desktop's panel, and
+// Tab moves through it in the order of its layout.
 #include "app/Screens.h"
 #include "demo/DemoSite.h"
 #include "store/SiteConfig.h"
@@ -28,6 +29,34 @@ TEST(ScreenSizeTest, EveryScreenFitsA1024By768Display)
         EXPECT_LE(screen->width(), 1024) << name.toStdString();
         EXPECT_LE(screen->height(), 740) << name.toStdString();
     }
+    Screens().clear();
+}
+
+// The controls that Tab reaches after `from`, the next `count` of them.
+QStringList tabbedAfter(QWidget *from, int count)
+{
+    QStringList names;
+    for (QWidget *next = from->nextInFocusChain(); names.size() < count && next != from; next = next->nextInFocusChain()) {
+        if ((next->focusPolicy() & Qt::TabFocus) && !next->objectName().isEmpty() && next->isVisibleTo(from->window()))
+            names.append(next->objectName());
+    }
+    return names;
+}
+
+TEST(ScreenSizeTest, TabFollowsTheLayoutTopLeftToBottomRight)
+{
+    const test::TempSite site;
+    WriteDemoSite(site.driveFolder(), QDate(2026, 11, 23));
+    RegisterScreens();
+    QWidget *main = TouchScreen(QStringLiteral("QLONlistBuilder1"));
+    EXPECT_EQ(tabbedAfter(main->findChild<QWidget *>(QStringLiteral("SSCommand10")), 2),
+        QStringList({QStringLiteral("SSCommand2"), QStringLiteral("SSCommand4")}))
+        << "Today, then the commands below it";
+    QWidget *employees = TouchScreen(QStringLiteral("TCEmployee"));
+    EXPECT_EQ(tabbedAfter(employees->findChild<QWidget *>(QStringLiteral("txtName")), 2),
+        QStringList({QStringLiteral("txtAddress"), QStringLiteral("txtCity")}));
+    EXPECT_EQ(tabbedAfter(employees->findChild<QWidget *>(QStringLiteral("txtRecord")), 1), QStringList{QStringLiteral("txtName")})
+        << "from the list's side to the personal fields";
     Screens().clear();
 }
 

@@ -4,9 +4,12 @@
 #include "ui/LinePrinter.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QFont>
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QPainter>
+#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QTextStream>
@@ -55,7 +58,13 @@ class PrinterOutput : public ReportOutput
 {
 public:
     explicit PrinterOutput(std::unique_ptr<QPrinter> printer)
-        : m_printer(std::move(printer))
+        : m_owned(std::move(printer))
+        , m_printer(m_owned.get())
+    {
+    }
+    // Prints on a printer that someone else keeps, such as a print preview's.
+    explicit PrinterOutput(QPrinter *printer)
+        : m_printer(printer)
     {
     }
 
@@ -64,7 +73,7 @@ public:
     void beginPage(int number) override
     {
         if (number == 1) {
-            m_painter.begin(m_printer.get());
+            m_painter.begin(m_printer);
             m_painter.scale(m_printer->logicalDpiX() / pointsPerInch, m_printer->logicalDpiY() / pointsPerInch);
         } else {
             m_printer->newPage();
@@ -104,11 +113,48 @@ private:
         }
     }
 
-    std::unique_ptr<QPrinter> m_printer;
+    std::unique_ptr<QPrinter> m_owned;
+    QPrinter *m_printer;
     QPainter m_painter;
 };
 
+// A report for a desktop user: kept while it prints, then shown in the system's print preview,
+// whose print command asks for the printer in the system's print dialog.
+class PreviewOutput : public ReportRecording
+{
+public:
+    explicit PreviewOutput(std::unique_ptr<QPrinter> printer)
+        : ReportRecording(printer->pageLayout().paintRectPoints().height())
+        , m_printer(std::move(printer))
+    {
+    }
+
+    void finish() override
+    {
+        QPrintPreviewDialog preview(m_printer.get());
+        QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [this](QPrinter *printer) {
+            PrinterOutput output(printer);
+            replay(output);
+        });
+        preview.exec();
+    }
+
+private:
+    std::unique_ptr<QPrinter> m_printer;
+};
+
 } // namespace
+
+void ReportRecording::replay(ReportOutput &output) const
+{
+    for (const Step &step : m_steps) {
+        if (step.newPage > 0)
+            output.beginPage(step.newPage);
+        else
+            output.printSection(step.section, step.top);
+    }
+    output.finish();
+}
 
 ReportCell *ReportSection::cell(const QString &cellName)
 {
@@ -248,7 +294,16 @@ std::unique_ptr<ReportOutput> pdfOutput(const QString &pdfPath)
     printer->setOutputFormat(QPrinter::PdfFormat);
     printer->setOutputFileName(pdfPath);
     printer->setPageSize(QPageSize(QPageSize::Letter));
+    // The document's title, which a PDF viewer shows: "ItemsSold" for ItemsSold.pdf.
+    printer->setDocName(QFileInfo(pdfPath).completeBaseName());
     return std::make_unique<PrinterOutput>(std::move(printer));
+}
+
+// A person at a desktop sees the report before it prints; a script or a run without a display
+// prints at once.
+bool previewsReports()
+{
+    return !Dialogs::scripted() && QGuiApplication::platformName() != QLatin1String("offscreen");
 }
 
 // The program's current printer, or the system's default.
@@ -257,7 +312,10 @@ std::unique_ptr<ReportOutput> printerOutput()
     const QPrinterInfo printer = CurrentPrinter().isEmpty() ? QPrinterInfo::defaultPrinter() : QPrinterInfo::printerInfo(CurrentPrinter());
     if (printer.isNull())
         return nullptr;
-    return std::make_unique<PrinterOutput>(std::make_unique<QPrinter>(printer, QPrinter::HighResolution));
+    auto output = std::make_unique<QPrinter>(printer, QPrinter::HighResolution);
+    if (previewsReports())
+        return std::make_unique<PreviewOutput>(std::move(output));
+    return std::make_unique<PrinterOutput>(std::move(output));
 }
 
 } // namespace

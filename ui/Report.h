@@ -53,6 +53,34 @@ public:
     virtual void finish() = 0;
 };
 
+// What a report printed, kept to be printed again on another output, as a print preview draws
+// the same pages once for the screen and once for the printer.
+class ReportRecording : public ReportOutput
+{
+public:
+    explicit ReportRecording(double pageHeight)
+        : m_pageHeight(pageHeight)
+    {
+    }
+    double pageHeight() const override { return m_pageHeight; }
+    void beginPage(int number) override { m_steps.append({number, {}, 0}); }
+    void printSection(const ReportSection &section, double top) override { m_steps.append({0, section, top}); }
+    void finish() override { }
+
+    // Prints the same pages and sections on `output`, and finishes it.
+    void replay(ReportOutput &output) const;
+
+private:
+    struct Step
+    {
+        int newPage; // the page that begins, or 0 for a section
+        ReportSection section;
+        double top;
+    };
+    double m_pageHeight;
+    QList<Step> m_steps;
+};
+
 // The program's report engine: it loads a template of named sections and cells, prints
 // sections by name down the pages, and tells its owner when a page begins and when the footer
 // of a page is due, so that the owner fills and prints them.

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QThread>
 
 #include <gtest/gtest.h>
@@ -343,6 +344,12 @@ TEST_F(ScriptTest, TheMainJobPrintsAReadablePdfAndExportsTheRun)
             dark += qGray(page.pixel(x, y)) < 128;
     }
     EXPECT_GT(dark, 500) << "the page shows text";
+
+    QProcess information;
+    information.start(QStringLiteral("pdfinfo"), {pdf});
+    ASSERT_TRUE(information.waitForFinished(60000));
+    EXPECT_TRUE(QString::fromUtf8(information.readAllStandardOutput()).contains(QRegularExpression(QStringLiteral("Title: +report\n"))))
+        << "the document is titled by its name";
 }
 
 TEST_F(ScriptTest, IndividualSalesFindsOneServersSalesOfTheWeek)

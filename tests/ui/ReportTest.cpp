@@ -43,6 +43,24 @@ TEST_F(ReportTest, ASectionTallerThanAPagePrintsOnceOnAFreshPage)
         << "each page opens with the tall top and takes the line that turned it";
 }
 
+TEST_F(ReportTest, ARecordedReportPrintsTheSamePagesAgain)
+{
+    auto *recording = new ReportRecording(100);
+    Report recorded{std::unique_ptr<ReportOutput>(recording)};
+    ASSERT_TRUE(recorded.LoadTemplate(site.write(QStringLiteral("Report.vrd"), "section top 60\ncell Title 0 0 100 10 10 bold left\n")));
+    recorded.section(QStringLiteral("top"))->cell(QStringLiteral("Title"))->value = QStringLiteral("first");
+    recorded.PrintSection(QStringLiteral("top"));
+    recorded.section(QStringLiteral("top"))->cell(QStringLiteral("Title"))->value = QStringLiteral("second");
+    recorded.PrintSection(QStringLiteral("top"));
+    recorded.EndReport();
+
+    RecordingOutput again(printed, 100);
+    recording->replay(again);
+    ASSERT_EQ(sections(), QStringLiteral("1top 2top"));
+    EXPECT_EQ(printed[0].cells.value(QStringLiteral("Title")), QStringLiteral("first")) << "each section as it was when it printed";
+    EXPECT_EQ(printed[1].cells.value(QStringLiteral("Title")), QStringLiteral("second"));
+}
+
 TEST_F(ReportTest, SizesThatCantBeMeasuredMakeNoTemplate)
 {
     for (const char *bad : {"section top nan\n", "section top -5\n", "section top inf\n", "section top x\n"})

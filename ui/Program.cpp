@@ -5,8 +5,7 @@
 #include "core/HostPath.h"
 #include "ui/Dialogs.h"
 #include "ui/ScreenRegistry.h"
-
-#include <QTimer>
+#include "ui/ScreenTimer.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -69,7 +68,7 @@ QWidget *TouchScreen(const QString &name)
 void StartOneShot(QObject *context, int milliseconds, const std::function<void()> &handler)
 {
     ++pendingTimers;
-    auto *timer = new QTimer(context);
+    auto *timer = new ScreenTimer(context);
     timer->setSingleShot(true);
     // A timer whose screen goes before it fires is no longer pending either.
     auto pending = std::make_shared<bool>(true);
@@ -77,7 +76,7 @@ void StartOneShot(QObject *context, int milliseconds, const std::function<void()
         if (std::exchange(*pending, false))
             --pendingTimers;
     };
-    QObject::connect(timer, &QTimer::timeout, context, [timer, handler, settle] {
+    QObject::connect(timer, &ScreenTimer::timeout, context, [timer, handler, settle] {
         settle();
         timer->deleteLater();
         RunHandler(handler);

@@ -144,6 +144,31 @@ TEST_F(ScriptTest, PlainListsAndCheckBoxesAreDrivenLikeTheProgramsOwn)
         (QStringList{QStringLiteral("12"), QStringLiteral("Dave O'Brien"), QStringLiteral("Dave O'Brien"), QStringLiteral("false")}));
 }
 
+TEST_F(ScriptTest, EveryKindOfControlAnswersTheCommandsItTakes)
+{
+    writeDemoSite();
+    site.write(QStringLiteral("Quillon/data/Jobs2.dat"), "\"Server\"\r\n\"Manager\"\r\n");
+    const Outcome result = run(QStringLiteral(
+        "get QLONlistBuilder1.SSFrame1\nget QLONlistBuilder1.MonthView1\nget QLONlistBuilder1.SSOption6 checked\n"
+        "click QLONlistBuilder1.SSCheck1\nget QLONlistBuilder1.SSCheck1 checked\nget QlonExit.ProgressBar1\n"
+        "rows TCEmployee.cmbType\npick TCEmployee.cmbType Manager\nget TCEmployee.cmbType\n"
+        "set TCEmployee.txtNotes two words\nget TCEmployee.txtNotes\npick TCEmployee.List1 Dave O'Brien\nget TCEmployee.List1\n"
+        "show QLONlistBuilder2\nget QLONlistBuilder2.datPrimaryRS\npick QLONlistBuilder2.datPrimaryRS last\n"
+        "get QLONlistBuilder2.datPrimaryRS\nget QLONlistBuilder2.grdDataGrid count\nget QLONlistBuilder2.grdDataGrid row 0\n"
+        "pick QLONlistBuilder2.grdDataGrid 1\nget QLONlistBuilder2.datPrimaryRS\n"));
+    ASSERT_EQ(result.status, 0) << result.err.toStdString();
+    const QStringList lines = result.lines();
+    ASSERT_EQ(lines.size(), 15) << result.out.toStdString();
+    EXPECT_EQ(lines.mid(0, 13),
+        (QStringList{QStringLiteral("Report "), QStringLiteral("11/16/2026"), QStringLiteral("false"), QStringLiteral("true"),
+            QStringLiteral("-1"), QStringLiteral("Server\t"), QStringLiteral("Manager\t"), QStringLiteral("Manager"),
+            QStringLiteral("two words"), QStringLiteral("Dave O'Brien"), QStringLiteral("Record: 1"),
+            QStringLiteral("Record: ") + lines[12], lines[12]}));
+    EXPECT_GT(lines[12].toInt(), 1000) << "the sales table's rows";
+    EXPECT_EQ(lines[13].count(QLatin1Char('|')), 12) << "a grid's row is its cells joined: " << lines[13].toStdString();
+    EXPECT_EQ(lines[14], QStringLiteral("Record: 1")) << "picking the grid's first row moves the recordset";
+}
+
 TEST_F(ScriptTest, FocusRunsTheHandlersATabWould)
 {
     writeDemoSite();
@@ -171,6 +196,11 @@ TEST_F(ScriptTest, ABadLineStopsTheScriptNamingTheLine)
         {"pick QLONlistBuilder1.Combo1 Nothing Like It", "has no entry"},
         {"pick TCEmployee.List1 Nobody Here", "has no row"},
         {"get QLONlistBuilder1.Label2 checked", "has no checked state"},
+        {"set QLONlistBuilder1.SSCommand2 Go", "takes no text"},
+        {"get QLONlistBuilder1.SSCommand2 count", "has no count"},
+        {"rows QLONlistBuilder1.Label2", "is no list"},
+        {"pick QLONlistBuilder2.datPrimaryRS sideways", "has no move"},
+        {"set QLONlistBuilder1.MonthView1 someday", "takes a date"},
     };
     for (const auto &test : cases) {
         const Outcome result = run(QStringLiteral("# a comment\n\nget QLONlistBuilder1.Label11\n") + QLatin1String(test.line) +
@@ -180,6 +210,19 @@ TEST_F(ScriptTest, ABadLineStopsTheScriptNamingTheLine)
         EXPECT_TRUE(result.err.contains(QStringLiteral("line 4"))) << result.err.toStdString();
         EXPECT_TRUE(result.err.contains(QLatin1String(test.complaint))) << result.err.toStdString();
     }
+}
+
+TEST_F(ScriptTest, AdvanceRunsTheScreensTimersAsIfTheTimeHadPassed)
+{
+    writeDemoSite();
+    const QString load =
+        QStringLiteral("click QLONlistBuilder1.SSOption6\nclick QLONlistBuilder1.SSCommand2\nget QLONlistBuilder1.MList1 count\n");
+    const Outcome result = run(QStringLiteral("click QLONlistBuilder1.SSCommand8\n") + load + QStringLiteral("advance 0.1\n") + load);
+    ASSERT_EQ(result.status, 0) << result.err.toStdString();
+    ASSERT_EQ(result.lines().size(), 2);
+    EXPECT_EQ(result.lines()[0], QStringLiteral("0")) << "the rebuild waits for its timer";
+    EXPECT_GT(result.lines()[1].toInt(), 300);
+    EXPECT_EQ(run(QStringLiteral("advance soon\n")).status, 2);
 }
 
 TEST_F(ScriptTest, ASecondInstanceIsRefused)

@@ -48,7 +48,10 @@ CommandLine ParseCommandLine(const QStringList &arguments)
     const QCommandLineOption writeTemplate(QStringLiteral("write-report-template"),
         QStringLiteral("Writes the default Items Sold report template, ItemsSold.vrd, into "
                        "the site's data root when the site has none, and ends."));
-    parser.addOptions({drive, script, screenshot, today, writeTemplate});
+    const QCommandLineOption listControls(QStringLiteral("list-controls"),
+        QStringLiteral("Lists every control of SCREEN with its kind, caption and the script commands it takes, and ends."),
+        QStringLiteral("SCREEN"));
+    parser.addOptions({drive, script, screenshot, today, writeTemplate, listControls});
 
     CommandLine commandLine;
     if (!parser.parse(arguments)) {
@@ -67,6 +70,7 @@ CommandLine ParseCommandLine(const QStringList &arguments)
     commandLine.scriptPath = parser.value(script);
     commandLine.screenshots = parser.values(screenshot);
     commandLine.writeReportTemplate = parser.isSet(writeTemplate);
+    commandLine.listControls = parser.value(listControls);
     if (parser.isSet(today)) {
         commandLine.today = QDate::fromString(parser.value(today), Qt::ISODate);
         if (!commandLine.today.isValid())
@@ -85,7 +89,7 @@ CommandLine ParseCommandLine(const QStringList &arguments)
 bool RunsWithoutWindow(int argc, char *argv[])
 {
     for (int index = 1; index < argc; ++index) {
-        for (const char *option : {"--script", "--screenshot", "--write-report-template"}) {
+        for (const char *option : {"--script", "--screenshot", "--write-report-template", "--list-controls"}) {
             const std::size_t length = std::strlen(option);
             if (std::strncmp(argv[index], option, length) == 0 && (argv[index][length] == '\0' || argv[index][length] == '='))
                 return true;

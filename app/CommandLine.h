@@ -14,6 +14,7 @@ struct CommandLine
     QStringList screenshots; // "SCREEN=PATH", one per --screenshot
     QDate today; // fixes the clock's day when valid
     bool writeReportTemplate = false;
+    QString listControls; // the screen whose controls are listed
     QString error; // not empty when the command line can't be used
     QString help; // not empty when help or the version was asked for
 

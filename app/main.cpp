@@ -1,4 +1,5 @@
 #include "app/CommandLine.h"
+#include "app/ControlList.h"
 #include "app/Screens.h"
 #include "app/ScriptRunner.h"
 #include "core/Clock.h"
@@ -113,6 +114,8 @@ int main(int argc, char *argv[])
     if (QFileInfo::exists(jetChecker))
         qlon::SetJetChecker(jetChecker);
     qlon::RegisterScreens();
+    if (!commandLine.listControls.isEmpty())
+        return qlon::ListControls(commandLine.listControls, out, err);
     // The program starts by loading its main screen; there is no other way in.
     qlon::TouchScreen(mainScreen);
 

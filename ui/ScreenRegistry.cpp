@@ -19,14 +19,22 @@ QWidget *ScreenRegistry::touch(const QString &name)
 {
     if (QWidget *screen = existing(name))
         return screen;
+    QWidget *screen = make(name);
+    if (!screen)
+        return nullptr;
+    m_screens[name] = screen;
+    if (auto *loaded = dynamic_cast<LoadedScreen *>(screen))
+        loaded->Form_Load();
+    return screen;
+}
+
+QWidget *ScreenRegistry::make(const QString &name) const
+{
     const auto factory = m_factories.find(name);
     if (factory == m_factories.end())
         return nullptr;
     QWidget *screen = factory->second();
     screen->setObjectName(name);
-    m_screens[name] = screen;
-    if (auto *loaded = dynamic_cast<LoadedScreen *>(screen))
-        loaded->Form_Load();
     return screen;
 }
 

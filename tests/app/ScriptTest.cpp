@@ -440,5 +440,42 @@ TEST_F(ScriptTest, ScreenshotsShowTheScreen)
     EXPECT_GT(image.height(), 300);
 }
 
+// The program's screens, as it names them when asked for one it doesn't have.
+QStringList screenNames()
+{
+    QProcess process;
+    process.start(QStringLiteral(QLON_PROGRAM), {QStringLiteral("--list-controls"), QStringLiteral("NoSuchScreen")});
+    process.waitForFinished(60000);
+    EXPECT_EQ(process.exitCode(), 2);
+    const QString answer = QString::fromUtf8(process.readAllStandardError()).trimmed();
+    return answer.section(QStringLiteral("the screens are "), 1).split(QStringLiteral(", "), Qt::SkipEmptyParts);
+}
+
+TEST(ListControlsTest, EveryScreenListsItsControlsWithoutASite)
+{
+    const QStringList screens = screenNames();
+    EXPECT_GE(screens.size(), 10);
+    QStringList listed;
+    for (const QString &screen : screens) {
+        QProcess process;
+        process.start(QStringLiteral(QLON_PROGRAM), {QStringLiteral("--list-controls"), screen});
+        ASSERT_TRUE(process.waitForFinished(60000));
+        EXPECT_EQ(process.exitCode(), 0) << screen.toStdString() << process.readAllStandardError().toStdString();
+        const QStringList lines = QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        ASSERT_GT(lines.size(), 3) << screen.toStdString();
+        EXPECT_TRUE(lines.first().startsWith(screen + QStringLiteral("\tscreen\t"))) << lines.first().toStdString();
+        for (const QString &line : lines) {
+            EXPECT_EQ(line.count(QLatin1Char('\t')), 3) << line.toStdString();
+            listed.append(screen + QLatin1Char('.') + line);
+        }
+    }
+    for (const char *expected : {"QLONlistBuilder1.SSCommand2\tbutton\tLoad List\tclick, get",
+             "QLONlistBuilder1.MList1\tlist\t\tpick, rows, get, get count, get row N, get tag N", "QLONlistBuilder1.MonthView1\tcalendar",
+             "QLONlistBuilder2.datPrimaryRS\tdata control", "TCEmployee.List1\tplain list\t\tpick, rows, get, get count, get row N",
+             "TCEmployee.chkInactive\tcheck box\tIN-Active\tclick, get, get checked", "QLONserverLiquor.Text2\ttext box",
+             "PrinterStatus.List1\tplain list"})
+        EXPECT_EQ(listed.filter(QLatin1String(expected)).size(), 1) << expected;
+}
+
 } // namespace
 } // namespace qlon

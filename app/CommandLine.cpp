@@ -23,6 +23,20 @@ bool applyDriveMappings(const QStringList &mappings)
     return true;
 }
 
+// `report NAME` and its options, the one use of words on the command line.
+void readReport(const QCommandLineParser &parser, CommandLine &commandLine)
+{
+    if (parser.positionalArguments().isEmpty())
+        return;
+    if (parser.positionalArguments().first() != QLatin1String("report")) {
+        commandLine.error = QStringLiteral("unknown word ") + parser.positionalArguments().first();
+        return;
+    }
+    ReportRequest request;
+    commandLine.error = ReadReportRequest(parser, request);
+    commandLine.report = request;
+}
+
 } // namespace
 
 CommandLine ParseCommandLine(const QStringList &arguments)
@@ -52,6 +66,7 @@ CommandLine ParseCommandLine(const QStringList &arguments)
         QStringLiteral("Lists every control of SCREEN with its kind, caption and the script commands it takes, and ends."),
         QStringLiteral("SCREEN"));
     parser.addOptions({drive, script, screenshot, today, writeTemplate, listControls});
+    AddReportOptions(parser);
 
     CommandLine commandLine;
     if (!parser.parse(arguments)) {
@@ -71,6 +86,7 @@ CommandLine ParseCommandLine(const QStringList &arguments)
     commandLine.screenshots = parser.values(screenshot);
     commandLine.writeReportTemplate = parser.isSet(writeTemplate);
     commandLine.listControls = parser.value(listControls);
+    readReport(parser, commandLine);
     if (parser.isSet(today)) {
         commandLine.today = QDate::fromString(parser.value(today), Qt::ISODate);
         if (!commandLine.today.isValid())
@@ -88,6 +104,8 @@ CommandLine ParseCommandLine(const QStringList &arguments)
 
 bool RunsWithoutWindow(int argc, char *argv[])
 {
+    if (argc > 1 && std::strcmp(argv[1], "report") == 0)
+        return true;
     for (int index = 1; index < argc; ++index) {
         for (const char *option : {"--script", "--screenshot", "--write-report-template", "--list-controls"}) {
             const std::size_t length = std::strlen(option);

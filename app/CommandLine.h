@@ -1,8 +1,12 @@
 #pragma once
 
+#include "app/ReportCommand.h"
+
 #include <QDate>
 #include <QString>
 #include <QStringList>
+
+#include <optional>
 
 namespace qlon {
 
@@ -15,10 +19,11 @@ struct CommandLine
     QDate today; // fixes the clock's day when valid
     bool writeReportTemplate = false;
     QString listControls; // the screen whose controls are listed
+    std::optional<ReportRequest> report; // `qlon report NAME`
     QString error; // not empty when the command line can't be used
     QString help; // not empty when help or the version was asked for
 
-    bool scripted() const { return !scriptPath.isEmpty(); }
+    bool scripted() const { return !scriptPath.isEmpty() || report; }
 };
 
 CommandLine ParseCommandLine(const QStringList &arguments);

@@ -1,5 +1,6 @@
 #include "app/CommandLine.h"
 #include "app/ControlList.h"
+#include "app/ReportCommand.h"
 #include "app/Screens.h"
 #include "app/ScriptRunner.h"
 #include "core/Clock.h"
@@ -120,7 +121,9 @@ int main(int argc, char *argv[])
     qlon::TouchScreen(mainScreen);
 
     int status = 0;
-    if (commandLine.scripted())
+    if (commandLine.report)
+        status = qlon::RunReport(*commandLine.report, out, err);
+    else if (commandLine.scripted())
         status = runScript(commandLine.scriptPath, out, err);
     if (status == 0 && !saveScreenshots(commandLine.screenshots, err))
         status = 1;

@@ -479,5 +479,56 @@ TEST(ListControlsTest, EveryScreenListsItsControlsWithoutASite)
         EXPECT_EQ(listed.filter(QLatin1String(expected)).size(), 1) << expected;
 }
 
+// The figures a report prints: its standard output once its own notes are set aside.
+TEST_F(ScriptTest, ReportsGiveTheFiguresOfTheHandScript)
+{
+    writeDemoSite();
+    const QString pdf = site.hostPath(QStringLiteral("items-%Y-%m-%d.pdf"));
+    const QString csv = site.hostPath(QStringLiteral("items-%Y-%m-%d.csv"));
+    // The last writes its files, which no later run overwrites.
+    const struct
+    {
+        QStringList report;
+        QString handScript;
+    } cases[] = {
+        {{QStringLiteral("main"), QStringLiteral("--category"), QStringLiteral("Wine")},
+            QStringLiteral("click QLONlistBuilder1.SSCommand8\nwait\npick QLONlistBuilder1.Combo1 Wine\n"
+                           "click QLONlistBuilder1.SSOption7\nclick QLONlistBuilder1.SSCommand2\nclick QLONlistBuilder1.SSCommand4\n"
+                           "get QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\nrows QLONlistBuilder1.MList1\n")},
+        {{QStringLiteral("items-sold")},
+            QStringLiteral("show QlonItemsSold\nset QlonItemsSold.MonthView1 11/16/2026\nset QlonItemsSold.MonthView2 11/22/2026\n"
+                           "click QlonItemsSold.SSCommand4\nwait\nget QlonItemsSold.Label2\nget QlonItemsSold.Label3\n"
+                           "rows QlonItemsSold.MList1\nget QlonItemsSold.Label7\n")},
+        {{QStringLiteral("server"), QStringLiteral("--server"), QStringLiteral("1005"), QStringLiteral("--end-time"),
+             QStringLiteral("9:00 pm")},
+            QStringLiteral(
+                "set QLONlistBuilder1.Combo3 9:00 pm\nclick QLONlistBuilder1.SSCommand9\nwait\n"
+                "pick QLONserverLiquor.Combo1 1005\nclick QLONserverLiquor.Command1\nget QLONserverLiquor.Label2\n"
+                "get QLONserverLiquor.Text3\nget QLONserverLiquor.Text4\nget QLONserverLiquor.Text5\nrows QLONserverLiquor.MList1\n")},
+        {{QStringLiteral("main"), QStringLiteral("--from"), QStringLiteral("2026-11-17"), QStringLiteral("--to"),
+             QStringLiteral("yesterday"), QStringLiteral("--category"), QStringLiteral("food"), QStringLiteral("--start-time"),
+             QStringLiteral("11:00 am"), QStringLiteral("--pdf"), pdf, QStringLiteral("--csv"), csv},
+            QStringLiteral("click QLONlistBuilder1.SSCommand8\nwait\nset QLONlistBuilder1.MonthView1 11/17/2026\n"
+                           "set QLONlistBuilder1.MonthView2 11/22/2026\nset QLONlistBuilder1.Combo2 11:00 am\n"
+                           "click QLONlistBuilder1.SSOption1\nclick QLONlistBuilder1.SSCommand2\nclick QLONlistBuilder1.SSCommand4\n"
+                           "get QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\nrows QLONlistBuilder1.MList1\n")},
+    };
+    for (const auto &test : cases) {
+        const Outcome byHand = run(test.handScript);
+        const Outcome report = run({}, QStringList{QStringLiteral("report")} + test.report);
+        ASSERT_EQ(byHand.status, 0) << byHand.err.toStdString();
+        EXPECT_EQ(report.status, 0) << report.err.toStdString();
+        EXPECT_GT(byHand.lines().size(), 5);
+        EXPECT_EQ(report.out, byHand.out) << test.report.join(QLatin1Char(' ')).toStdString();
+    }
+    EXPECT_TRUE(site.read(QStringLiteral("items-2026-11-23.pdf")).startsWith("%PDF"));
+    EXPECT_EQ(site.read(QStringLiteral("items-2026-11-23.csv")), site.read(QStringLiteral("Quillon/TempItems.dat")));
+
+    const Outcome script = run({}, {QStringLiteral("report"), QStringLiteral("items-sold"), QStringLiteral("--print-script")});
+    EXPECT_EQ(script.status, 0);
+    EXPECT_TRUE(script.out.startsWith(QStringLiteral("# The Items Sold analysis"))) << script.out.toStdString();
+    EXPECT_TRUE(script.out.contains(QStringLiteral("set QlonItemsSold.MonthView1 11/16/2026\n"))) << "the site's start date";
+}
+
 } // namespace
 } // namespace qlon

@@ -15,7 +15,9 @@ namespace {
 QString oneLine(const QString &caption)
 {
     QString line = caption;
-    return line.replace(QLatin1Char('\r'), QLatin1String("\\r")).replace(QLatin1Char('\n'), QLatin1String("\\n")).replace(QLatin1Char('\t'), QLatin1Char(' '));
+    return line.replace(QLatin1Char('\r'), QLatin1String("\\r"))
+        .replace(QLatin1Char('\n'), QLatin1String("\\n"))
+        .replace(QLatin1Char('\t'), QLatin1Char(' '));
 }
 
 void printControl(QWidget *control, const QString &name, QTextStream &out)
@@ -30,7 +32,8 @@ int ListControls(const QString &screenName, QTextStream &out, QTextStream &err)
 {
     const std::unique_ptr<QWidget> screen(Screens().make(screenName));
     if (!screen) {
-        err << "qlon: there is no screen " << screenName << "; the screens are " << Screens().names().join(QStringLiteral(", ")) << Qt::endl;
+        err << "qlon: there is no screen " << screenName << "; the screens are " << Screens().names().join(QStringLiteral(", "))
+            << Qt::endl;
         return 2;
     }
     printControl(screen.get(), screenName, out);

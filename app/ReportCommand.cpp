@@ -1,9 +1,9 @@
 #include "app/ReportCommand.h"
 
-#include "core/Clock.h"
-#include "core/DateWords.h"
 #include "app/ControlKinds.h"
 #include "app/ScriptRunner.h"
+#include "core/Clock.h"
+#include "core/DateWords.h"
 #include "ui/ScreenRegistry.h"
 
 #include <QBuffer>
@@ -23,19 +23,25 @@ const QString serverReport = QStringLiteral("server");
 // The category words and the option of the main screen and of Items Sold that each stands for.
 const QStringList categoryWords = {
     QStringLiteral("food"), QStringLiteral("bar"), QStringLiteral("both"), QStringLiteral("retail"), QStringLiteral("all")};
-const QStringList categoryOptions = {
-    QStringLiteral("SSOption1"), QStringLiteral("SSOption2"), QStringLiteral("SSOption3"), QStringLiteral("SSOption5"), QStringLiteral("SSOption6")};
+const QStringList categoryOptions = {QStringLiteral("SSOption1"), QStringLiteral("SSOption2"), QStringLiteral("SSOption3"),
+    QStringLiteral("SSOption5"), QStringLiteral("SSOption6")};
 
-const QCommandLineOption fromOption(QStringLiteral("from"), QStringLiteral("report: the first day (YYYY-MM-DD, MM/DD/YYYY or a word such as yesterday)."), QStringLiteral("DATE"));
+const QCommandLineOption fromOption(QStringLiteral("from"),
+    QStringLiteral("report: the first day (YYYY-MM-DD, MM/DD/YYYY or a word such as yesterday)."), QStringLiteral("DATE"));
 const QCommandLineOption toOption(QStringLiteral("to"), QStringLiteral("report: the last day."), QStringLiteral("DATE"));
-const QCommandLineOption startOption(QStringLiteral("start-time"), QStringLiteral("report: the first time of each day, such as 11:00 am."), QStringLiteral("T"));
+const QCommandLineOption startOption(
+    QStringLiteral("start-time"), QStringLiteral("report: the first time of each day, such as 11:00 am."), QStringLiteral("T"));
 const QCommandLineOption endOption(QStringLiteral("end-time"), QStringLiteral("report: the last time of each day."), QStringLiteral("T"));
 const QCommandLineOption categoryOption(QStringLiteral("category"),
     QStringLiteral("report: food, bar, both, retail, all or a department (main, items-sold)."), QStringLiteral("C"));
-const QCommandLineOption serverOption(QStringLiteral("server"), QStringLiteral("report: the server's number (server)."), QStringLiteral("N"));
-const QCommandLineOption pdfOption(QStringLiteral("pdf"), QStringLiteral("report: prints to FILE, a PDF; %Y, %m, %d stand for today."), QStringLiteral("FILE"));
-const QCommandLineOption csvOption(QStringLiteral("csv"), QStringLiteral("report: exports the list to FILE (main)."), QStringLiteral("FILE"));
-const QCommandLineOption printScriptOption(QStringLiteral("print-script"), QStringLiteral("report: prints the script instead of running it."));
+const QCommandLineOption serverOption(
+    QStringLiteral("server"), QStringLiteral("report: the server's number (server)."), QStringLiteral("N"));
+const QCommandLineOption pdfOption(
+    QStringLiteral("pdf"), QStringLiteral("report: prints to FILE, a PDF; %Y, %m, %d stand for today."), QStringLiteral("FILE"));
+const QCommandLineOption csvOption(
+    QStringLiteral("csv"), QStringLiteral("report: exports the list to FILE (main)."), QStringLiteral("FILE"));
+const QCommandLineOption printScriptOption(
+    QStringLiteral("print-script"), QStringLiteral("report: prints the script instead of running it."));
 
 // A date of the command line as the script's `set` takes it; empty when it is none.
 QString scriptDate(const QString &text)
@@ -72,6 +78,14 @@ public:
         if (!value.isEmpty())
             line(command + QLatin1Char(' ') + value);
     }
+    // A file the request names, dated, then the button that writes it.
+    void writeFile(const QString &command, const QString &file, const QString &button)
+    {
+        if (file.isEmpty())
+            return;
+        line(command + QLatin1Char(' ') + DatedName(file));
+        line(QStringLiteral("click ") + button);
+    }
     QString script() const { return m_script; }
 
 private:
@@ -106,14 +120,8 @@ void writeMainReport(ScriptWriter &script, const ReportRequest &request, const Q
     script.line(QStringLiteral("get QLONlistBuilder1.Label2"));
     script.line(QStringLiteral("get QLONlistBuilder1.Label3"));
     script.line(QStringLiteral("rows QLONlistBuilder1.MList1"));
-    if (!request.pdf.isEmpty()) {
-        script.line(QStringLiteral("print-to-pdf ") + DatedName(request.pdf));
-        script.line(QStringLiteral("click QLONlistBuilder1.SSCommand6"));
-    }
-    if (!request.csv.isEmpty()) {
-        script.line(QStringLiteral("save-as ") + DatedName(request.csv));
-        script.line(QStringLiteral("click QLONlistBuilder1.SSCommand7"));
-    }
+    script.writeFile(QStringLiteral("print-to-pdf"), request.pdf, QStringLiteral("QLONlistBuilder1.SSCommand6"));
+    script.writeFile(QStringLiteral("save-as"), request.csv, QStringLiteral("QLONlistBuilder1.SSCommand7"));
 }
 
 void writeItemsSoldReport(ScriptWriter &script, const ReportRequest &request, const QString &from, const QString &to)
@@ -137,10 +145,7 @@ void writeItemsSoldReport(ScriptWriter &script, const ReportRequest &request, co
     script.line(QStringLiteral("get QlonItemsSold.Label3"));
     script.line(QStringLiteral("rows QlonItemsSold.MList1"));
     script.line(QStringLiteral("get QlonItemsSold.Label7"));
-    if (!request.pdf.isEmpty()) {
-        script.line(QStringLiteral("print-to-pdf ") + DatedName(request.pdf));
-        script.line(QStringLiteral("click QlonItemsSold.SSCommand6"));
-    }
+    script.writeFile(QStringLiteral("print-to-pdf"), request.pdf, QStringLiteral("QlonItemsSold.SSCommand6"));
 }
 
 void writeServerReport(ScriptWriter &script, const ReportRequest &request, const QString &from, const QString &to)
@@ -156,10 +161,7 @@ void writeServerReport(ScriptWriter &script, const ReportRequest &request, const
     script.line(QStringLiteral("get QLONserverLiquor.Text4"));
     script.line(QStringLiteral("get QLONserverLiquor.Text5"));
     script.line(QStringLiteral("rows QLONserverLiquor.MList1"));
-    if (!request.pdf.isEmpty()) {
-        script.line(QStringLiteral("print-to-pdf ") + DatedName(request.pdf));
-        script.line(QStringLiteral("click QLONserverLiquor.SSCommand3"));
-    }
+    script.writeFile(QStringLiteral("print-to-pdf"), request.pdf, QStringLiteral("QLONserverLiquor.SSCommand3"));
 }
 
 } // namespace
@@ -171,9 +173,11 @@ QStringList ReportNames()
 
 void AddReportOptions(QCommandLineParser &parser)
 {
-    parser.addOptions({fromOption, toOption, startOption, endOption, categoryOption, serverOption, pdfOption, csvOption, printScriptOption});
+    parser.addOptions(
+        {fromOption, toOption, startOption, endOption, categoryOption, serverOption, pdfOption, csvOption, printScriptOption});
     parser.addPositionalArgument(QStringLiteral("report"),
-        QStringLiteral("report NAME runs one of the reports (%1) without a window and prints its figures.").arg(ReportNames().join(QStringLiteral(", "))),
+        QStringLiteral("report NAME runs one of the reports (%1) without a window and prints its figures.")
+            .arg(ReportNames().join(QStringLiteral(", "))),
         QStringLiteral("[report NAME]"));
 }
 

@@ -96,7 +96,8 @@ QString advance(const QString &seconds)
 {
     bool isNumber = false;
     const double length = seconds.toDouble(&isNumber);
-    if (!isNumber || length < 0 || length > 86400)
+    // Written so that "nan" fails too.
+    if (!isNumber || !(length >= 0 && length <= 86400))
         return QStringLiteral("advance takes seconds, from 0 to 86400");
     AdvanceClock(qRound64(length * 1000));
     QApplication::processEvents();

@@ -222,7 +222,8 @@ TEST_F(ScriptTest, AdvanceRunsTheScreensTimersAsIfTheTimeHadPassed)
     ASSERT_EQ(result.lines().size(), 2);
     EXPECT_EQ(result.lines()[0], QStringLiteral("0")) << "the rebuild waits for its timer";
     EXPECT_GT(result.lines()[1].toInt(), 300);
-    EXPECT_EQ(run(QStringLiteral("advance soon\n")).status, 2);
+    for (const char *line : {"advance soon\n", "advance nan\n", "advance -1\n"})
+        EXPECT_EQ(run(QLatin1String(line)).status, 2) << line;
 }
 
 TEST_F(ScriptTest, ASecondInstanceIsRefused)

@@ -104,9 +104,9 @@ CommandLine ParseCommandLine(const QStringList &arguments)
 
 bool RunsWithoutWindow(int argc, char *argv[])
 {
-    if (argc > 1 && std::strcmp(argv[1], "report") == 0)
-        return true;
     for (int index = 1; index < argc; ++index) {
+        if (std::strcmp(argv[index], "report") == 0)
+            return true;
         for (const char *option : {"--script", "--screenshot", "--write-report-template", "--list-controls"}) {
             const std::size_t length = std::strlen(option);
             if (std::strncmp(argv[index], option, length) == 0 && (argv[index][length] == '\0' || argv[index][length] == '='))

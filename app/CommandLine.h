@@ -28,7 +28,8 @@ struct CommandLine
 
 CommandLine ParseCommandLine(const QStringList &arguments);
 
-// True when the arguments ask for a run without a window (a script, pictures, the template);
+// True when the arguments ask for a run without a window (a script, pictures, the template, a
+// report, a list of controls);
 // read before the application exists, to choose the display.
 bool RunsWithoutWindow(int argc, char *argv[]);
 

@@ -89,6 +89,18 @@ int answerWithoutDisplay(int argc, char *argv[])
     return -1;
 }
 
+// Without a window, standard error holds the program's own notes; Qt's remarks on running with
+// no display (no size hints offscreen, no runtime folder under cron) are not among them.
+void quietenDisplaylessRemarks()
+{
+    static const QtMessageHandler qtHandler = qInstallMessageHandler(nullptr);
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &context, const QString &message) {
+        if (message.contains(QLatin1String("propagateSizeHints")) || message.contains(QLatin1String("XDG_RUNTIME_DIR")))
+            return;
+        qtHandler(type, context, message);
+    });
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -97,8 +109,11 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationVersion(QLatin1String(qlon::ProgramVersion));
     if (const int status = answerWithoutDisplay(argc, argv); status >= 0)
         return status;
-    if (qlon::RunsWithoutWindow(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (qlon::RunsWithoutWindow(argc, argv)) {
+        quietenDisplaylessRemarks();
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QApplication application(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);

@@ -2,6 +2,7 @@
 
 #include "core/Ansi.h"
 #include "core/Clock.h"
+#include "core/DateText.h"
 #include "core/DateWords.h"
 #include "ui/DataControl.h"
 #include "ui/MList.h"
@@ -190,6 +191,14 @@ void setLineText(QWidget *control, const QString &text)
     as<QLineEdit>(control)->setText(text);
 }
 
+// A box that holds a date takes a date word too, written as the screen writes its dates.
+void setTextBoxText(QWidget *control, const QString &text)
+{
+    const QDate named = DateFromWord(text, Today());
+    const bool holdsNamedDate = named.isValid() && as<VbTextBox>(control)->holdsDate();
+    setLineText(control, holdsNamedDate ? FromAnsi(ShortDate(named)) : text);
+}
+
 // The most particular kinds come first: a control is of the first kind it matches.
 const std::array kinds = {
     ControlKind{.name = QStringLiteral("screen"),
@@ -241,7 +250,7 @@ const std::array kinds = {
     ControlKind{.name = QStringLiteral("text box"),
         .is = is<VbTextBox>,
         .text = lineText,
-        .setText = setLineText,
+        .setText = setTextBoxText,
         .click = [](QWidget *control) { as<VbTextBox>(control)->click(); }},
     ControlKind{.name = QStringLiteral("plain text box"), .is = is<QLineEdit>, .text = lineText, .setText = setLineText},
     ControlKind{.name = QStringLiteral("text area"),

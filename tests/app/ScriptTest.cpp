@@ -142,13 +142,17 @@ TEST_F(ScriptTest, PickersAndButtonsDoWhatTheUserSees)
         << "Done ends the program at once: the last line never runs";
 }
 
-TEST_F(ScriptTest, ACalendarTakesADateWordFromToday)
+TEST_F(ScriptTest, CalendarsAndDateBoxesTakeADateWordFromToday)
 {
     writeDemoSite();
     const Outcome result = run(QStringLiteral("set QLONlistBuilder1.MonthView1 last-of-last-month\nget QLONlistBuilder1.Label2\n"
-                                              "set QLONlistBuilder1.MonthView1 today-2\nget QLONlistBuilder1.Label2\n"));
+                                              "set QLONlistBuilder1.MonthView1 today-2\nget QLONlistBuilder1.Label2\n"
+                                              "set QLONserverLiquor.Text6 first-of-month\nget QLONserverLiquor.Text6\n"
+                                              "set QLONserverLiquor.Text7 today\nget QLONserverLiquor.Text7\n"));
     EXPECT_EQ(result.status, 0) << result.err.toStdString();
-    EXPECT_EQ(result.lines(), (QStringList{QStringLiteral("10/31/2026"), QStringLiteral("11/21/2026")}));
+    EXPECT_EQ(result.lines(),
+        (QStringList{QStringLiteral("10/31/2026"), QStringLiteral("11/21/2026"), QStringLiteral("11/1/2026"), QStringLiteral("today")}))
+        << "a time box keeps the word as it is";
 }
 
 TEST_F(ScriptTest, PlainListsAndCheckBoxesAreDrivenLikeTheProgramsOwn)

@@ -92,13 +92,29 @@ private:
     QString m_script;
 };
 
+// The span on a screen: its two calendars and its two time pickers, which keep the whole day
+// unless the request names the hours.
+void setSpan(ScriptWriter &script, const QString &screen, const QStringList &timePickers, const ReportRequest &request, const QString &from,
+    const QString &to)
+{
+    script.line(QStringLiteral("set %1.MonthView1 %2").arg(screen, from));
+    script.line(QStringLiteral("set %1.MonthView2 %2").arg(screen, to));
+    script.lineIf(QStringLiteral("set %1.%2").arg(screen, timePickers[0]), request.startTime);
+    script.lineIf(QStringLiteral("set %1.%2").arg(screen, timePickers[1]), request.endTime);
+}
+
 // The main screen's span, which the server screen also takes when it opens.
 void setMainSpan(ScriptWriter &script, const ReportRequest &request, const QString &from, const QString &to)
 {
-    script.line(QStringLiteral("set QLONlistBuilder1.MonthView1 ") + from);
-    script.line(QStringLiteral("set QLONlistBuilder1.MonthView2 ") + to);
-    script.lineIf(QStringLiteral("set QLONlistBuilder1.Combo2"), request.startTime);
-    script.lineIf(QStringLiteral("set QLONlistBuilder1.Combo3"), request.endTime);
+    setSpan(script, QStringLiteral("QLONlistBuilder1"), {QStringLiteral("Combo2"), QStringLiteral("Combo3")}, request, from, to);
+}
+
+// What the main screen and Items Sold show of a run: the span's dates and every row.
+void printSpanAndRows(ScriptWriter &script, const QString &screen)
+{
+    script.line(QStringLiteral("get %1.Label2").arg(screen));
+    script.line(QStringLiteral("get %1.Label3").arg(screen));
+    script.line(QStringLiteral("rows %1.MList1").arg(screen));
 }
 
 void writeMainReport(ScriptWriter &script, const ReportRequest &request, const QString &from, const QString &to)
@@ -117,9 +133,7 @@ void writeMainReport(ScriptWriter &script, const ReportRequest &request, const Q
     script.line(QStringLiteral("click QLONlistBuilder1.SSCommand2"));
     script.line(QStringLiteral("click QLONlistBuilder1.SSCommand4"));
     script.line(QStringLiteral("wait"));
-    script.line(QStringLiteral("get QLONlistBuilder1.Label2"));
-    script.line(QStringLiteral("get QLONlistBuilder1.Label3"));
-    script.line(QStringLiteral("rows QLONlistBuilder1.MList1"));
+    printSpanAndRows(script, QStringLiteral("QLONlistBuilder1"));
     script.writeFile(QStringLiteral("print-to-pdf"), request.pdf, QStringLiteral("QLONlistBuilder1.SSCommand6"));
     script.writeFile(QStringLiteral("save-as"), request.csv, QStringLiteral("QLONlistBuilder1.SSCommand7"));
 }
@@ -128,10 +142,7 @@ void writeItemsSoldReport(ScriptWriter &script, const ReportRequest &request, co
 {
     script.line(QStringLiteral("# The Items Sold analysis of the monthly sales files"));
     script.line(QStringLiteral("show QlonItemsSold"));
-    script.line(QStringLiteral("set QlonItemsSold.MonthView1 ") + from);
-    script.line(QStringLiteral("set QlonItemsSold.MonthView2 ") + to);
-    script.lineIf(QStringLiteral("set QlonItemsSold.Combo1(0)"), request.startTime);
-    script.lineIf(QStringLiteral("set QlonItemsSold.Combo1(1)"), request.endTime);
+    setSpan(script, QStringLiteral("QlonItemsSold"), {QStringLiteral("Combo1(0)"), QStringLiteral("Combo1(1)")}, request, from, to);
     const qsizetype word = categoryWords.indexOf(request.category.toLower());
     if (word >= 0)
         script.line(QStringLiteral("click QlonItemsSold.") + categoryOptions[word]);
@@ -141,9 +152,7 @@ void writeItemsSoldReport(ScriptWriter &script, const ReportRequest &request, co
         script.line(QStringLiteral("set QlonItemsSold.Combo2 ") + request.category);
         script.line(QStringLiteral("click QlonItemsSold.SSCommand9"));
     }
-    script.line(QStringLiteral("get QlonItemsSold.Label2"));
-    script.line(QStringLiteral("get QlonItemsSold.Label3"));
-    script.line(QStringLiteral("rows QlonItemsSold.MList1"));
+    printSpanAndRows(script, QStringLiteral("QlonItemsSold"));
     script.line(QStringLiteral("get QlonItemsSold.Label7"));
     script.writeFile(QStringLiteral("print-to-pdf"), request.pdf, QStringLiteral("QlonItemsSold.SSCommand6"));
 }

@@ -23,6 +23,20 @@ bool applyDriveMappings(const QStringList &mappings)
     return true;
 }
 
+// `report NAME` and its options, the one use of words on the command line.
+void readReport(const QCommandLineParser &parser, CommandLine &commandLine)
+{
+    if (parser.positionalArguments().isEmpty())
+        return;
+    if (parser.positionalArguments().first() != QLatin1String("report")) {
+        commandLine.error = QStringLiteral("unknown word ") + parser.positionalArguments().first();
+        return;
+    }
+    ReportRequest request;
+    commandLine.error = ReadReportRequest(parser, request);
+    commandLine.report = request;
+}
+
 } // namespace
 
 CommandLine ParseCommandLine(const QStringList &arguments)
@@ -52,7 +66,11 @@ CommandLine ParseCommandLine(const QStringList &arguments)
         QStringLiteral("Starts with SCREEN shown in place of the main screen, such as BackOffice, "
                        "QlonItemsSold or TCEmployee; may be given more than once."),
         QStringLiteral("SCREEN"));
-    parser.addOptions({drive, script, screenshot, today, writeTemplate, open});
+    const QCommandLineOption listControls(QStringLiteral("list-controls"),
+        QStringLiteral("Lists every control of SCREEN with its kind, caption and the script commands it takes, and ends."),
+        QStringLiteral("SCREEN"));
+    parser.addOptions({drive, script, screenshot, today, writeTemplate, open, listControls});
+    AddReportOptions(parser);
 
     CommandLine commandLine;
     if (!parser.parse(arguments)) {
@@ -72,6 +90,8 @@ CommandLine ParseCommandLine(const QStringList &arguments)
     commandLine.screenshots = parser.values(screenshot);
     commandLine.openScreens = parser.values(open);
     commandLine.writeReportTemplate = parser.isSet(writeTemplate);
+    commandLine.listControls = parser.value(listControls);
+    readReport(parser, commandLine);
     if (parser.isSet(today)) {
         commandLine.today = QDate::fromString(parser.value(today), Qt::ISODate);
         if (!commandLine.today.isValid())
@@ -90,7 +110,9 @@ CommandLine ParseCommandLine(const QStringList &arguments)
 bool RunsWithoutWindow(int argc, char *argv[])
 {
     for (int index = 1; index < argc; ++index) {
-        for (const char *option : {"--script", "--screenshot", "--write-report-template"}) {
+        if (std::strcmp(argv[index], "report") == 0)
+            return true;
+        for (const char *option : {"--script", "--screenshot", "--write-report-template", "--list-controls"}) {
             const std::size_t length = std::strlen(option);
             if (std::strncmp(argv[index], option, length) == 0 && (argv[index][length] == '\0' || argv[index][length] == '='))
                 return true;

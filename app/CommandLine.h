@@ -1,8 +1,12 @@
 #pragma once
 
+#include "app/ReportCommand.h"
+
 #include <QDate>
 #include <QString>
 #include <QStringList>
+
+#include <optional>
 
 namespace qlon {
 
@@ -15,15 +19,18 @@ struct CommandLine
     QStringList openScreens; // shown at the start in place of the main screen, one per --open
     QDate today; // fixes the clock's day when valid
     bool writeReportTemplate = false;
+    QString listControls; // the screen whose controls are listed
+    std::optional<ReportRequest> report; // `qlon report NAME`
     QString error; // not empty when the command line can't be used
     QString help; // not empty when help or the version was asked for
 
-    bool scripted() const { return !scriptPath.isEmpty(); }
+    bool scripted() const { return !scriptPath.isEmpty() || report; }
 };
 
 CommandLine ParseCommandLine(const QStringList &arguments);
 
-// True when the arguments ask for a run without a window (a script, pictures, the template);
+// True when the arguments ask for a run without a window (a script, pictures, the template, a
+// report, a list of controls);
 // read before the application exists, to choose the display.
 bool RunsWithoutWindow(int argc, char *argv[]);
 

@@ -1,28 +1,17 @@
 #include "app/ScriptRunner.h"
 
-#include "core/Ansi.h"
-#include "core/Clock.h"
-#include "core/DateWords.h"
+#include "app/ControlKinds.h"
+
 #include "core/RuntimeError.h"
-#include "ui/DataControl.h"
 #include "ui/Dialogs.h"
-#include "ui/MList.h"
 #include "ui/Program.h"
 #include "ui/Report.h"
 #include "ui/ScreenRegistry.h"
-#include "ui/VbComboBox.h"
-#include "ui/VbTextBox.h"
+#include "ui/ScreenTimer.h"
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QCalendarWidget>
-#include <QComboBox>
 #include <QFocusEvent>
-#include <QGroupBox>
-#include <QLabel>
 #include <QLayout>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QRegularExpression>
 
 #include <optional>
@@ -31,155 +20,22 @@ namespace qlon {
 
 namespace {
 
-const QString scriptDateForm = QStringLiteral("MM/dd/yyyy");
-
-// What a command can't do with a control; the runner reports it with the line.
-struct ControlError
+// The operation a control's kind has for a command; a kind without it is a script error.
+template<typename Operation>
+Operation operationOf(Operation operation, const char *missing)
 {
-    QString text;
-};
-
-QString ownText(QWidget *control)
-{
-    if (auto *button = qobject_cast<QAbstractButton *>(control))
-        return button->text();
-    if (auto *label = qobject_cast<QLabel *>(control))
-        return label->text();
-    if (auto *box = qobject_cast<VbComboBox *>(control))
-        return FromAnsi(box->text());
-    if (auto *edit = qobject_cast<QLineEdit *>(control))
-        return edit->text();
-    if (auto *box = qobject_cast<QComboBox *>(control))
-        return box->currentText();
-    if (auto *frame = qobject_cast<QGroupBox *>(control))
-        return frame->title();
-    if (auto *calendar = qobject_cast<QCalendarWidget *>(control))
-        return calendar->selectedDate().toString(scriptDateForm);
-    if (auto *data = qobject_cast<DataControl *>(control))
-        return data->caption();
-    if (control->isWindow())
-        return control->windowTitle();
-    throw ControlError{QStringLiteral("has no caption or text")};
-}
-
-QDate scriptDate(const QString &text)
-{
-    const QDate named = DateFromWord(text, Today());
-    return named.isValid() ? named : QDate::fromString(text, scriptDateForm);
-}
-
-void setOwnText(QWidget *control, const QString &text)
-{
-    if (auto *box = qobject_cast<VbComboBox *>(control))
-        return box->setText(ToAnsi(text));
-    if (auto *edit = qobject_cast<QLineEdit *>(control))
-        return edit->setText(text);
-    if (auto *label = qobject_cast<QLabel *>(control))
-        return label->setText(text);
-    if (auto *calendar = qobject_cast<QCalendarWidget *>(control)) {
-        const QDate date = scriptDate(text);
-        if (!date.isValid())
-            throw ControlError{QStringLiteral("takes a date as MM/DD/YYYY or a word such as today-1")};
-        calendar->setSelectedDate(date);
-        emit calendar->clicked(date);
-        return;
-    }
-    throw ControlError{QStringLiteral("takes no text")};
-}
-
-void click(QWidget *control)
-{
-    if (auto *box = qobject_cast<VbTextBox *>(control))
-        return box->click();
-    auto *button = qobject_cast<QAbstractButton *>(control);
-    if (!button)
-        throw ControlError{QStringLiteral("can't be clicked")};
-    button->click();
-}
-
-void pick(QWidget *control, const QString &text)
-{
-    if (auto *box = qobject_cast<VbComboBox *>(control)) {
-        if (!box->pickText(ToAnsi(text)))
-            throw ControlError{QStringLiteral("has no entry ") + text};
-        return;
-    }
-    if (auto *list = qobject_cast<MList *>(control)) {
-        const QByteArray wanted = ToAnsi(text);
-        for (int row = 0; row < list->rowCount(); ++row) {
-            if (list->rowText(row) == wanted) {
-                list->setRowSelected(row, true);
-                emit list->Click();
-                return;
-            }
-        }
-        throw ControlError{QStringLiteral("has no row ") + text};
-    }
-    if (auto *box = qobject_cast<QComboBox *>(control)) {
-        const int index = box->findText(text);
-        if (index < 0)
-            throw ControlError{QStringLiteral("has no entry ") + text};
-        box->setCurrentIndex(index);
-        emit box->activated(index);
-        return;
-    }
-    if (auto *list = qobject_cast<QListWidget *>(control)) {
-        const QList<QListWidgetItem *> found = list->findItems(text, Qt::MatchExactly);
-        if (found.isEmpty())
-            throw ControlError{QStringLiteral("has no row ") + text};
-        list->setCurrentItem(found.first());
-        emit list->itemClicked(found.first());
-        return;
-    }
-    throw ControlError{QStringLiteral("has no entries to pick")};
-}
-
-int count(QWidget *control)
-{
-    if (auto *box = qobject_cast<VbComboBox *>(control))
-        return box->entryCount();
-    if (auto *list = qobject_cast<MList *>(control))
-        return list->rowCount();
-    if (auto *box = qobject_cast<QComboBox *>(control))
-        return box->count();
-    if (auto *list = qobject_cast<QListWidget *>(control))
-        return list->count();
-    throw ControlError{QStringLiteral("has no count")};
+    if (!operation)
+        throw ControlError{QLatin1String(missing)};
+    return operation;
 }
 
 int rowIndex(QWidget *control, const QString &number)
 {
     bool isNumber = false;
     const int row = number.toInt(&isNumber);
-    if (!isNumber || row < 0 || row >= count(control))
+    if (!isNumber || row < 0 || row >= operationOf(KindOf(control).count, "has no rows")(control))
         throw ControlError{QStringLiteral("has no row ") + number};
     return row;
-}
-
-QString row(QWidget *control, const QString &number)
-{
-    const int index = rowIndex(control, number);
-    if (auto *box = qobject_cast<VbComboBox *>(control))
-        return FromAnsi(box->entryText(index));
-    if (auto *box = qobject_cast<QComboBox *>(control))
-        return box->itemText(index);
-    if (auto *list = qobject_cast<QListWidget *>(control))
-        return list->item(index)->text();
-    return FromAnsi(qobject_cast<MList *>(control)->rowText(index));
-}
-
-MList *listOf(QWidget *control)
-{
-    auto *list = qobject_cast<MList *>(control);
-    if (!list)
-        throw ControlError{QStringLiteral("is no list")};
-    return list;
-}
-
-QString tag(QWidget *control, const QString &number)
-{
-    MList *list = listOf(control);
-    return FromAnsi(list->rowTag(rowIndex(control, number)));
 }
 
 QString truth(bool value)
@@ -200,31 +56,24 @@ bool ownVisible(QWidget *control)
     return !(control->testAttribute(Qt::WA_WState_ExplicitShowHide) && control->testAttribute(Qt::WA_WState_Hidden));
 }
 
-bool checked(QWidget *control)
-{
-    auto *button = qobject_cast<QAbstractButton *>(control);
-    if (!button || !button->isCheckable())
-        throw ControlError{QStringLiteral("has no checked state")};
-    return button->isChecked();
-}
-
 QString property(QWidget *control, const QString &property)
 {
+    const ControlKind &kind = KindOf(control);
     const QStringList words = property.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     if (words.isEmpty())
-        return ownText(control);
+        return operationOf(kind.text, "has no caption or text")(control);
     if (words.size() == 1 && words[0] == QLatin1String("enabled"))
         return truth(ownEnabled(control));
     if (words.size() == 1 && words[0] == QLatin1String("visible"))
         return truth(ownVisible(control));
     if (words.size() == 1 && words[0] == QLatin1String("checked"))
-        return truth(checked(control));
+        return truth(operationOf(kind.checked, "has no checked state")(control));
     if (words.size() == 1 && words[0] == QLatin1String("count"))
-        return QString::number(count(control));
+        return QString::number(operationOf(kind.count, "has no count")(control));
     if (words.size() == 2 && words[0] == QLatin1String("row"))
-        return row(control, words[1]);
+        return operationOf(kind.row, "has no rows")(control, rowIndex(control, words[1]));
     if (words.size() == 2 && words[0] == QLatin1String("tag"))
-        return tag(control, words[1]);
+        return operationOf(kind.tag, "has no tags")(control, rowIndex(control, words[1]));
     throw ControlError{QStringLiteral("has no property ") + property};
 }
 
@@ -240,6 +89,19 @@ std::optional<MessageAnswer> answerNamed(const QString &name)
     if (folded == QLatin1String("cancel"))
         return MessageAnswer::Cancel;
     return std::nullopt;
+}
+
+// Lets the screens' timers run as if the seconds had passed; what they post is then handled.
+QString advance(const QString &seconds)
+{
+    bool isNumber = false;
+    const double length = seconds.toDouble(&isNumber);
+    // Written so that "nan" fails too.
+    if (!isNumber || !(length >= 0 && length <= 86400))
+        return QStringLiteral("advance takes seconds, from 0 to 86400");
+    AdvanceClock(qRound64(length * 1000));
+    QApplication::processEvents();
+    return {};
 }
 
 void waitUntilIdle()
@@ -292,6 +154,8 @@ QString ScriptRunner::execute(const QString &line)
         waitUntilIdle();
         return {};
     }
+    if (command == QLatin1String("advance") && rest.isEmpty())
+        return advance(target);
     if (command == QLatin1String("answer")) {
         const std::optional<MessageAnswer> answer = answerNamed(target);
         if (!answer)
@@ -335,12 +199,13 @@ QString ScriptRunner::executeOnControl(const QString &command, const QString &ta
     if (!control)
         return QStringLiteral("unknown control ") + target;
     try {
+        const ControlKind &kind = KindOf(control);
         if (command == QLatin1String("click"))
-            click(control);
+            operationOf(kind.click, "can't be clicked")(control);
         else if (command == QLatin1String("set"))
-            setOwnText(control, rest);
+            operationOf(kind.setText, "takes no text")(control, rest);
         else if (command == QLatin1String("pick"))
-            pick(control, rest);
+            operationOf(kind.pick, "has no entries to pick")(control, rest);
         else if (command == QLatin1String("focus"))
             moveFocusTo(control);
         else if (command == QLatin1String("get") && rest.trimmed() == QLatin1String("focus"))
@@ -348,7 +213,7 @@ QString ScriptRunner::executeOnControl(const QString &command, const QString &ta
         else if (command == QLatin1String("get"))
             m_out << property(control, rest) << '\n';
         else
-            printRows(listOf(control));
+            printRows(control);
     } catch (const ControlError &error) {
         return target + QLatin1Char(' ') + error.text;
     } catch (const RuntimeError &error) {
@@ -372,10 +237,13 @@ void ScriptRunner::moveFocusTo(QWidget *control)
     QApplication::sendEvent(control, &entering);
 }
 
-void ScriptRunner::printRows(const MList *list)
+// Every row: its text, a tab and its tag, empty for the kinds that keep none.
+void ScriptRunner::printRows(QWidget *control)
 {
-    for (int row = 0; row < list->rowCount(); ++row)
-        m_out << FromAnsi(list->rowText(row)) << '\t' << FromAnsi(list->rowTag(row)) << '\n';
+    const ControlKind &kind = KindOf(control);
+    const int rows = operationOf(kind.count, "is no list")(control);
+    for (int row = 0; row < rows; ++row)
+        m_out << kind.row(control, row) << '\t' << (kind.tag ? kind.tag(control, row) : QString()) << '\n';
 }
 
 bool ScriptRunner::saveScreenshot(QWidget *screen, const QString &path)

@@ -9,16 +9,17 @@ class QWidget;
 
 namespace qlon {
 
-class MList;
-
 // Drives the program from a script, one command a line, by the names of its screens and
 // controls:
 //   click SCREEN.CONTROL          set SCREEN.CONTROL TEXT       pick SCREEN.CONTROL TEXT
-//   get SCREEN.CONTROL [enabled|visible|count|row N|tag N]      rows SCREEN.CONTROL
+//   get SCREEN.CONTROL [enabled|visible|checked|focus|count|row N|tag N]
+//   rows SCREEN.CONTROL
 //   answer OK|Yes|No|Cancel       save-as PATH|cancel           wait
+//   advance SECONDS               focus SCREEN.CONTROL
 //   show SCREEN                   screenshot SCREEN PATH        print-to-pdf PATH
 //   # a comment
-// Control arrays are named with their index: SSOption4(2).
+// Control arrays are named with their index: SSOption4(2). What each command means for each
+// kind of control is in ControlKinds.
 class ScriptRunner
 {
 public:
@@ -36,7 +37,7 @@ private:
     QString execute(const QString &line);
     QString executeOnControl(const QString &command, const QString &target, const QString &rest);
 
-    void printRows(const MList *list);
+    void printRows(QWidget *control);
     void moveFocusTo(QWidget *control);
 
     QTextStream &m_out;

@@ -1,4 +1,6 @@
 #include "app/CommandLine.h"
+#include "app/ControlList.h"
+#include "app/ReportCommand.h"
 #include "app/Screens.h"
 #include "app/ScriptRunner.h"
 #include "core/Clock.h"
@@ -82,17 +84,6 @@ void showStartScreens(const QStringList &screens)
     }
 }
 
-// A run without a window, such as a nightly job, prints only what its script asks for: the
-// platform's own notes (no runtime folder, a plugin without window hints) are left out, and
-// only its critical messages remain.
-void keepPlatformNotesQuiet()
-{
-    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &message) {
-        if (type == QtCriticalMsg || type == QtFatalMsg)
-            QTextStream(stderr) << message << Qt::endl;
-    });
-}
-
 // Help, the version and a command line that can't be used are answered before any display is
 // opened, so they work over SSH; the status to end with, or -1 when the program is to run.
 int answerWithoutDisplay(int argc, char *argv[])
@@ -117,6 +108,18 @@ int answerWithoutDisplay(int argc, char *argv[])
     return -1;
 }
 
+// Without a window, standard error holds the program's own notes; Qt's remarks on running with
+// no display (no size hints offscreen, no runtime folder under cron) are not among them.
+void quietenDisplaylessRemarks()
+{
+    static const QtMessageHandler qtHandler = qInstallMessageHandler(nullptr);
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &context, const QString &message) {
+        if (message.contains(QLatin1String("propagateSizeHints")) || message.contains(QLatin1String("XDG_RUNTIME_DIR")))
+            return;
+        qtHandler(type, context, message);
+    });
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -127,7 +130,7 @@ int main(int argc, char *argv[])
     if (const int status = answerWithoutDisplay(argc, argv); status >= 0)
         return status;
     if (qlon::RunsWithoutWindow(argc, argv)) {
-        keepPlatformNotesQuiet();
+        quietenDisplaylessRemarks();
         if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
             qputenv("QT_QPA_PLATFORM", "offscreen");
     }
@@ -147,6 +150,9 @@ int main(int argc, char *argv[])
     if (commandLine.scripted())
         qlon::Dialogs::useScriptedAnswers(&out);
 
+    if (!commandLine.listControls.isEmpty())
+        return qlon::ListControls(commandLine.listControls, out, err);
+
     // A first start on a desktop that finds no site asks for it once.
     const bool interactive = !commandLine.scripted() && commandLine.screenshots.isEmpty();
     if (interactive && !qlon::SiteFound())
@@ -160,7 +166,9 @@ int main(int argc, char *argv[])
     showStartScreens(commandLine.openScreens.isEmpty() && interactive ? QStringList{mainScreen} : commandLine.openScreens);
 
     int status = 0;
-    if (commandLine.scripted())
+    if (commandLine.report)
+        status = qlon::RunReport(*commandLine.report, out, err);
+    else if (commandLine.scripted())
         status = runScript(commandLine.scriptPath, out, err);
     if (status == 0 && !saveScreenshots(commandLine.screenshots, err))
         status = 1;

@@ -13,6 +13,7 @@
 #include "store/SiteConfig.h"
 #include "ui/Controls.h"
 #include "ui/Program.h"
+#include "ui/ScreenTimer.h"
 #include "ui/VbComboBox.h"
 #include "ui/VbTextBox.h"
 
@@ -26,7 +27,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 namespace qlon {
@@ -78,8 +78,7 @@ FItemButtonFood::FItemButtonFood(QWidget *parent)
     lblTitle->setFrameShape(QFrame::Panel);
     cmdSample = MakeButton(this, QStringLiteral("cmdSample"), QString(), QStringLiteral("Button Sample"));
     cmdSample->setMinimumSize(120, 60);
-    tmrDeleting = new QTimer(this);
-    tmrDeleting->setInterval(360);
+    tmrDeleting = new ScreenTimer(this, 360);
 
     auto *layout = new QGridLayout(this);
     layout->addWidget(lblTitle, 0, 0, 1, 2);
@@ -238,7 +237,7 @@ void FItemButtonFood::connectHandlers()
     OnEvent(cmdCancel, &QPushButton::clicked, this, [this] { Cancel(); });
     OnEvent(cmdRefresh, &QPushButton::clicked, this, [this] { Refresh(); });
     OnEvent(cmdClear, &QPushButton::clicked, this, [this] { Clear(); });
-    OnEvent(tmrDeleting, &QTimer::timeout, this,
+    OnEvent(tmrDeleting, &ScreenTimer::timeout, this,
         [this] { prgDeleting->setValue(prgDeleting->value() + 1 >= 50 ? 1 : prgDeleting->value() + 1); });
 }
 

@@ -14,10 +14,10 @@ class QLineEdit;
 class QProgressBar;
 class QPushButton;
 class QRadioButton;
-class QTimer;
 
 namespace qlon {
 
+class ScreenTimer;
 class VbComboBox;
 class VbTextBox;
 
@@ -87,7 +87,7 @@ public:
     QPushButton *cmdClear;
     QWidget *pnlDeleting; // "Deleting Item - Just A Moment"
     QProgressBar *prgDeleting;
-    QTimer *tmrDeleting;
+    ScreenTimer *tmrDeleting;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -12,6 +12,7 @@
 #include "ui/Controls.h"
 #include "ui/Dialogs.h"
 #include "ui/Program.h"
+#include "ui/ScreenTimer.h"
 
 #include <QDesktopServices>
 #include <QGridLayout>
@@ -20,7 +21,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTimer>
 #include <QUrl>
 
 namespace qlon {
@@ -89,7 +89,7 @@ PrinterStatus::PrinterStatus(QWidget *parent)
     layout->addWidget(lblStatus, 3, 1);
     layout->addWidget(Text1, 4, 0);
     layout->addWidget(Text2, 4, 1);
-    m_timer = new QTimer(this);
+    m_timer = new ScreenTimer(this);
     m_timer->setSingleShot(true);
     connectHandlers();
 }
@@ -125,7 +125,7 @@ QGroupBox *PrinterStatus::makePanel(int panel, const QString &heading)
 
 void PrinterStatus::connectHandlers()
 {
-    OnEvent(m_timer, &QTimer::timeout, this, [this] { Timer1_Timer(); });
+    OnEvent(m_timer, &ScreenTimer::timeout, this, [this] { Timer1_Timer(); });
     OnEvent(cmdDone, &QPushButton::clicked, this, [] { EndProgram(0); });
     OnEvent(cmdAllPrinters, &QPushButton::clicked, this, [this] {
         if (PrinterCompanion *list = showCompanion(PrinterListCompanion))

@@ -11,9 +11,10 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
-class QTimer;
 
 namespace qlon {
+
+class ScreenTimer;
 
 // A companion screen of the printer status screen. The host beside this tool supplies them
 // under the names below; a button whose companion isn't there is disabled.
@@ -82,7 +83,7 @@ private:
     void Spool_Click(int panel);
     void StartCPLApp(const QString &item);
 
-    QTimer *m_timer;
+    ScreenTimer *m_timer;
     bool m_stopped = false;
 };
 

@@ -275,6 +275,7 @@ void QLONlistBuilder1::Form_Load()
 {
     if (AnotherInstanceRuns()) {
         Dialogs::showMessage(this, QStringLiteral("Already Running"), alreadyRunningText);
+        Dialogs::noteForScript(QStringLiteral("Already Running: another qlon works on this site; try again once it has ended"));
         EndProgram(1);
     }
     Label11->setText(QStringLiteral("Version ") + QLatin1String(ProgramVersion));

@@ -58,6 +58,7 @@ QLONlistBuilder2::QLONlistBuilder2(QWidget *parent)
     setAttribute(Qt::WA_DeleteOnClose);
     Text1 = MakeTextBox(this, QStringLiteral("Text1"), QStringLiteral("1000"));
     Text2 = Named(new VbTextBox(QStringLiteral("01/22/2005"), this), QStringLiteral("Text2"));
+    Text2->setHoldsDate(true);
     Text3 = MakeTextBox(this, QStringLiteral("Text3"));
     Text4 = MakeTextBox(this, QStringLiteral("Text4"));
     Text5 = MakeTextBox(this, QStringLiteral("Text5"));

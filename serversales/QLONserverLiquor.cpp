@@ -75,6 +75,8 @@ QLONserverLiquor::QLONserverLiquor(QWidget *parent)
     Text7 = keypadBox(this, QStringLiteral("Text7"));
     Text8 = keypadBox(this, QStringLiteral("Text8"));
     Text9 = keypadBox(this, QStringLiteral("Text9"));
+    for (VbTextBox *date : {Text2, Text6, Text8})
+        date->setHoldsDate(true);
     const QString captions[] = {QStringLiteral("Server"), QStringLiteral("Date"), QStringLiteral("Total Liquor Sales"),
         QStringLiteral("Total Sales"), QStringLiteral("Total Food Sales")};
     for (int index = 0; index < int(Label3.size()); ++index)

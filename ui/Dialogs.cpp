@@ -75,6 +75,20 @@ MessageAnswer Dialogs::showMessage(
     return answerOf(box.exec());
 }
 
+void Dialogs::showNote(QWidget *parent, const QString &title, const QString &text)
+{
+    if (scripted())
+        noteForScript(text);
+    else
+        QMessageBox::information(parent, title, text);
+}
+
+void Dialogs::noteForScript(const QString &text)
+{
+    if (scripted())
+        QTextStream(stderr) << "qlon: " << shownOnOneLine(text) << Qt::endl;
+}
+
 void Dialogs::showError(const QString &title, const QString &text, const QString &details)
 {
     if (scripted()) {

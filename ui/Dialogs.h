@@ -34,6 +34,12 @@ public:
     // error: the box's own text stays as the system has it.
     static MessageAnswer showMessage(QWidget *parent, const QString &title, const QString &text,
         MessageButtons buttons = MessageButtons::Ok, const QString &details = {});
+    // A note of the program's own making, not one of the screens' messages, such as where a PDF
+    // went: a message box on a screen, a line on standard error in a script.
+    static void showNote(QWidget *parent, const QString &title, const QString &text);
+    // A note for whoever runs a script, such as a nightly job's log: standard error, and nothing
+    // on a screen.
+    static void noteForScript(const QString &text);
     // The platform's error ending: its text, with where it happened (the file concerned) as the
     // box's details. A script sees the text alone; the details go to standard error.
     static void showError(const QString &title, const QString &text, const QString &details);

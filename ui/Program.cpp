@@ -5,8 +5,8 @@
 #include "core/HostPath.h"
 #include "ui/Dialogs.h"
 #include "ui/ScreenRegistry.h"
+#include "ui/ScreenTimer.h"
 
-#include <QTimer>
 #include <QWidget>
 
 #include <cstdio>
@@ -70,7 +70,7 @@ QWidget *TouchScreen(const QString &name)
 void StartOneShot(QObject *context, int milliseconds, const std::function<void()> &handler)
 {
     ++pendingTimers;
-    auto *timer = new QTimer(context);
+    auto *timer = new ScreenTimer(context);
     timer->setSingleShot(true);
     // A timer whose screen goes before it fires is no longer pending either.
     auto pending = std::make_shared<bool>(true);
@@ -78,7 +78,7 @@ void StartOneShot(QObject *context, int milliseconds, const std::function<void()
         if (std::exchange(*pending, false))
             --pendingTimers;
     };
-    QObject::connect(timer, &QTimer::timeout, context, [timer, handler, settle] {
+    QObject::connect(timer, &ScreenTimer::timeout, context, [timer, handler, settle] {
         settle();
         timer->deleteLater();
         RunHandler(handler);

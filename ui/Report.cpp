@@ -333,7 +333,7 @@ void SetReportPdfPath(const QString &hostPath)
 void TellWherePrinted(QWidget *parent, const QString &pdfPath)
 {
     if (!pdfPath.isEmpty())
-        Dialogs::showMessage(parent, QStringLiteral("PRINT"), QStringLiteral("The report is in ") + pdfPath);
+        Dialogs::showNote(parent, QStringLiteral("PRINT"), QStringLiteral("The report is in ") + pdfPath);
 }
 
 std::unique_ptr<ReportOutput> ChooseReportOutput(const QString &fallbackPdf, QString *pdfPath)

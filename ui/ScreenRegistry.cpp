@@ -25,6 +25,17 @@ QWidget *ScreenRegistry::touch(const QString &name)
 {
     if (QWidget *screen = existing(name))
         return screen;
+    QWidget *screen = make(name);
+    if (!screen)
+        return nullptr;
+    m_screens[name] = screen;
+    if (auto *loaded = dynamic_cast<LoadedScreen *>(screen))
+        loaded->Form_Load();
+    return screen;
+}
+
+QWidget *ScreenRegistry::make(const QString &name) const
+{
     const auto factory = m_factories.find(name);
     if (factory == m_factories.end())
         return nullptr;
@@ -34,9 +45,6 @@ QWidget *ScreenRegistry::touch(const QString &name)
     // On a desktop, a screen larger than the display scrolls; a run without one is left as laid out.
     if (const QScreen *display = QGuiApplication::primaryScreen(); display && QGuiApplication::platformName() != QLatin1String("offscreen"))
         FitOnDisplay(screen, display->availableGeometry().size());
-    m_screens[name] = screen;
-    if (auto *loaded = dynamic_cast<LoadedScreen *>(screen))
-        loaded->Form_Load();
     return screen;
 }
 

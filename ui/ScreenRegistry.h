@@ -31,6 +31,9 @@ public:
     QStringList names() const;
 
     QWidget *touch(const QString &name);
+    // A new screen of that name, neither loaded nor kept: the caller owns it. None for an
+    // unknown name.
+    QWidget *make(const QString &name) const;
     QWidget *existing(const QString &name) const;
 
     template<typename Screen>

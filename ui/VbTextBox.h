@@ -16,6 +16,10 @@ public:
     // As a user's click, for scripts and tests.
     void click() { emit Click(); }
 
+    // A box that holds a date, such as a span's first day: a script may set it with a date word.
+    void setHoldsDate(bool holdsDate) { m_holdsDate = holdsDate; }
+    bool holdsDate() const { return m_holdsDate; }
+
 signals:
     void Click();
     void GotFocus();
@@ -25,6 +29,9 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    bool m_holdsDate = false;
 };
 
 } // namespace qlon

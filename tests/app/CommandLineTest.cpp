@@ -32,6 +32,13 @@ TEST(CommandLineTest, HelpVersionAndOptionErrorsNeedNoDisplay)
             QStringLiteral("qlon: --drive C=/no/such/site: there is no folder /no/such/site")},
         {{QStringLiteral("--open"), QStringLiteral("Backoffice")}, 2,
             QStringLiteral("qlon: --open: there is no screen Backoffice; the screens are BackOffice, ")},
+        {{QStringLiteral("summary")}, 2, QStringLiteral("qlon: unknown word summary")},
+        {{QStringLiteral("report"), QStringLiteral("weekly")}, 2, QStringLiteral("qlon: report takes one of main, items-sold, server")},
+        {{QStringLiteral("report"), QStringLiteral("server")}, 2, QStringLiteral("qlon: the server report needs --server N")},
+        {{QStringLiteral("report"), QStringLiteral("main"), QStringLiteral("--from"), QStringLiteral("31/12/2026")}, 2,
+            QStringLiteral("qlon: --from and --to take YYYY-MM-DD")},
+        {{QStringLiteral("report"), QStringLiteral("items-sold"), QStringLiteral("--csv"), QStringLiteral("x.csv")}, 2,
+            QStringLiteral("qlon: --csv is for the main report")},
     };
     for (const Answer &answer : answers) {
         QProcess process;

@@ -29,20 +29,39 @@ struct Outcome
 class ScriptTest : public ::testing::Test
 {
 protected:
+    QStringList siteArguments() const
+    {
+        return {
+            QStringLiteral("--drive"), QStringLiteral("C=") + site.driveFolder(), QStringLiteral("--today"), QStringLiteral("2026-11-23")};
+    }
+
     QStringList arguments(const QStringList &extra = {}) const
     {
-        const QStringList drive{QStringLiteral("--drive"), QStringLiteral("C=") + site.driveFolder()};
-        return (siteOnTheCommandLine ? drive : QStringList()) +
-            QStringList{QStringLiteral("--today"), QStringLiteral("2026-11-23"), QStringLiteral("--script"), QStringLiteral("-")} + extra;
+        return (siteOnTheCommandLine ? siteArguments() : QStringList{QStringLiteral("--today"), QStringLiteral("2026-11-23")}) +
+            QStringList{QStringLiteral("--script"), QStringLiteral("-")} + extra;
     }
 
     Outcome run(const QString &script, const QStringList &extra = {},
         const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment()) const
     {
+        return runProgram(arguments(extra), script, environment);
+    }
+
+    // `qlon report` as cron runs it: no display, no platform chosen, no runtime folder.
+    Outcome report(const QStringList &words) const
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR"})
+            environment.remove(QLatin1String(name));
+        return runProgram(siteArguments() + QStringList{QStringLiteral("report")} + words, {}, environment);
+    }
+
+    static Outcome runProgram(const QStringList &arguments, const QString &input, const QProcessEnvironment &environment)
+    {
         QProcess process;
         process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(QLON_PROGRAM), arguments(extra));
-        process.write(script.toUtf8());
+        process.start(QStringLiteral(QLON_PROGRAM), arguments);
+        process.write(input.toUtf8());
         process.closeWriteChannel();
         Outcome result;
         if (!process.waitForFinished(60000))
@@ -143,13 +162,17 @@ TEST_F(ScriptTest, PickersAndButtonsDoWhatTheUserSees)
         << "Done ends the program at once: the last line never runs";
 }
 
-TEST_F(ScriptTest, ACalendarTakesADateWordFromToday)
+TEST_F(ScriptTest, CalendarsAndDateBoxesTakeADateWordFromToday)
 {
     writeDemoSite();
     const Outcome result = run(QStringLiteral("set QLONlistBuilder1.MonthView1 last-of-last-month\nget QLONlistBuilder1.Label2\n"
-                                              "set QLONlistBuilder1.MonthView1 today-2\nget QLONlistBuilder1.Label2\n"));
+                                              "set QLONlistBuilder1.MonthView1 today-2\nget QLONlistBuilder1.Label2\n"
+                                              "set QLONserverLiquor.Text6 first-of-month\nget QLONserverLiquor.Text6\n"
+                                              "set QLONserverLiquor.Text7 today\nget QLONserverLiquor.Text7\n"));
     EXPECT_EQ(result.status, 0) << result.err.toStdString();
-    EXPECT_EQ(result.lines(), (QStringList{QStringLiteral("10/31/2026"), QStringLiteral("11/21/2026")}));
+    EXPECT_EQ(result.lines(),
+        (QStringList{QStringLiteral("10/31/2026"), QStringLiteral("11/21/2026"), QStringLiteral("11/1/2026"), QStringLiteral("today")}))
+        << "a time box keeps the word as it is";
 }
 
 TEST_F(ScriptTest, PlainListsAndCheckBoxesAreDrivenLikeTheProgramsOwn)
@@ -161,6 +184,31 @@ TEST_F(ScriptTest, PlainListsAndCheckBoxesAreDrivenLikeTheProgramsOwn)
     EXPECT_EQ(result.status, 0) << result.err.toStdString();
     EXPECT_EQ(result.lines(),
         (QStringList{QStringLiteral("12"), QStringLiteral("Dave O'Brien"), QStringLiteral("Dave O'Brien"), QStringLiteral("false")}));
+}
+
+TEST_F(ScriptTest, EveryKindOfControlAnswersTheCommandsItTakes)
+{
+    writeDemoSite();
+    site.write(QStringLiteral("Quillon/data/Jobs2.dat"), "\"Server\"\r\n\"Manager\"\r\n");
+    const Outcome result = run(QStringLiteral(
+        "get QLONlistBuilder1.SSFrame1\nget QLONlistBuilder1.MonthView1\nget QLONlistBuilder1.SSOption6 checked\n"
+        "click QLONlistBuilder1.SSCheck1\nget QLONlistBuilder1.SSCheck1 checked\nget QlonExit.ProgressBar1\n"
+        "rows TCEmployee.cmbType\npick TCEmployee.cmbType Manager\nget TCEmployee.cmbType\n"
+        "set TCEmployee.txtNotes two words\nget TCEmployee.txtNotes\npick TCEmployee.List1 Dave O'Brien\nget TCEmployee.List1\n"
+        "show QLONlistBuilder2\nget QLONlistBuilder2.datPrimaryRS\npick QLONlistBuilder2.datPrimaryRS last\n"
+        "get QLONlistBuilder2.datPrimaryRS\nget QLONlistBuilder2.grdDataGrid count\nget QLONlistBuilder2.grdDataGrid row 0\n"
+        "pick QLONlistBuilder2.grdDataGrid 1\nget QLONlistBuilder2.datPrimaryRS\n"));
+    ASSERT_EQ(result.status, 0) << result.err.toStdString();
+    const QStringList lines = result.lines();
+    ASSERT_EQ(lines.size(), 15) << result.out.toStdString();
+    EXPECT_EQ(lines.mid(0, 13),
+        (QStringList{QStringLiteral("Report "), QStringLiteral("11/16/2026"), QStringLiteral("false"), QStringLiteral("true"),
+            QStringLiteral("-1"), QStringLiteral("Server\t"), QStringLiteral("Manager\t"), QStringLiteral("Manager"),
+            QStringLiteral("two words"), QStringLiteral("Dave O'Brien"), QStringLiteral("Record: 1"),
+            QStringLiteral("Record: ") + lines[12], lines[12]}));
+    EXPECT_GT(lines[12].toInt(), 1000) << "the sales table's rows";
+    EXPECT_EQ(lines[13].count(QLatin1Char('|')), 12) << "a grid's row is its cells joined: " << lines[13].toStdString();
+    EXPECT_EQ(lines[14], QStringLiteral("Record: 1")) << "picking the grid's first row moves the recordset";
 }
 
 TEST_F(ScriptTest, FocusRunsTheHandlersATabWould)
@@ -190,6 +238,11 @@ TEST_F(ScriptTest, ABadLineStopsTheScriptNamingTheLine)
         {"pick QLONlistBuilder1.Combo1 Nothing Like It", "has no entry"},
         {"pick TCEmployee.List1 Nobody Here", "has no row"},
         {"get QLONlistBuilder1.Label2 checked", "has no checked state"},
+        {"set QLONlistBuilder1.SSCommand2 Go", "takes no text"},
+        {"get QLONlistBuilder1.SSCommand2 count", "has no count"},
+        {"rows QLONlistBuilder1.Label2", "is no list"},
+        {"pick QLONlistBuilder2.datPrimaryRS sideways", "has no move"},
+        {"set QLONlistBuilder1.MonthView1 someday", "takes a date"},
     };
     for (const auto &test : cases) {
         const Outcome result = run(QStringLiteral("# a comment\n\nget QLONlistBuilder1.Label11\n") + QLatin1String(test.line) +
@@ -199,6 +252,20 @@ TEST_F(ScriptTest, ABadLineStopsTheScriptNamingTheLine)
         EXPECT_TRUE(result.err.contains(QStringLiteral("line 4"))) << result.err.toStdString();
         EXPECT_TRUE(result.err.contains(QLatin1String(test.complaint))) << result.err.toStdString();
     }
+}
+
+TEST_F(ScriptTest, AdvanceRunsTheScreensTimersAsIfTheTimeHadPassed)
+{
+    writeDemoSite();
+    const QString load =
+        QStringLiteral("click QLONlistBuilder1.SSOption6\nclick QLONlistBuilder1.SSCommand2\nget QLONlistBuilder1.MList1 count\n");
+    const Outcome result = run(QStringLiteral("click QLONlistBuilder1.SSCommand8\n") + load + QStringLiteral("advance 0.1\n") + load);
+    ASSERT_EQ(result.status, 0) << result.err.toStdString();
+    ASSERT_EQ(result.lines().size(), 2);
+    EXPECT_EQ(result.lines()[0], QStringLiteral("0")) << "the rebuild waits for its timer";
+    EXPECT_GT(result.lines()[1].toInt(), 300);
+    for (const char *line : {"advance soon\n", "advance nan\n", "advance -1\n"})
+        EXPECT_EQ(run(QLatin1String(line)).status, 2) << line;
 }
 
 TEST_F(ScriptTest, ASecondInstanceIsRefused)
@@ -217,6 +284,7 @@ TEST_F(ScriptTest, ASecondInstanceIsRefused)
             QStringLiteral("message: Already Running | List Builder is already running, You will need to run your task manager and end all "
                            "prior instances of it or reboot this computer. Should you decide to reboot - after restart you must reboot all "
                            "the other stations connected to this file server.")});
+    EXPECT_TRUE(second.err.contains(QStringLiteral("qlon: Already Running: "))) << "in a nightly job's log";
     first.closeWriteChannel();
     EXPECT_TRUE(first.waitForFinished(30000));
     EXPECT_EQ(first.exitCode(), 0);
@@ -325,7 +393,8 @@ TEST_F(ScriptTest, TheMainJobPrintsAReadablePdfAndExportsTheRun)
         pdf + QStringLiteral("\nclick QLONlistBuilder1.SSCommand6\nsave-as ") + csv +
         QStringLiteral("\nclick QLONlistBuilder1.SSCommand7\n"));
     ASSERT_EQ(result.status, 0) << result.err.toStdString();
-    EXPECT_EQ(result.lines().last(), QStringLiteral("message: PRINT | The report is in ") + pdf);
+    EXPECT_FALSE(result.out.contains(QStringLiteral("message:"))) << "where the report went is our own note";
+    EXPECT_TRUE(result.err.contains(QStringLiteral("qlon: The report is in ") + pdf)) << result.err.toStdString();
     EXPECT_EQ(site.read(QStringLiteral("export.csv")), site.read(QStringLiteral("Quillon/TempItems.dat")));
     EXPECT_TRUE(site.read(QStringLiteral("report.pdf")).startsWith("%PDF"));
 
@@ -444,6 +513,95 @@ TEST_F(ScriptTest, ScreenshotsShowTheScreen)
     const QImage image(picture);
     EXPECT_GT(image.width(), 600);
     EXPECT_GT(image.height(), 300);
+}
+
+// The program's screens, as it names them when asked for one it doesn't have.
+QStringList screenNames()
+{
+    QProcess process;
+    process.start(QStringLiteral(QLON_PROGRAM), {QStringLiteral("--list-controls"), QStringLiteral("NoSuchScreen")});
+    process.waitForFinished(60000);
+    EXPECT_EQ(process.exitCode(), 2);
+    const QString answer = QString::fromUtf8(process.readAllStandardError()).trimmed();
+    return answer.section(QStringLiteral("the screens are "), 1).split(QStringLiteral(", "), Qt::SkipEmptyParts);
+}
+
+TEST(ListControlsTest, EveryScreenListsItsControlsWithoutASite)
+{
+    const QStringList screens = screenNames();
+    EXPECT_GE(screens.size(), 10);
+    QStringList listed;
+    for (const QString &screen : screens) {
+        QProcess process;
+        process.start(QStringLiteral(QLON_PROGRAM), {QStringLiteral("--list-controls"), screen});
+        ASSERT_TRUE(process.waitForFinished(60000));
+        EXPECT_EQ(process.exitCode(), 0) << screen.toStdString() << process.readAllStandardError().toStdString();
+        const QStringList lines = QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        ASSERT_GT(lines.size(), 3) << screen.toStdString();
+        EXPECT_TRUE(lines.first().startsWith(screen + QStringLiteral("\tscreen\t"))) << lines.first().toStdString();
+        for (const QString &line : lines) {
+            EXPECT_EQ(line.count(QLatin1Char('\t')), 3) << line.toStdString();
+            listed.append(screen + QLatin1Char('.') + line);
+        }
+    }
+    for (const char *expected : {"QLONlistBuilder1.SSCommand2\tbutton\tLoad List\tclick, get",
+             "QLONlistBuilder1.MList1\tlist\t\tpick, rows, get, get count, get row N, get tag N", "QLONlistBuilder1.MonthView1\tcalendar",
+             "QLONlistBuilder2.datPrimaryRS\tdata control", "TCEmployee.List1\tplain list\t\tpick, rows, get, get count, get row N",
+             "TCEmployee.chkInactive\tcheck box\tIN-Active\tclick, get, get checked", "QLONserverLiquor.Text2\ttext box",
+             "PrinterStatus.List1\tplain list"})
+        EXPECT_EQ(listed.filter(QLatin1String(expected)).size(), 1) << expected;
+}
+
+// The figures a report prints: its standard output, with our own notes on standard error.
+TEST_F(ScriptTest, ReportsGiveTheFiguresOfTheHandScript)
+{
+    writeDemoSite();
+    const QString pdf = site.hostPath(QStringLiteral("items-%Y-%m-%d.pdf"));
+    const QString csv = site.hostPath(QStringLiteral("items-%Y-%m-%d.csv"));
+    // The last writes its files, which no later run overwrites.
+    const struct
+    {
+        QStringList words;
+        QString handScript;
+    } cases[] = {
+        {{QStringLiteral("main"), QStringLiteral("--category"), QStringLiteral("Wine")},
+            QStringLiteral("click QLONlistBuilder1.SSCommand8\nwait\npick QLONlistBuilder1.Combo1 Wine\n"
+                           "click QLONlistBuilder1.SSOption7\nclick QLONlistBuilder1.SSCommand2\nclick QLONlistBuilder1.SSCommand4\n"
+                           "get QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\nrows QLONlistBuilder1.MList1\n")},
+        {{QStringLiteral("items-sold")},
+            QStringLiteral("show QlonItemsSold\nset QlonItemsSold.MonthView1 11/16/2026\nset QlonItemsSold.MonthView2 11/22/2026\n"
+                           "click QlonItemsSold.SSCommand4\nwait\nget QlonItemsSold.Label2\nget QlonItemsSold.Label3\n"
+                           "rows QlonItemsSold.MList1\nget QlonItemsSold.Label7\n")},
+        {{QStringLiteral("server"), QStringLiteral("--server"), QStringLiteral("1005"), QStringLiteral("--end-time"),
+             QStringLiteral("9:00 pm")},
+            QStringLiteral(
+                "set QLONlistBuilder1.Combo3 9:00 pm\nclick QLONlistBuilder1.SSCommand9\nwait\n"
+                "pick QLONserverLiquor.Combo1 1005\nclick QLONserverLiquor.Command1\nget QLONserverLiquor.Label2\n"
+                "get QLONserverLiquor.Text3\nget QLONserverLiquor.Text4\nget QLONserverLiquor.Text5\nrows QLONserverLiquor.MList1\n")},
+        {{QStringLiteral("main"), QStringLiteral("--from"), QStringLiteral("2026-11-17"), QStringLiteral("--to"),
+             QStringLiteral("yesterday"), QStringLiteral("--category"), QStringLiteral("food"), QStringLiteral("--start-time"),
+             QStringLiteral("11:00 am"), QStringLiteral("--pdf"), pdf, QStringLiteral("--csv"), csv},
+            QStringLiteral("click QLONlistBuilder1.SSCommand8\nwait\nset QLONlistBuilder1.MonthView1 11/17/2026\n"
+                           "set QLONlistBuilder1.MonthView2 11/22/2026\nset QLONlistBuilder1.Combo2 11:00 am\n"
+                           "click QLONlistBuilder1.SSOption1\nclick QLONlistBuilder1.SSCommand2\nclick QLONlistBuilder1.SSCommand4\n"
+                           "get QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\nrows QLONlistBuilder1.MList1\n")},
+    };
+    for (const auto &test : cases) {
+        const Outcome byHand = run(test.handScript);
+        const Outcome byReport = report(test.words);
+        ASSERT_EQ(byHand.status, 0) << byHand.err.toStdString();
+        EXPECT_EQ(byReport.status, 0) << byReport.err.toStdString();
+        EXPECT_GT(byHand.lines().size(), 5);
+        EXPECT_EQ(byReport.out, byHand.out) << test.words.join(QLatin1Char(' ')).toStdString();
+        EXPECT_FALSE(byReport.err.contains(QStringLiteral("propagateSizeHints"))) << "only our own notes";
+    }
+    EXPECT_TRUE(site.read(QStringLiteral("items-2026-11-23.pdf")).startsWith("%PDF"));
+    EXPECT_EQ(site.read(QStringLiteral("items-2026-11-23.csv")), site.read(QStringLiteral("Quillon/TempItems.dat")));
+
+    const Outcome script = report({QStringLiteral("items-sold"), QStringLiteral("--print-script")});
+    EXPECT_EQ(script.status, 0);
+    EXPECT_TRUE(script.out.startsWith(QStringLiteral("# The Items Sold analysis"))) << script.out.toStdString();
+    EXPECT_TRUE(script.out.contains(QStringLiteral("set QlonItemsSold.MonthView1 11/16/2026\n"))) << "the site's start date";
 }
 
 } // namespace

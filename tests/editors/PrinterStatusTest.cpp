@@ -2,11 +2,11 @@
 #include "platform/spooler/PrintSpooler.h"
 #include "store/IniRec2300.h"
 #include "tests/support/ScreenTest.h"
+#include "ui/ScreenTimer.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -79,12 +79,19 @@ TEST_F(PrinterStatusTest, PanelsShowTheConfiguredPrintersTheirPortsAndTheirQueue
     EXPECT_FALSE(screen->cmdSpool[2]->isEnabled());
     EXPECT_TRUE(screen->lblPending[0]->text().isEmpty()) << "before the first cycle";
 
-    test::waitFor(250);
+    AdvanceClock(100);
     EXPECT_EQ(screen->lblPending[0]->text(), QStringLiteral("3"));
     EXPECT_EQ(screen->lblPending[3]->text(), QStringLiteral("127")) << "a queue request returns 127 jobs at most";
     EXPECT_TRUE(screen->lblPending[2]->text().isEmpty());
     EXPECT_FALSE(spooler.asked.contains(QStringLiteral("None")));
     EXPECT_FALSE(screen->SSPanel1->isVisibleTo(screen)) << "\"Updating Status\" goes after the first cycle";
+
+    // Three printers in use, asked once a cycle: the first cycle, then one every ten seconds.
+    EXPECT_EQ(spooler.asked.size(), 3);
+    AdvanceClock(9999);
+    EXPECT_EQ(spooler.asked.size(), 3);
+    AdvanceClock(15000);
+    EXPECT_EQ(spooler.asked.size(), 9);
 }
 
 TEST_F(PrinterStatusTest, ButtonsCallTheirCompanionsAndSpoolStopsTheCycles)
@@ -98,7 +105,7 @@ TEST_F(PrinterStatusTest, ButtonsCallTheirCompanionsAndSpoolStopsTheCycles)
     EXPECT_TRUE(screen->cmdBios->toolTip().contains(QStringLiteral("back office")));
 
     screen->cmdSpool[0]->click();
-    test::waitFor(250);
+    AdvanceClock(60000);
     EXPECT_TRUE(spooler.asked.isEmpty()) << "no cycle runs after Spool";
     EXPECT_FALSE(screen->Text1->isVisibleTo(screen));
     screen->cmdPendingCaption->click();

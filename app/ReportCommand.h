@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QTextStream>
+
+class QCommandLineParser;
+
+namespace qlon {
+
+// `qlon report NAME [options]`: a report of the program in one line, run as the script of the
+// same commands a person would give the screens, so its figures are the screens' figures.
+struct ReportRequest
+{
+    QString name; // one of ReportNames()
+    QString from; // a date as the script's `set` takes it; empty: the site's start date
+    QString to;
+    QString startTime; // empty: the whole day
+    QString endTime;
+    QString category; // food, bar, both, retail, all or a department; empty: all
+    QString server; // the server report's employee number
+    QString pdf; // host paths, with strftime-like %Y, %m, %d of today
+    QString csv;
+    bool printScript = false;
+};
+
+QStringList ReportNames();
+
+// The report options of the command line, added to the program's own.
+void AddReportOptions(QCommandLineParser &parser);
+// The request of a parsed command line whose first word is "report"; an error text when it
+// can't be run.
+QString ReadReportRequest(const QCommandLineParser &parser, ReportRequest &request);
+
+// The script of the request. `siteFrom` and `siteTo` stand for dates the request leaves open.
+QString ReportScript(const ReportRequest &request, const QString &siteFrom, const QString &siteTo);
+
+// Runs the report's script on the screens, the main screen being loaded; or prints the script.
+// The status of the run.
+int RunReport(const ReportRequest &request, QTextStream &out, QTextStream &err);
+
+// A file name with the date fields of strftime filled from today: items-%Y-%m-%d.pdf.
+QString DatedName(const QString &pattern);
+
+} // namespace qlon

@@ -1,0 +1,38 @@
+#include "ui/ScreenTimer.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+namespace qlon {
+namespace {
+
+// No event loop runs here: only the advanced clock fires the timers.
+TEST(ScreenTimerTest, AdvanceFiresEveryTimerDueInTheOrderTheyFallDue)
+{
+    QObject owner;
+    ScreenTimer beat(&owner, 1000);
+    ScreenTimer once(&owner);
+    once.setSingleShot(true);
+    QStringList fired;
+    QObject::connect(&beat, &ScreenTimer::timeout, &owner, [&] { fired.append(QStringLiteral("beat")); });
+    QObject::connect(&once, &ScreenTimer::timeout, &owner, [&] {
+        fired.append(QStringLiteral("once"));
+        once.start(5000); // a handler may start its timer anew, as the printer status refresh does
+        once.stop();
+    });
+    beat.start();
+    once.start(1500);
+
+    AdvanceClock(2500);
+    EXPECT_EQ(fired, (QStringList{QStringLiteral("beat"), QStringLiteral("once"), QStringLiteral("beat")}));
+    EXPECT_TRUE(beat.isActive());
+    EXPECT_FALSE(once.isActive());
+
+    beat.stop();
+    AdvanceClock(10000);
+    EXPECT_EQ(fired.size(), 3) << "a stopped timer stays quiet";
+}
+
+} // namespace
+} // namespace qlon

@@ -3,6 +3,7 @@
 #include "ui/Dialogs.h"
 #include "ui/LinePrinter.h"
 
+#include <QDesktopServices>
 #include <QFile>
 #include <QFileInfo>
 #include <QFont>
@@ -13,6 +14,7 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QTextStream>
+#include <QUrl>
 
 #include <cmath>
 
@@ -330,10 +332,19 @@ void SetReportPdfPath(const QString &hostPath)
     reportPdfPath = hostPath;
 }
 
+// On a desktop the PDF is offered to open in the desktop's viewer.
 void TellWherePrinted(QWidget *parent, const QString &pdfPath)
 {
-    if (!pdfPath.isEmpty())
-        Dialogs::showNote(parent, QStringLiteral("PRINT"), QStringLiteral("The report is in ") + pdfPath);
+    if (pdfPath.isEmpty())
+        return;
+    const QString where = QStringLiteral("The report is in ") + pdfPath;
+    if (Dialogs::scripted()) {
+        Dialogs::noteForScript(where);
+        return;
+    }
+    if (Dialogs::showMessage(parent, QStringLiteral("PRINT"), where + QStringLiteral("\n\nOpen it?"), MessageButtons::YesNo) ==
+        MessageAnswer::Yes)
+        QDesktopServices::openUrl(QUrl::fromLocalFile(pdfPath));
 }
 
 std::unique_ptr<ReportOutput> ChooseReportOutput(const QString &fallbackPdf, QString *pdfPath)

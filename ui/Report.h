@@ -145,7 +145,8 @@ void SetReportOutputFactory(ReportOutputFactory factory);
 // printer (see LinePrinter.h), or else a PDF at `fallbackPdf`. `pdfPath` receives the PDF's path, or an empty text.
 std::unique_ptr<ReportOutput> ChooseReportOutput(const QString &fallbackPdf, QString *pdfPath);
 
-// A print that went to a PDF says where it is; one that went to a printer says nothing.
+// A print that went to a PDF says where it is, and on a desktop offers to open it; one that went
+// to a printer says nothing.
 void TellWherePrinted(QWidget *parent, const QString &pdfPath);
 
 } // namespace qlon

@@ -2,6 +2,8 @@
 
 #include "core/RuntimeError.h"
 
+#include <algorithm>
+
 namespace qlon {
 
 namespace {
@@ -10,6 +12,27 @@ constexpr qint64 chunkSize = 64 * 1024;
 bool isLineEnd(int character)
 {
     return character == '\r' || character == '\n';
+}
+
+bool endsQuoted(char character)
+{
+    return character == '"';
+}
+
+bool endsUnquoted(char character)
+{
+    return character == ',' || isLineEnd(character);
+}
+
+// Appends the bytes of the buffer from `position` up to the first that ends the field, as one run
+// rather than byte by byte; true when that byte is in the buffer.
+bool appendRun(const QByteArray &buffer, qsizetype &position, QByteArray &value, bool (*ends)(char))
+{
+    const char *const start = buffer.constData() + position;
+    const char *const end = std::find_if(start, buffer.constData() + buffer.size(), ends);
+    value.append(start, end - start);
+    position += end - start;
+    return position < buffer.size();
 }
 } // namespace
 
@@ -50,10 +73,8 @@ QByteArray FieldReader::ReadField()
 QByteArray FieldReader::readQuoted()
 {
     QByteArray value;
-    for (int character = peek(); character >= 0 && character != '"'; character = peek()) {
-        value.append(char(character));
-        advance();
-    }
+    for (bool ended = false; !ended && peek() >= 0;)
+        ended = appendRun(m_buffer, m_position, value, endsQuoted);
     if (peek() == '"')
         advance();
     // Whatever stands between the closing quote and the separator is passed over.
@@ -66,10 +87,8 @@ QByteArray FieldReader::readQuoted()
 QByteArray FieldReader::readUnquoted()
 {
     QByteArray value;
-    for (int character = peek(); character >= 0 && character != ',' && !isLineEnd(character); character = peek()) {
-        value.append(char(character));
-        advance();
-    }
+    for (bool ended = false; !ended && peek() >= 0;)
+        ended = appendRun(m_buffer, m_position, value, endsUnquoted);
     skipPastSeparator();
     while (value.endsWith(' ') || value.endsWith('\t'))
         value.chop(1);

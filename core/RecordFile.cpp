@@ -4,6 +4,17 @@
 
 namespace qlon {
 
+namespace {
+
+// A seek hands buffered writes to the system at once; the record right after the last one read or
+// written needs none, so a run that writes record after record writes them in blocks.
+bool moveTo(QFile &file, qint64 position)
+{
+    return file.pos() == position || file.seek(position);
+}
+
+} // namespace
+
 qint64 RoundedQuotient(qint64 dividend, qint64 divisor)
 {
     const qint64 quotient = dividend / divisor;
@@ -34,7 +45,7 @@ qint64 RecordFile::positionOf(qint64 number) const
 QByteArray RecordFile::GetRecord(qint64 number)
 {
     QByteArray record;
-    if (file().seek(positionOf(number)))
+    if (moveTo(file(), positionOf(number)))
         record = file().read(m_recordSize);
     return PadOrCut(record, m_recordSize);
 }
@@ -42,7 +53,7 @@ QByteArray RecordFile::GetRecord(qint64 number)
 void RecordFile::PutRecord(qint64 number, QByteArrayView record)
 {
     const QByteArray bytes = PadOrCut(record, m_recordSize);
-    if (!file().seek(positionOf(number)) || file().write(bytes) != bytes.size())
+    if (!moveTo(file(), positionOf(number)) || file().write(bytes) != bytes.size())
         throw RuntimeError(RuntimeError::PermissionDenied, hostPath());
 }
 

@@ -10,4 +10,12 @@ void Yield()
         QCoreApplication::processEvents(QEventLoop::AllEvents);
 }
 
+void YieldClock::operator()()
+{
+    if (m_sinceYield.isValid() && m_sinceYield.elapsed() < m_interval)
+        return;
+    Yield();
+    m_sinceYield.start();
+}
+
 } // namespace qlon

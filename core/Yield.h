@@ -1,9 +1,35 @@
 #pragma once
 
+#include <QElapsedTimer>
+
 namespace qlon {
 
 // One turn of the event loop: paints the screen and serves pending events, clicks on other
 // buttons included, then returns. Long runs call it at fixed points; it is how "Stop" is heard.
 void Yield();
+
+// A yield at most once in an interval, the first call included: a loop that passes a yield point
+// at every record still repaints and hears "Stop" within a moment, without spending its time in
+// the event loop. The screen shows the run's latest state at each yield, as it always did; it is
+// only painted less often than once a record.
+class YieldClock
+{
+public:
+    static constexpr int defaultIntervalMilliseconds = 20;
+
+    explicit YieldClock(int intervalMilliseconds = defaultIntervalMilliseconds)
+        : m_interval(intervalMilliseconds)
+    {
+    }
+
+    // Yields when the interval has passed since the last yield, or when none was made yet.
+    void operator()();
+    // The next call yields.
+    void restart() { m_sinceYield.invalidate(); }
+
+private:
+    QElapsedTimer m_sinceYield;
+    int m_interval;
+};
 
 } // namespace qlon

@@ -272,6 +272,7 @@ bool QlonItemsSold::stopped()
 void QlonItemsSold::UpdateList()
 {
     Shared().StopRequested = false;
+    m_yield.restart();
     m_monthStatus.clear();
     SSCommand11->show();
     List4->clear();
@@ -312,6 +313,7 @@ QString QlonItemsSold::beginScan()
 {
     setCursor(Qt::WaitCursor);
     DisableButtons();
+    m_yield.restart();
     const QString savedStatus = SSPanel1->text();
     SSPanel1->setText(QStringLiteral("WORKING"));
     MList1->clear();
@@ -650,7 +652,7 @@ void QlonItemsSold::setValue(int value)
 
 bool QlonItemsSold::stopRequested()
 {
-    Yield();
+    m_yield();
     return Shared().StopRequested;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/ListRows.h"
+#include "core/Yield.h"
 #include "itemssold/InventoryWindow.h"
 #include "itemssold/logic/CatalogueScan.h"
 #include "itemssold/logic/OlderScans.h"
@@ -123,6 +124,8 @@ private:
     // Never set in this program: the back office's window, reached late-bound.
     InventoryWindow *m_inventory = nullptr;
     QString m_monthStatus;
+    // The scans pass a yield point at every line; the screen yields on this clock.
+    YieldClock m_yield;
 };
 
 } // namespace qlon

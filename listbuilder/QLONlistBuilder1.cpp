@@ -465,10 +465,12 @@ void QLONlistBuilder1::Command1_Click()
         worker->Get_Sales();
         MList1->setRowColour(row, ListRows::buttonFace);
         if (Label7->text() == QLatin1String("Stop")) {
+            worker->EndRun();
             unsetCursor();
             return;
         }
     }
+    worker->EndRun();
     unsetCursor();
     SSCommand5->hide();
     Label9->setText(FromAnsi(Format(TimeOfDay(), "HH:MM:SS")));

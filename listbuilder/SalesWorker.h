@@ -17,6 +17,8 @@ public:
     // The worker's Label1 (the item looked for) and Label2 (its status).
     virtual void WriteLabels(const QString &item, const QString &status) = 0;
     virtual void Get_Sales() = 0;
+    // The run has ended, finished or stopped.
+    virtual void EndRun() = 0;
 };
 
 } // namespace qlon

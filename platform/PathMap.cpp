@@ -18,22 +18,35 @@ bool isDriveName(const QString &part)
     return part.size() == 2 && part[0].isLetter() && part[1] == QLatin1Char(':');
 }
 
-// The entry of `folder` whose name equals `name` without regard to case; the exact
-// spelling wins, and among several others the first in sorted order.
-QString findEntry(const QString &folder, const QString &name)
+QHash<QString, QString> listingOf(const QString &folder)
 {
-    const QDir dir(folder);
-    if (QFileInfo::exists(dir.filePath(name)))
-        return name;
-    const QStringList entries = dir.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
-    for (const QString &entry : entries) {
-        if (entry.compare(name, Qt::CaseInsensitive) == 0)
-            return entry;
+    QHash<QString, QString> entries;
+    const QStringList names = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+    for (const QString &entry : names) {
+        const QString key = entry.toCaseFolded();
+        if (!entries.contains(key))
+            entries.insert(key, entry);
     }
-    return name;
+    return entries;
 }
 
 } // namespace
+
+// The entry of `folder` whose name equals `name` without regard to case; the exact spelling
+// wins, and among several others the first in sorted order.
+QString PathMap::findEntry(const QString &folder, const QString &name) const
+{
+    if (QFileInfo::exists(QDir(folder).filePath(name)))
+        return name;
+    const QString key = name.toCaseFolded();
+    const auto kept = m_listings.constFind(folder);
+    if (kept != m_listings.constEnd()) {
+        if (const auto found = kept->constFind(key); found != kept->constEnd())
+            return *found;
+    }
+    const Listing &listed = m_listings.insert(folder, listingOf(folder)).value();
+    return listed.value(key, name);
+}
 
 QString PathMap::defaultFolder(QChar driveLetter)
 {
@@ -66,7 +79,8 @@ QString PathMap::folderOf(QChar driveLetter) const
 
 QString PathMap::toHost(const QString &windowsPath) const
 {
-    QStringList parts = windowsPath.split(QRegularExpression(QStringLiteral("[\\\\/]")));
+    static const QRegularExpression separators(QStringLiteral("[\\\\/]"));
+    QStringList parts = windowsPath.split(separators);
     // A path without a drive is on drive C:, from its root: the program stands in no folder of
     // the host, so that no path leads out of the folders the mapping gives.
     const QString root = !parts.isEmpty() && isDriveName(parts.first()) ? folderOf(parts.takeFirst().at(0)) : folderOf(QLatin1Char('C'));

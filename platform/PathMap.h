@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QChar>
+#include <QHash>
 #include <QMap>
 #include <QString>
 
@@ -10,6 +11,8 @@ namespace qlon {
 // A drive letter stands for a host folder, and each name below it is looked up without regard
 // to case, so that data\LiqModifiers.dat and data\liqModifiers.dat are one file. A name that
 // doesn't exist yet keeps the spelling the program uses, so new files are created as written.
+// A folder is listed once, when a name in it is first looked up in another spelling, and again
+// only when a name isn't in the listing kept, as a file made since then wouldn't be.
 class PathMap
 {
 public:
@@ -24,7 +27,13 @@ public:
     QString toHost(const QString &windowsPath) const;
 
 private:
+    // A folder's entries by their case-folded names, the first in sorted order for each.
+    using Listing = QHash<QString, QString>;
+
+    QString findEntry(const QString &folder, const QString &name) const;
+
     QMap<QChar, QString> m_drives;
+    mutable QHash<QString, Listing> m_listings; // by host folder
 };
 
 // The one mapping that the whole program uses; set from the command line at start.

@@ -14,7 +14,6 @@ namespace qlon {
 namespace {
 
 constexpr int startDelayMilliseconds = 100;
-constexpr int pauseEveryMilliseconds = 20;
 
 QLabel *panel(QWidget *parent, const QString &name, const QString &caption)
 {
@@ -61,23 +60,14 @@ void QlonExit::Form_Load()
 void QlonExit::Timer1_Timer()
 {
     Label3->setText(QStringLiteral("Building Data"));
-    m_sincePause.start();
     RebuildItems run({
         [this](int minimum, int maximum) { ProgressBar1->setRange(minimum, maximum); },
         [this](int value) { ProgressBar1->setValue(value); },
         [this](int count) { Label2->setText(QString::number(count)); },
-        [this] { pauseNowAndThen(); },
+        [this] { m_pause(); },
     });
     run.Run();
     close();
-}
-
-void QlonExit::pauseNowAndThen()
-{
-    if (m_sincePause.elapsed() < pauseEveryMilliseconds)
-        return;
-    Yield();
-    m_sincePause.restart();
 }
 
 } // namespace qlon

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/Yield.h"
 #include "ui/ScreenRegistry.h"
 
-#include <QElapsedTimer>
 #include <QWidget>
 
 class QLabel;
@@ -30,11 +30,10 @@ public:
 
 private:
     void Timer1_Timer();
+
     // Serves the event loop at a pace the eye can follow, so that the disk sets the speed of
     // the run rather than the painting of every count.
-    void pauseNowAndThen();
-
-    QElapsedTimer m_sincePause;
+    YieldClock m_pause;
 };
 
 } // namespace qlon

@@ -246,6 +246,13 @@ void QLONlistBuilder2::Form_Load()
 void QLONlistBuilder2::BeginRun()
 {
     m_spanSales.reset();
+    EndRun();
+}
+
+void QLONlistBuilder2::EndRun()
+{
+    m_tempItems.close();
+    m_trace.close();
 }
 
 void QLONlistBuilder2::WriteLabels(const QString &item, const QString &status)
@@ -281,7 +288,7 @@ void QLONlistBuilder2::Get_Sales()
 {
     QLONlistBuilder1 *main = MainScreen();
     ProgramGlobals &shared = Shared();
-    const QString tracePath = HostPath(DataPath("TempItemsRec.dat"));
+    const QByteArray tracePath = DataPath("TempItemsRec.dat");
     const QByteArray name = TrimBlanks(ToAnsi(Label1->text()));
     Label2->setText(QStringLiteral("Searching"));
     const SalesSpan span{ToAnsi(main->Label2->text()), ToAnsi(main->Label3->text()), main->Combo2->text(), main->Combo3->text()};
@@ -295,12 +302,14 @@ void QLONlistBuilder2::Get_Sales()
     Yield();
 
     const ItemSales &sales = salesOf(searched, span);
-    TextFile(tracePath, TextFile::Mode::Append).WriteLines(sales.trace);
+    m_trace.append(tracePath, sales.trace);
 
     const CalculatedItem item = CalculateItem(sales, name, main->MList1->rowTag(shared.CurrentRow), type, price);
     shared.LastItemSales = item.sales;
     shared.LastItemType = type;
-    TextFile(HostPath(shared.TempItemsPath), TextFile::Mode::Append).WriteFields(item.tempItemsLine);
+    QByteArray line;
+    AppendQuotedLine(line, {item.tempItemsLine.at(0), item.tempItemsLine.at(1), item.tempItemsLine.at(2)});
+    m_tempItems.append(shared.TempItemsPath, line);
     CloseAll();
 
     countInCategory(type, item.sales, item.units);

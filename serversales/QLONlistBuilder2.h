@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/RunOutputFile.h"
 #include "listbuilder/SalesWorker.h"
 #include "serversales/logic/SalesRecordset.h"
 #include "serversales/logic/SpanSales.h"
@@ -40,6 +41,7 @@ public:
     void WriteLabels(const QString &item, const QString &status) override;
     // Counts the sales of the main list's row CurrentRow, the item named by Label1.
     void Get_Sales() override;
+    void EndRun() override;
     // Leaves the type and the price text of the row CurrentRow in Label4 and Label5.
     void Parse_ListRow();
     // A test dump of the sales of 22 to 24 June 2003 into TempItems.dat and this screen's list.
@@ -100,6 +102,9 @@ private:
     void countInCategory(const QByteArray &type, double sales, double units);
 
     std::unique_ptr<SpanSales> m_spanSales;
+    // TempItems.dat and TempItemsRec.dat, open from the first row of a run to its end.
+    RunOutputFile m_tempItems;
+    RunOutputFile m_trace;
     SalesSpan m_readSpan;
     SalesRecordset m_recordset;
     SalesGridModel *m_gridModel;

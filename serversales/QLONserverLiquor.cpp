@@ -201,12 +201,7 @@ void QLONserverLiquor::Form_Load()
         m_recordsetOpen = true;
         // The recordset holds the table as it stands now; rows added later show at the next load.
         store->SelectAll([this](const SalesRow &row) {
-            SalesRow kept;
-            for (int column = 0; column < SalesColumnCount; ++column) {
-                if (ServerSearchColumns.test(column))
-                    kept[column] = row[column];
-            }
-            m_rows.push_back(kept);
+            m_rows.add(row);
             return true;
         });
         // Unlike the worker's, this data control lets nothing run at a move.

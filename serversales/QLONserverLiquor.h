@@ -1,6 +1,7 @@
 #pragma once
 
 #include "listbuilder/ServerSalesScreen.h"
+#include "serversales/logic/ServerSearchRows.h"
 #include "store/ProgramGlobals.h"
 #include "store/SalesStore.h"
 #include "ui/ScreenRegistry.h"
@@ -93,7 +94,7 @@ private:
     VbTextBox *activeBox() const;
     void enableRunButtons(bool enabled);
 
-    std::vector<SalesRow> m_rows; // the recordset, fetched at load
+    ServerSearchRows m_rows; // the recordset, fetched at load
     CategoryValues m_departments; // names, volumes and units of the department lines
     bool m_recordsetOpen = false; // false when the database couldn't be opened at load
     int m_keypadTop = 12000;

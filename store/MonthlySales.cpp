@@ -1,6 +1,7 @@
 #include "store/MonthlySales.h"
 
 #include "core/Ansi.h"
+#include "core/Conversions.h"
 #include "core/DateText.h"
 #include "core/ErrorIgnoring.h"
 #include "core/FixedField.h"
@@ -103,6 +104,26 @@ std::optional<MonthlyRecord> MonthlySalesFile::next()
         readFields(MonthlyFieldCount - 1);
     }
     return std::nullopt;
+}
+
+std::optional<QDate> MonthlyReadings::date(const QByteArray &text)
+{
+    return m_dates.get(text, [&text] { return ToDate(text); });
+}
+
+std::optional<QTime> MonthlyReadings::time(const QByteArray &text)
+{
+    return m_times.get(text, [&text] { return ToTime(text); });
+}
+
+double MonthlyReadings::price(const QByteArray &text)
+{
+    return m_prices.get(text, [&text] { return NormalizedPrice(text); });
+}
+
+double MonthlyReadings::quantity(const QByteArray &text)
+{
+    return m_quantities.get(text, [&text] { return NumericValue(text); });
 }
 
 QByteArray NormalizedType(QByteArrayView type)

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "core/Memo.h"
 #include "core/TextFile.h"
 
 #include <QByteArray>
 #include <QDate>
 #include <QList>
+#include <QTime>
 
 #include <array>
 #include <optional>
@@ -57,6 +59,25 @@ private:
     qint64 m_size;
     int m_rejects = 0;
     MonthlyRecord m_fields;
+};
+
+// A month's texts as the scans read them, each distinct text read once: the lines repeat their
+// dates, times, prices and quantities, and each reading is the text's own.
+class MonthlyReadings
+{
+public:
+    std::optional<QDate> date(const QByteArray &text);
+    std::optional<QTime> time(const QByteArray &text);
+    // NormalizedPrice of the text.
+    double price(const QByteArray &text);
+    // The numeric value of the text.
+    double quantity(const QByteArray &text);
+
+private:
+    Memo<QByteArray, std::optional<QDate>> m_dates;
+    Memo<QByteArray, std::optional<QTime>> m_times;
+    Memo<QByteArray, double> m_prices;
+    Memo<QByteArray, double> m_quantities;
 };
 
 // "", "0" and "1" are food.

@@ -63,6 +63,7 @@ private:
     ScanProgress &m_progress;
     // The first row of each trimmed name: what a walk of the table from the top finds first.
     QHash<QByteArray, int> m_firstRow;
+    MonthlyReadings m_readings;
 };
 
 void Scanner::load(const QByteArrayList &catalogueRows)
@@ -99,11 +100,11 @@ bool Scanner::outsideHours(const std::optional<QDate> &date, const std::optional
 
 Scanner::Outcome Scanner::take(const MonthlyRecord &record, const QByteArray &modeLetter)
 {
-    const std::optional<QDate> date = ToDate(record[SoldDate]);
+    const std::optional<QDate> date = m_readings.date(record[SoldDate]);
     if (outsideDates(date))
         return Outcome::Dropped;
     const QByteArray type = NormalizedType(record[SoldType]);
-    const double price = NormalizedPrice(record[SoldPrice]);
+    const double price = m_readings.price(record[SoldPrice]);
     if (m_progress.stopRequested())
         return Outcome::Stopped;
     const QByteArray &item = record[SoldItem];
@@ -112,12 +113,12 @@ Scanner::Outcome Scanner::take(const MonthlyRecord &record, const QByteArray &mo
         result.giftTotal += NumericValue(record[SoldPrice]);
         return Outcome::Counted;
     }
-    if (outsideHours(date, ToTime(record[SoldTime])))
+    if (outsideHours(date, m_readings.time(record[SoldTime])))
         return Outcome::Dropped;
     const auto found = m_firstRow.constFind(TrimBlanks(item));
     if (found != m_firstRow.constEnd()) {
         SoldRow &row = result.rows[*found];
-        row.quantity += NumericValue(record[SoldQuantity]);
+        row.quantity += m_readings.quantity(record[SoldQuantity]);
         row.amount += price;
         return Outcome::Counted;
     }

@@ -27,18 +27,19 @@ void tally(CategoryValues &table, int bound, const QByteArray &type, double volu
 
 } // namespace
 
-ServerSales SearchServerSales(const std::vector<SalesRow> &rows, const ServerSearch &search, CategoryValues &table)
+ServerSales SearchServerSales(const ServerSearchRows &rows, const ServerSearch &search, CategoryValues &table)
 {
     const QByteArray criterion = '*' + search.server + '*';
     SpanFilter filter(search.span);
     CarriedColumns columns;
     QByteArray roundedPrice;
     ServerSales found;
-    for (const SalesRow &row : rows) {
-        if (!row[EmpNumber] || !MatchesLike(*row[EmpNumber], criterion))
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        const std::optional<QByteArrayView> employee = rows.value(index, EmpNumber);
+        if (!employee || !MatchesLike(*employee, criterion))
             continue;
         found.visitedAny = true;
-        columns.take(row, ServerSearchColumns);
+        columns.take(rows.row(index), ServerSearchColumns);
         if (filter.contains(columns[OrderDate], columns[Time])) {
             roundedPrice = FormattedText(columns[UnitPrice], "#####.##");
             const double price = NumericValue(roundedPrice);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "serversales/logic/ServerSearchRows.h"
 #include "serversales/logic/SpanSales.h"
 #include "store/ProgramGlobals.h"
 
@@ -8,9 +9,6 @@
 #include <vector>
 
 namespace qlon {
-
-// The columns of the sales rows that a server search reads.
-inline const SalesColumns ServerSearchColumns = ColumnsOf({EmpNumber, OrderDate, Item, UnitPrice, ItemType, Time, Quantity});
 
 // One search of a server's sales: the server text (trimmed), the span as the screen's four boxes
 // read, and the upper bound of the department walk.
@@ -38,6 +36,6 @@ struct ServerSales
 // sales when its type begins with "L", "Beer" or "Wine". Every visited row, in the span or not,
 // adds the rounded price of the last row in the span (0 before the first) and its own quantity to
 // the first row of the table, from 1 to the bound, whose department name (column 1) is its type.
-ServerSales SearchServerSales(const std::vector<SalesRow> &rows, const ServerSearch &search, CategoryValues &table);
+ServerSales SearchServerSales(const ServerSearchRows &rows, const ServerSearch &search, CategoryValues &table);
 
 } // namespace qlon

@@ -69,15 +69,19 @@ TEST(FieldReaderTest, ReadingPastTheEndFails)
     }
 }
 
+// Fields are taken from the buffer a run at a time; wherever a chunk of the file ends, in a quoted
+// or an unquoted field, every field reads whole.
 TEST(FieldReaderTest, ReadsAcrossItsOwnBufferBoundaries)
 {
     QByteArray text;
     for (int line = 0; line < 20000; ++line)
-        text += "\"Item " + QByteArray::number(line) + "\",\"" + QByteArray::number(line % 7) + "\"\r\n";
+        text += "\"Item " + QByteArray::number(line) + "\"," + QByteArray::number(line % 7) + "  \r\n";
     const QByteArrayList fields = readAll(text);
     ASSERT_EQ(fields.size(), 40000);
-    EXPECT_EQ(fields[2 * 12345], "Item 12345");
-    EXPECT_EQ(fields.last(), QByteArray::number(19999 % 7));
+    for (int line = 0; line < 20000; ++line) {
+        ASSERT_EQ(fields[2 * line], "Item " + QByteArray::number(line)) << "line " << line;
+        ASSERT_EQ(fields[2 * line + 1], QByteArray::number(line % 7)) << "line " << line;
+    }
 }
 
 TEST(TextFileTest, WritesQuotedFieldsAndPlainLines)

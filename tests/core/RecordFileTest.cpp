@@ -3,6 +3,7 @@
 #include "tests/support/TempSite.h"
 
 #include <QFileInfo>
+#include <QRandomGenerator>
 
 #include <gtest/gtest.h>
 
@@ -54,6 +55,39 @@ TEST(RecordFileTest, RecordsRoundTripByteForByteAndGrowTheFile)
     ASSERT_EQ(bytes.size(), 2000);
     EXPECT_EQ(bytes.first(500), original) << "a record not written stays as it was";
     EXPECT_EQ(bytes.sliced(500, 500), QByteArray(500, 'x'));
+}
+
+// Records written one after another are handed to the system in blocks, not one by one; whatever
+// the mix of reads and writes, every read and the file at the end equal a plain array of records
+// changed the same way, one record at a time.
+TEST(RecordFileTest, AnyMixOfReadsAndWritesGivesWhatRecordAtATimeGives)
+{
+    test::TempSite site;
+    const QString path = site.hostPath(QStringLiteral("mixed.dat"));
+    constexpr int size = 37; // no divisor of the system's blocks
+    QByteArray expected;
+    QRandomGenerator random(17);
+    {
+        RecordFile file(path, size);
+        qint64 number = 1;
+        for (int step = 0; step < 5000; ++step) {
+            // Mostly the next record, now and then anywhere, past the end too.
+            number = random.bounded(8) == 0 ? 1 + random.bounded(300) : number + 1;
+            const qint64 start = (number - 1) * size;
+            if (random.bounded(3) == 0) {
+                const QByteArray stored = expected.mid(start, size);
+                ASSERT_EQ(file.GetRecord(number), PadOrCut(stored, size)) << "step " << step;
+                continue;
+            }
+            const QByteArray record = PadOrCut(QByteArray::number(step) + '|' + QByteArray::number(number), size);
+            file.PutRecord(number, record);
+            if (expected.size() < start + size)
+                expected.resize(start + size, '\0'); // a gap reads back as zero bytes
+            expected.replace(start, size, record);
+        }
+        EXPECT_EQ(file.CountRecords(), expected.size() / size);
+    }
+    EXPECT_EQ(site.read(QStringLiteral("mixed.dat")), expected);
 }
 
 TEST(RecordFileTest, ADamagedFileReadsAsItsRoundedCountSays)

@@ -55,6 +55,27 @@ TEST_F(PathMapTest, PrefersTheExactSpellingAmongSeveral)
         root.filePath(QStringLiteral("Quillon/data/LiqModifiers.dat")));
 }
 
+// A folder is listed once and kept; a name that isn't in the listing kept is looked for afresh,
+// so files and folders made after the listing are found in any spelling.
+TEST_F(PathMapTest, NamesMadeAfterTheirFolderWasListedAreFound)
+{
+    EXPECT_EQ(paths.toHost(QStringLiteral("c:\\quillon\\data\\liqmodifiers.dat")),
+        root.filePath(QStringLiteral("Quillon/data/LiqModifiers.dat")));
+    EXPECT_EQ(
+        paths.toHost(QStringLiteral("c:\\quillon\\data\\beerdraft.dat")), root.filePath(QStringLiteral("Quillon/data/beerdraft.dat")));
+    EXPECT_EQ(paths.toHost(QStringLiteral("c:\\quillon\\new\\x.dat")), root.filePath(QStringLiteral("Quillon/new/x.dat")));
+
+    touch(root.filePath(QStringLiteral("Quillon/data/BeerDraft.dat")));
+    touch(root.filePath(QStringLiteral("Quillon/New/X.dat")));
+    EXPECT_EQ(
+        paths.toHost(QStringLiteral("c:\\quillon\\data\\beerdraft.dat")), root.filePath(QStringLiteral("Quillon/data/BeerDraft.dat")));
+    EXPECT_EQ(paths.toHost(QStringLiteral("c:\\quillon\\new\\x.dat")), root.filePath(QStringLiteral("Quillon/New/X.dat")));
+
+    touch(root.filePath(QStringLiteral("Quillon/data/beerdraft.dat")));
+    EXPECT_EQ(paths.toHost(QStringLiteral("c:\\quillon\\data\\beerdraft.dat")), root.filePath(QStringLiteral("Quillon/data/beerdraft.dat")))
+        << "the exact spelling still wins";
+}
+
 TEST_F(PathMapTest, AFolderWithoutTrailingBackslashJoinsIntoTheName)
 {
     // "D:\SITE" + "data\Departments.dat" names a folder SITEdata: the joining is plain.

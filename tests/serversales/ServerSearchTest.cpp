@@ -34,7 +34,7 @@ protected:
 
     ServerSales search(const QByteArray &server, const std::vector<SalesRow> &rows)
     {
-        return SearchServerSales(rows, {server, {"1/1/2004", "1/2/2004", "6:00 PM", "2:00 AM"}, 4}, table);
+        return SearchServerSales(ServerSearchRows(rows), {server, {"1/1/2004", "1/2/2004", "6:00 PM", "2:00 AM"}, 4}, table);
     }
 
     QByteArrayList tally(int row) { return {table.at(row, 2), table.at(row, 3)}; }
@@ -90,7 +90,8 @@ TEST_F(ServerSearchTest, ABadSpanTextRejectsEveryRow)
     const std::vector<SalesRow> rows = {
         sale("1002", "1/1/2004", "7:00:00 PM", "Rum", "Liquor", "6"), sale("1002", "1/2/2004", "bad", "Rum", "Liquor", "6")};
     EXPECT_EQ(search("1002", rows).accepted.size(), 1u);
-    const ServerSales badSpan = SearchServerSales(rows, {"1002", {"1/1/2004", "1/2/2004", "6 o'clock", "2:00 AM"}, 4}, table);
+    const ServerSales badSpan =
+        SearchServerSales(ServerSearchRows(rows), {"1002", {"1/1/2004", "1/2/2004", "6 o'clock", "2:00 AM"}, 4}, table);
     EXPECT_TRUE(badSpan.accepted.empty());
     EXPECT_TRUE(badSpan.visitedAny);
 }

@@ -1,6 +1,10 @@
 #include "store/MonthlySales.h"
+#include "core/Conversions.h"
+#include "core/DateText.h"
 #include "store/SiteConfig.h"
 #include "tests/support/TempSite.h"
+
+#include <QRandomGenerator>
 
 #include <gtest/gtest.h>
 
@@ -100,6 +104,27 @@ TEST(MonthlyValuesTest, TypesAndPricesAreNormalised)
     EXPECT_DOUBLE_EQ(NormalizedPrice("12.5"), 12.5);
     EXPECT_DOUBLE_EQ(NormalizedPrice("12.1234"), 12.123);
     EXPECT_DOUBLE_EQ(NormalizedPrice("$1,078.50"), 1078.5);
+}
+
+// A scan reads each distinct text of a month once; line after line, what it reads equals what
+// the text itself reads as.
+TEST(MonthlyValuesTest, ReadingsOfRepeatedTextsEqualTheTextsOwnReadings)
+{
+    const QByteArrayList dates = {"01/05/25", "1/5/2025", "02/29/25", "13/45/25", "", "01/05/25 ", "12/31/99", "03/01/25"};
+    const QByteArrayList times = {"6:05 PM", "18:05", "12:00 am", "25:00", "", "11:59:30 PM", "6:05 AM"};
+    const QByteArrayList numbers = {"6.50", "12.1234", "$1,078.50", "abc", "-3", " 7", "", "2", "0.005"};
+    MonthlyReadings readings;
+    QRandomGenerator random(3);
+    for (int line = 0; line < 3000; ++line) {
+        const QByteArray &date = dates.at(random.bounded(int(dates.size())));
+        const QByteArray &time = times.at(random.bounded(int(times.size())));
+        const QByteArray &price = numbers.at(random.bounded(int(numbers.size())));
+        const QByteArray &quantity = numbers.at(random.bounded(int(numbers.size())));
+        ASSERT_TRUE(readings.date(date) == ToDate(date)) << "line " << line << ": " << date.constData();
+        ASSERT_TRUE(readings.time(time) == ToTime(time)) << "line " << line << ": " << time.constData();
+        ASSERT_EQ(readings.price(price), NormalizedPrice(price)) << "line " << line << ": " << price.constData();
+        ASSERT_EQ(readings.quantity(quantity), NumericValue(quantity)) << "line " << line << ": " << quantity.constData();
+    }
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "store/IvmRec1000.h"
 #include "tests/support/CatalogueItem.h"
 #include "tests/support/ScreenTest.h"
+#include "ui/ScreenTimer.h"
 #include "ui/VbComboBox.h"
 #include "ui/VbTextBox.h"
 
@@ -11,6 +12,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -136,6 +138,15 @@ TEST_F(ItemEditorTest, DeleteFreesTheSlotAndANewItemGoesAfterTheLast)
     editor->setItem(view->path, 14);
     editor->cmdSaveUpdate->click();
     EXPECT_EQ(site.read(QStringLiteral("Quillon/ini/Button0.dat")).size(), 13 * 500) << "past the end nothing is written";
+    EXPECT_EQ(editor->prgDeleting->value(), 12) << "Delete left the bar at the recipe file's count";
+    editor->prgDeleting->setValue(1);
+    editor->tmrDeleting->start();
+    AdvanceClock(360 * 48);
+    EXPECT_EQ(editor->prgDeleting->value(), 49) << "one step each 360 ms";
+    AdvanceClock(360);
+    EXPECT_EQ(editor->prgDeleting->value(), 1) << "at 50 the bar starts over";
+    editor->tmrDeleting->stop();
+
     editor->cmdView->click();
     EXPECT_EQ(view->calls.last(), QStringLiteral("list ") + FromAnsi(Site().DataRoot) + QStringLiteral("ini\\Mod1.dat"));
 }

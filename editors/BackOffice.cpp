@@ -41,7 +41,7 @@ BackOffice::BackOffice(QWidget *parent)
     const std::pair<QPushButton *, const char *> opens[] = {{cmdListBuilder, "QLONlistBuilder1"}, {cmdItemsSold, "QlonItemsSold"},
         {cmdItemButtons, "ButtonView"}, {cmdEmployees, "TCEmployee"}, {cmdPrinters, "PrinterStatus"}};
     for (const auto &[command, screen] : opens)
-        OnEvent(command, &QPushButton::clicked, this, [this, name = QString::fromLatin1(screen)] { open(name); });
+        OnEvent(command, &QPushButton::clicked, this, [name = QString::fromLatin1(screen)] { ShowScreenInFront(name); });
     OnEvent(cmdClose, &QPushButton::clicked, this, [this] { close(); });
 }
 
@@ -54,12 +54,6 @@ void BackOffice::Form_Load()
     cmdListBuilder->setVisible(!main || !main->isVisible());
 }
 
-void BackOffice::open(const QString &screen)
-{
-    if (QWidget *opened = Screens().touch(screen))
-        ShowInFront(opened);
-}
-
 void RegisterBackOfficeScreens()
 {
     Screens().add(QStringLiteral("BackOffice"), [] { return new BackOffice; });
@@ -69,8 +63,8 @@ void RegisterBackOfficeScreens()
     Screens().add(QStringLiteral("PhoneList"), [] { return new PhoneList; });
     // The companions of the printer status screen that can be real here; the others belong to
     // the stations' back office.
-    Screens().add(PrinterQueueCompanion, [] { return new PrinterQueueView(PrinterQueueView::Kind::Queue); });
-    Screens().add(PrinterDetailsCompanion, [] { return new PrinterQueueView(PrinterQueueView::Kind::Details); });
+    Screens().add(PrinterQueueCompanion, [] { return new PrinterQueueView(QStringLiteral("Print Queue")); });
+    Screens().add(PrinterDetailsCompanion, [] { return new PrinterQueueView(QStringLiteral("Printer Details")); });
     Screens().add(PrinterListCompanion, [] { return new PrinterListView; });
 }
 

@@ -28,9 +28,6 @@ public:
     QPushButton *cmdEmployees;
     QPushButton *cmdPrinters;
     QPushButton *cmdClose;
-
-private:
-    void open(const QString &screen);
 };
 
 // Registers the host and the screens it sets beside the ones it opens: the item editor's button

@@ -34,10 +34,10 @@ QTreeWidgetItem *jobLine(const PrintJob &job)
 
 } // namespace
 
-PrinterQueueView::PrinterQueueView(Kind kind, QWidget *parent)
+PrinterQueueView::PrinterQueueView(const QString &title, QWidget *parent)
     : QWidget(parent)
 {
-    setWindowTitle(kind == Kind::Queue ? QStringLiteral("Print Queue") : QStringLiteral("Printer Details"));
+    setWindowTitle(title);
     cmbPrinters = Named(new QComboBox(this), QStringLiteral("cmbPrinters"));
     cmbPrinters->setEditable(true);
     for (const SystemPrinter &printer : Spooler().printers())

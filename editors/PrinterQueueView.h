@@ -19,8 +19,8 @@ class PrinterQueueView : public QWidget, public PrinterCompanion
     Q_OBJECT
 
 public:
-    enum class Kind { Queue, Details };
-    explicit PrinterQueueView(Kind kind, QWidget *parent = nullptr);
+    // `title`: "Print Queue" behind Spool, "Printer Details" behind Details.
+    explicit PrinterQueueView(const QString &title, QWidget *parent = nullptr);
 
     void setPrinter(const QString &deviceName) override;
     // Lists the queue of the printer in cmbPrinters, and leaves its count in the shared pending

@@ -265,10 +265,7 @@ void QLONlistBuilder1::connectHandlers()
             screen->OpenServerSales();
     });
     OnEvent(SSCommand1, &QPushButton::clicked, this, [this] { SSCommand1_Click(); });
-    OnEvent(cmdItemsSold, &QPushButton::clicked, this, [] {
-        if (QWidget *screen = Screens().touch(QStringLiteral("QlonItemsSold")))
-            ShowInFront(screen);
-    });
+    OnEvent(cmdItemsSold, &QPushButton::clicked, this, [] { ShowScreenInFront(QStringLiteral("QlonItemsSold")); });
 }
 
 void QLONlistBuilder1::Form_Load()

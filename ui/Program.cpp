@@ -104,6 +104,12 @@ void RequireCompanion(QWidget *command, const QString &companion)
     command->setToolTip(QStringLiteral("This belongs to the stations' back office; it isn't part of this program."));
 }
 
+void ShowScreenInFront(const QString &name)
+{
+    if (QWidget *screen = Screens().touch(name))
+        ShowInFront(screen);
+}
+
 int PendingTimers()
 {
     return pendingTimers;

@@ -33,6 +33,8 @@ int RunningHandlers();
 QWidget *TouchScreen(const QString &name);
 // Shows the screen above the others; a scripted run, which has no desktop, only shows it.
 void ShowInFront(QWidget *screen);
+// The screen of that name, touched, then shown above the others.
+void ShowScreenInFront(const QString &name);
 
 // A command that shows a companion screen of another program is disabled, with a tip saying so,
 // when this program has no screen of that name.

@@ -10,7 +10,8 @@ namespace qlon {
 bool FitOnDisplay(QWidget *screen, const QSize &available)
 {
     QLayout *layout = screen->layout();
-    if (!layout || (screen->minimumSizeHint().width() <= available.width() && screen->minimumSizeHint().height() <= available.height()))
+    const QSize least = screen->minimumSizeHint();
+    if (!layout || (least.width() <= available.width() && least.height() <= available.height()))
         return false;
     // The content takes the screen's layout over, with every control in it; the controls that
     // stand outside the layout, such as a keypad shown over the form, stay above the area.

@@ -2,6 +2,8 @@
 
 #include "core/Ansi.h"
 
+#include <algorithm>
+#include <array>
 #include <optional>
 
 namespace qlon {
@@ -64,10 +66,54 @@ bool matchesFrom(QByteArrayView text, qsizetype textAt, QByteArrayView pattern, 
     return textAt == text.size();
 }
 
+// The part between the stars of "*part*" when it holds no wildcard: the pattern of a search for
+// a value that holds the part somewhere.
+std::optional<QByteArrayView> containedPart(QByteArrayView pattern)
+{
+    if (pattern.size() < 2 || pattern.front() != '*' || pattern.back() != '*')
+        return std::nullopt;
+    const QByteArrayView part = pattern.sliced(1, pattern.size() - 2);
+    if (std::any_of(part.begin(), part.end(), [](char token) { return QByteArrayView("*?#[").contains(token); }))
+        return std::nullopt;
+    return part;
+}
+
+// UpperAnsi of every byte, looked up rather than worked out for each character of a long walk.
+const std::array<char, 256> &upperCase()
+{
+    static const std::array<char, 256> table = [] {
+        std::array<char, 256> upper{};
+        for (int byte = 0; byte < 256; ++byte)
+            upper[std::size_t(byte)] = UpperAnsi(char(byte));
+        return upper;
+    }();
+    return table;
+}
+
+bool sameLetters(QByteArrayView text, QByteArrayView part)
+{
+    const std::array<char, 256> &upper = upperCase();
+    return std::equal(text.begin(), text.end(), part.begin(), part.end(), [&upper](char character, char wanted) {
+        return upper[static_cast<unsigned char>(character)] == upper[static_cast<unsigned char>(wanted)];
+    });
+}
+
+bool holdsPart(QByteArrayView text, QByteArrayView part)
+{
+    for (qsizetype start = 0; start + part.size() <= text.size(); ++start) {
+        if (sameLetters(text.sliced(start, part.size()), part))
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 bool MatchesLike(QByteArrayView text, QByteArrayView pattern)
 {
+    // The general walk tries every start too, at a cost per character many times this one's.
+    if (const std::optional<QByteArrayView> part = containedPart(pattern))
+        return holdsPart(text, *part);
     return matchesFrom(text, 0, pattern, 0);
 }
 

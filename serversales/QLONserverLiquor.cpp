@@ -197,15 +197,12 @@ void QLONserverLiquor::connectHandlers()
 void QLONserverLiquor::Form_Load()
 {
     EnsureDataRoot();
-    if (const std::unique_ptr<SalesStore> store = OpenDataControl(this)) {
-        m_recordsetOpen = true;
+    m_store = OpenDataControl(this);
+    if (m_store) {
         // The recordset holds the table as it stands now; rows added later show at the next load.
-        store->SelectAll([this](const SalesRow &row) {
-            m_rows.add(row);
-            return true;
-        });
+        m_loadedRows = m_store->MarkRows();
         // Unlike the worker's, this data control lets nothing run at a move.
-        datPrimaryRS->showPosition(m_rows.empty() ? SalesRecordset::PositionAtEnd : 1);
+        datPrimaryRS->showPosition(m_loadedRows.empty ? SalesRecordset::PositionAtEnd : 1);
     }
     MonthView1->setSelectedDate(Today());
     SSPanel4->hide();
@@ -347,13 +344,13 @@ void QLONserverLiquor::Get_Drink2()
     Yield();
     // The search's first recordset call, asking whether it can find, fails when the database never
     // opened: the program ends with the platform's text rather than report a server who sold nothing.
-    if (!m_recordsetOpen)
+    if (!m_store)
         throw RuntimeError(RuntimeError::ObjectClosed, HostPath(DataPath(SalesDatabaseFile)));
     // Deliberately left as the old screen left it: the buttons stay off, the file holds its heading.
     if (server.isEmpty())
         return;
     const SalesSpan span{ansiText(Text6), ansiText(Text8), ansiText(Text7), ansiText(Text9)};
-    const ServerSales sales = SearchServerSales(m_rows, {server, span, int(NumericValue(ToAnsi(Label8->text())))}, table);
+    const ServerSales sales = SearchServerSales(*m_store, m_loadedRows, {server, span, int(NumericValue(ToAnsi(Label8->text())))}, table);
     for (const QByteArrayList &row : sales.accepted) {
         MList1->addRow(row.join(','));
         list->PrintLine(row[2] + '\t' + row[3] + '\t' + row[4]);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "listbuilder/ServerSalesScreen.h"
-#include "serversales/logic/ServerSearchRows.h"
 #include "store/ProgramGlobals.h"
 #include "store/SalesStore.h"
 #include "ui/ScreenRegistry.h"
@@ -9,6 +8,7 @@
 #include <QWidget>
 
 #include <array>
+#include <memory>
 #include <vector>
 
 class QCalendarWidget;
@@ -94,9 +94,10 @@ private:
     VbTextBox *activeBox() const;
     void enableRunButtons(bool enabled);
 
-    ServerSearchRows m_rows; // the recordset, fetched at load
+    // The recordset: the database as the load opened it, none when it couldn't, and its rows then.
+    std::unique_ptr<SalesStore> m_store;
+    SalesRowsMark m_loadedRows;
     CategoryValues m_departments; // names, volumes and units of the department lines
-    bool m_recordsetOpen = false; // false when the database couldn't be opened at load
     int m_keypadTop = 12000;
 };
 

@@ -3,6 +3,7 @@
 #include "core/Ansi.h"
 #include "core/DateText.h"
 #include "core/HostPath.h"
+#include "core/Like.h"
 #include "store/JetSalesStore.h"
 #include "store/SqliteSalesStore.h"
 
@@ -72,6 +73,24 @@ void AssignValue(SalesValue &value, QByteArrayView bytes)
     if (value->size() != bytes.size())
         value->resize(bytes.size());
     std::copy_n(bytes.data(), bytes.size(), value->data());
+}
+
+SalesRowsMark SalesStore::MarkRows()
+{
+    const qint64 rows = CountRows();
+    return {rows == 0, rows};
+}
+
+void SalesStore::SelectLike(const SalesRowsMark &mark, SalesColumn column, QByteArrayView pattern, SalesColumns, const SalesVisitor &visit)
+{
+    if (mark.empty)
+        return;
+    qint64 walked = 0;
+    SelectAll([&](const SalesRow &row) {
+        if (++walked > mark.last)
+            return false;
+        return !(row[column] && MatchesLike(*row[column], pattern)) || visit(row);
+    });
 }
 
 std::unique_ptr<SalesStore> OpenSiteSalesStore(const QByteArray &sitePath)

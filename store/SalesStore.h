@@ -66,6 +66,14 @@ void AssignValue(SalesValue &value, QByteArrayView bytes);
 // Called for each row, in table order; returning false stops the walk.
 using SalesVisitor = std::function<bool(const SalesRow &)>;
 
+// The rows a table holds at a moment, told without reading them: the rows added later lie past
+// the mark.
+struct SalesRowsMark
+{
+    bool empty = true;
+    qint64 last = 0; // the store's own number for the last of the rows, or their count
+};
+
 // The sales table of data\Quillon.mdb, read only. It answers the two queries the program sends:
 // the full select, and the select of a span of dates.
 class SalesStore
@@ -84,6 +92,14 @@ public:
 
     // How many rows the table holds now, without reading them.
     virtual qint64 CountRows() = 0;
+
+    // Marks the rows the table holds now. Unless a store knows better, by their count.
+    virtual SalesRowsMark MarkRows();
+    // The rows of the full select within the mark whose column is LIKE the pattern, in table order,
+    // as MatchesLike compares them, a null matching nothing. At least the chosen columns are read.
+    // Unless a store knows better, by a walk of the first rows, as many as the mark counts.
+    virtual void SelectLike(
+        const SalesRowsMark &mark, SalesColumn column, QByteArrayView pattern, SalesColumns columns, const SalesVisitor &visit);
 };
 
 // Opens the database at the host path: a Jet 3 or 4 file (what the sites have) or an SQLite 3

@@ -1,6 +1,6 @@
 #include "store/SqliteSalesStore.h"
 
-#include <bit>
+#include "core/Like.h"
 
 #include <QFile>
 #include <QUrl>
@@ -8,6 +8,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 
 namespace qlon {
@@ -139,6 +140,30 @@ QByteArray isoText(QDate date)
     return date.toString(Qt::ISODate).toLatin1();
 }
 
+// A value's text as the row reader gives it: an integer by its digits, a real number by NumberText,
+// an ISO date or time in the platform's form, every other text as it stands.
+bool valueMatchesLike(sqlite3_value *value, QByteArrayView pattern)
+{
+    switch (sqlite3_value_type(value)) {
+    case SQLITE_NULL: return false;
+    case SQLITE_FLOAT: return MatchesLike(NumberText(sqlite3_value_double(value)), pattern);
+    default: break;
+    }
+    const QByteArrayView text(reinterpret_cast<const char *>(sqlite3_value_text(value)), sqlite3_value_bytes(value));
+    if (mayBeIsoDateTime(text)) {
+        if (const std::optional<QByteArray> dateTime = isoDateTimeText(text))
+            return MatchesLike(*dateTime, pattern);
+    }
+    return MatchesLike(text, pattern);
+}
+
+// qlon_like(value, pattern): 1 when the value is LIKE the pattern.
+void likeFunction(sqlite3_context *context, int, sqlite3_value **arguments)
+{
+    const QByteArrayView pattern(reinterpret_cast<const char *>(sqlite3_value_text(arguments[1])), sqlite3_value_bytes(arguments[1]));
+    sqlite3_result_int(context, valueMatchesLike(arguments[0], pattern) ? 1 : 0);
+}
+
 } // namespace
 
 void SqliteCloser::operator()(sqlite3 *database) const
@@ -183,6 +208,9 @@ SqliteSalesStore::SqliteSalesStore(const QString &hostPath)
     , m_database(openForReading())
 {
     checkSalesTable();
+    if (sqlite3_create_function_v2(m_database.get(), "qlon_like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, likeFunction, nullptr,
+            nullptr, nullptr) != SQLITE_OK)
+        throw SqliteError(m_database.get(), m_hostPath);
     m_all = prepareSelect(EverySalesColumn, {});
 }
 
@@ -214,16 +242,22 @@ void SqliteSalesStore::checkSalesTable() const
         throw MissingTableError(SalesTableName, m_hostPath);
 }
 
-SqliteSalesStore::Select SqliteSalesStore::prepareSelect(SalesColumns columns, QByteArrayView condition) const
+QByteArrayList SqliteSalesStore::Select::choose(SalesColumns chosen)
 {
-    Select select;
     QByteArrayList names;
     for (int column = 0; column < SalesColumnCount; ++column) {
-        if (columns.test(column)) {
-            select.columns.push_back(SalesColumn(column));
+        if (chosen.test(column)) {
+            columns.push_back(SalesColumn(column));
             names.append(SalesColumnNames[column].toByteArray());
         }
     }
+    return names;
+}
+
+SqliteSalesStore::Select SqliteSalesStore::prepareSelect(SalesColumns columns, QByteArrayView condition) const
+{
+    Select select;
+    QByteArrayList names = select.choose(columns);
     if (!condition.isEmpty()) {
         const QByteArray orderDate = SalesColumnNames[OrderDate].toByteArray();
         if (!columns.test(OrderDate))
@@ -252,6 +286,37 @@ void SqliteSalesStore::SelectSpan(QByteArrayView from, QByteArrayView to, SalesC
     bindText(2, isoText(span.to));
     bindText(3, isoText(span.to.addDays(1)));
     walk(m_span, visit);
+}
+
+// The rowids of the stations' rows only grow: those added later lie past the largest of now.
+SalesRowsMark SqliteSalesStore::MarkRows()
+{
+    const SqliteStatement last = PrepareSqlite(m_database.get(), "SELECT max(rowid) FROM ItemsSold", m_hostPath);
+    if (sqlite3_step(last.get()) != SQLITE_ROW)
+        throw SqliteError(m_database.get(), m_hostPath);
+    if (sqlite3_column_type(last.get(), 0) == SQLITE_NULL)
+        return {};
+    return {false, sqlite3_column_int64(last.get(), 0)};
+}
+
+// SQLite walks the table and asks MatchesLike of each value, as the row reader would give it.
+void SqliteSalesStore::SelectLike(
+    const SalesRowsMark &mark, SalesColumn column, QByteArrayView pattern, SalesColumns columns, const SalesVisitor &visit)
+{
+    if (mark.empty)
+        return;
+    if (!m_like.statement || m_likeColumns != columns || m_likeColumn != column) {
+        m_like = {};
+        const QByteArray condition = "rowid <= ?1 AND qlon_like(" + SalesColumnNames[column].toByteArray() + ", ?2)";
+        m_like.statement = PrepareSqlite(m_database.get(), selectStatement(m_like.choose(columns), condition), m_hostPath);
+        m_likeColumns = columns;
+        m_likeColumn = column;
+    }
+    sqlite3_stmt *statement = m_like.statement.get();
+    if (sqlite3_bind_int64(statement, 1, mark.last) != SQLITE_OK ||
+        sqlite3_bind_text(statement, 2, pattern.data(), int(pattern.size()), SQLITE_TRANSIENT) != SQLITE_OK)
+        throw SqliteError(m_database.get(), m_hostPath);
+    walk(m_like, visit);
 }
 
 qint64 SqliteSalesStore::CountRows()

@@ -47,6 +47,10 @@ public:
     // "3/31/2004", is in no span.
     void SelectSpan(QByteArrayView from, QByteArrayView to, SalesColumns columns, const SalesVisitor &visit) override;
     qint64 CountRows() override;
+    // By rowid, and with the LIKE test inside SQLite's walk of the table.
+    SalesRowsMark MarkRows() override;
+    void SelectLike(
+        const SalesRowsMark &mark, SalesColumn column, QByteArrayView pattern, SalesColumns columns, const SalesVisitor &visit) override;
 
 private:
     // A prepared select and where its result columns go in the row.
@@ -56,6 +60,9 @@ private:
         std::vector<SalesColumn> columns; // the table column of each result column read
         // The result column whose text must begin with an ISO date for the row to count, if any.
         std::optional<int> isoDateAt;
+
+        // Reads the chosen columns, in table order; their names.
+        QByteArrayList choose(SalesColumns chosen);
     };
 
     SqliteDatabase openForReading();
@@ -75,6 +82,9 @@ private:
     Select m_all;
     Select m_span;
     SalesColumns m_spanColumns;
+    Select m_like;
+    SalesColumns m_likeColumns;
+    SalesColumn m_likeColumn = OrderID;
     SalesRow m_row;
     // Each column's ISO texts with their text forms, and its numbers (by their bits, so that 0 and
     // -0 stay apart) with theirs: the rows repeat their dates, times, prices and quantities.

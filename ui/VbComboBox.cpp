@@ -19,8 +19,12 @@ void keepingShownText(QComboBox &box, Change change)
     const int pickedIndex = box.currentIndex();
     const QSignalBlocker quiet(box);
     change();
-    box.setCurrentIndex(pickedIndex < box.count() ? pickedIndex : -1);
-    box.setEditText(shownText);
+    const int keptIndex = pickedIndex < box.count() ? pickedIndex : -1;
+    if (box.currentIndex() != keptIndex)
+        box.setCurrentIndex(keptIndex);
+    // Setting the same text again would lay it out again, once per entry of a long list.
+    if (box.currentText() != shownText)
+        box.setEditText(shownText);
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 
 #include "core/Conversions.h"
 #include "core/Format.h"
-#include "core/Like.h"
 
 namespace qlon {
 namespace {
@@ -27,19 +26,15 @@ void tally(CategoryValues &table, int bound, const QByteArray &type, double volu
 
 } // namespace
 
-ServerSales SearchServerSales(const ServerSearchRows &rows, const ServerSearch &search, CategoryValues &table)
+ServerSales SearchServerSales(SalesStore &store, const SalesRowsMark &loaded, const ServerSearch &search, CategoryValues &table)
 {
-    const QByteArray criterion = '*' + search.server + '*';
     SpanFilter filter(search.span);
     CarriedColumns columns;
     QByteArray roundedPrice;
     ServerSales found;
-    for (std::size_t index = 0; index < rows.size(); ++index) {
-        const std::optional<QByteArrayView> employee = rows.value(index, EmpNumber);
-        if (!employee || !MatchesLike(*employee, criterion))
-            continue;
+    store.SelectLike(loaded, EmpNumber, '*' + search.server + '*', ServerSearchColumns, [&](const SalesRow &row) {
         found.visitedAny = true;
-        columns.take(rows.row(index), ServerSearchColumns);
+        columns.take(row, ServerSearchColumns);
         if (filter.contains(columns[OrderDate], columns[Time])) {
             roundedPrice = FormattedText(columns[UnitPrice], "#####.##");
             const double price = NumericValue(roundedPrice);
@@ -52,7 +47,8 @@ ServerSales SearchServerSales(const ServerSearchRows &rows, const ServerSearch &
         // Deliberately for every visited row: a row outside the span adds the price of the last
         // row in it.
         tally(table, search.departmentBound, columns[ItemType], NumericValue(roundedPrice), NumericValue(columns[Quantity]));
-    }
+        return true;
+    });
     return found;
 }
 

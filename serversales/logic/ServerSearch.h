@@ -1,6 +1,5 @@
 #pragma once
 
-#include "serversales/logic/ServerSearchRows.h"
 #include "serversales/logic/SpanSales.h"
 #include "store/ProgramGlobals.h"
 
@@ -30,12 +29,14 @@ struct ServerSales
     bool visitedAny = false; // whether any row of the server was found, in the span or not
 };
 
-// The search over the rows of the full select, in table order: every row whose EmpNumber is LIKE
-// "*server*" is visited. A null value keeps the text of the visited row before. A row in the span
-// adds its price, rounded to cents but never times the quantity, to the total, and to the liquor
-// sales when its type begins with "L", "Beer" or "Wine". Every visited row, in the span or not,
-// adds the rounded price of the last row in the span (0 before the first) and its own quantity to
-// the first row of the table, from 1 to the bound, whose department name (column 1) is its type.
-ServerSales SearchServerSales(const ServerSearchRows &rows, const ServerSearch &search, CategoryValues &table);
+// The columns of the sales rows that a server search reads.
+inline const SalesColumns ServerSearchColumns = ColumnsOf({EmpNumber, OrderDate, Item, UnitPrice, ItemType, Time, Quantity});
+
+// The search over the rows of the full select within the mark, the rows of the screen's load, in
+// table order: every row whose EmpNumber is LIKE "*server*" is visited. A null value keeps the text of the visited row before. A row in the
+// span adds its price, rounded to cents but never times the quantity, to the total, and to the liquor sales when its type begins with "L",
+// "Beer" or "Wine". Every visited row, in the span or not, adds the rounded price of the last row in the span (0 before the first) and its
+// own quantity to the first row of the table, from 1 to the bound, whose department name (column 1) is its type.
+ServerSales SearchServerSales(SalesStore &store, const SalesRowsMark &loaded, const ServerSearch &search, CategoryValues &table);
 
 } // namespace qlon

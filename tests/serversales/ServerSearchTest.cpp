@@ -1,4 +1,5 @@
 #include "serversales/logic/ServerSearch.h"
+#include "tests/support/RowsStore.h"
 
 #include <gtest/gtest.h>
 
@@ -34,7 +35,13 @@ protected:
 
     ServerSales search(const QByteArray &server, const std::vector<SalesRow> &rows)
     {
-        return SearchServerSales(ServerSearchRows(rows), {server, {"1/1/2004", "1/2/2004", "6:00 PM", "2:00 AM"}, 4}, table);
+        return searchSpan({server, {"1/1/2004", "1/2/2004", "6:00 PM", "2:00 AM"}, 4}, rows);
+    }
+
+    ServerSales searchSpan(const ServerSearch &search, const std::vector<SalesRow> &rows)
+    {
+        test::RowsStore store(rows);
+        return SearchServerSales(store, store.MarkRows(), search, table);
     }
 
     QByteArrayList tally(int row) { return {table.at(row, 2), table.at(row, 3)}; }
@@ -65,6 +72,11 @@ TEST_F(ServerSearchTest, FindsTheServerAnywhereInTheNumberAndCountsLiquorByItsTy
     ASSERT_EQ(wildcard.accepted.size(), 1u);
     EXPECT_EQ(wildcard.accepted[0][0], "1010");
     EXPECT_FALSE(search("4", rows).visitedAny);
+    // Rows the table got after the screen's load are not seen.
+    test::RowsStore grown(rows);
+    const ServerSales loaded = SearchServerSales(grown, {false, 2}, {"10", {"1/1/2004", "1/2/2004", "6:00 PM", "2:00 AM"}, 4}, table);
+    EXPECT_EQ(loaded.accepted.size(), 2u);
+    EXPECT_TRUE(SearchServerSales(grown, {}, {"10", {"1/1/2004", "1/2/2004", "6:00 PM", "2:00 AM"}, 4}, table).accepted.empty());
 }
 
 TEST_F(ServerSearchTest, RowsOutsideTheSpanReachTheTallyWithTheLastPriceInIt)
@@ -90,8 +102,7 @@ TEST_F(ServerSearchTest, ABadSpanTextRejectsEveryRow)
     const std::vector<SalesRow> rows = {
         sale("1002", "1/1/2004", "7:00:00 PM", "Rum", "Liquor", "6"), sale("1002", "1/2/2004", "bad", "Rum", "Liquor", "6")};
     EXPECT_EQ(search("1002", rows).accepted.size(), 1u);
-    const ServerSales badSpan =
-        SearchServerSales(ServerSearchRows(rows), {"1002", {"1/1/2004", "1/2/2004", "6 o'clock", "2:00 AM"}, 4}, table);
+    const ServerSales badSpan = searchSpan({"1002", {"1/1/2004", "1/2/2004", "6 o'clock", "2:00 AM"}, 4}, rows);
     EXPECT_TRUE(badSpan.accepted.empty());
     EXPECT_TRUE(badSpan.visitedAny);
 }

@@ -565,6 +565,45 @@ TEST_F(SqliteSalesStoreTest, RowsComeInTableOrder)
     EXPECT_EQ(SqliteSalesStore(path).CountRows(), 3);
 }
 
+// The LIKE select inside SQLite against the walk of every row, on values of every kind there.
+TEST_F(SqliteSalesStoreTest, LikeSelectFindsWhatAWalkOfTheRowsFindsWithinTheMark)
+{
+    const char *const servers[] = {
+        "1017", "10170", "x1017y", "12.50", "2004-03-01", "AbC1017", "", "caf\xe9", "1e15", "2004-03-01 18:05:00"};
+    std::vector<SalesRow> rows;
+    for (const char *server : servers) {
+        SalesRow row;
+        row[EmpNumber] = server;
+        row[OrderID] = QByteArray::number(rows.size() + 1);
+        rows.push_back(row);
+    }
+    rows.emplace_back(); // a null matches nothing
+    rows.back()[OrderID] = "0";
+    write(rows);
+    SqliteSalesStore store(path);
+    const SalesRowsMark all = store.MarkRows();
+    EXPECT_EQ(all.last, qint64(rows.size()));
+    const char *const patterns[] = {
+        "*1017*", "*abc*", "*3/1/2004*", "*12.5*", "*CAF\xc9*", "*1E+15*", "*6:05*", "**", "*1?1*", "*[a-c]*", "1017"};
+    for (const SalesRowsMark &mark : {all, SalesRowsMark{false, 3}, SalesRowsMark{}}) {
+        for (const char *pattern : patterns) {
+            const auto select = [&](bool inside) {
+                return Collect([&](const SalesVisitor &visit) {
+                    if (inside)
+                        store.SelectLike(mark, EmpNumber, pattern, ColumnsOf({OrderID, EmpNumber}), visit);
+                    else
+                        store.SalesStore::SelectLike(mark, EmpNumber, pattern, ColumnsOf({OrderID, EmpNumber}), visit);
+                });
+            };
+            EXPECT_EQ(select(true), select(false)) << pattern << " within " << mark.last;
+        }
+    }
+    EXPECT_EQ(Collect([&](const SalesVisitor &visit) { store.SelectLike(all, EmpNumber, "*1017*", ColumnsOf({OrderID}), visit); }),
+        Texts({"1", "2", "3", "6"}));
+    SqliteSalesWriter(folder.filePath(QStringLiteral("empty.db"))).commit();
+    EXPECT_TRUE(SqliteSalesStore(folder.filePath(QStringLiteral("empty.db"))).MarkRows().empty);
+}
+
 TEST_F(SqliteSalesStoreTest, SpanHoldsFromMidnightOfTheFromDateToMidnightOfTheToDate)
 {
     const std::pair<const char *, bool> cases[] = {

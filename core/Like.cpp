@@ -73,7 +73,7 @@ std::optional<QByteArrayView> containedPart(QByteArrayView pattern)
     if (pattern.size() < 2 || pattern.front() != '*' || pattern.back() != '*')
         return std::nullopt;
     const QByteArrayView part = pattern.sliced(1, pattern.size() - 2);
-    if (std::any_of(part.begin(), part.end(), [](char token) { return QByteArrayView("*?#[").contains(token); }))
+    if (std::any_of(part.begin(), part.end(), [](char token) { return token == '*' || token == '?' || token == '#' || token == '['; }))
         return std::nullopt;
     return part;
 }

@@ -81,16 +81,17 @@ SalesRowsMark SalesStore::MarkRows()
     return {rows == 0, rows};
 }
 
-void SalesStore::SelectLike(const SalesRowsMark &mark, SalesColumn column, QByteArrayView pattern, SalesColumns, const SalesVisitor &visit)
+void SalesStore::SelectMarked(const SalesRowsMark &mark, const SalesVisitor &visit)
 {
     if (mark.empty)
         return;
     qint64 walked = 0;
-    SelectAll([&](const SalesRow &row) {
-        if (++walked > mark.last)
-            return false;
-        return !(row[column] && MatchesLike(*row[column], pattern)) || visit(row);
-    });
+    SelectAll([&](const SalesRow &row) { return ++walked <= mark.last && visit(row); });
+}
+
+void SalesStore::SelectLike(const SalesRowsMark &mark, SalesColumn column, QByteArrayView pattern, SalesColumns, const SalesVisitor &visit)
+{
+    SelectMarked(mark, [&](const SalesRow &row) { return !(row[column] && MatchesLike(*row[column], pattern)) || visit(row); });
 }
 
 std::unique_ptr<SalesStore> OpenSiteSalesStore(const QByteArray &sitePath)

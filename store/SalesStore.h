@@ -95,9 +95,11 @@ public:
 
     // Marks the rows the table holds now. Unless a store knows better, by their count.
     virtual SalesRowsMark MarkRows();
+    // The full select of the rows within the mark. Unless a store knows better, the first rows, as
+    // many as the mark counts.
+    virtual void SelectMarked(const SalesRowsMark &mark, const SalesVisitor &visit);
     // The rows of the full select within the mark whose column is LIKE the pattern, in table order,
     // as MatchesLike compares them, a null matching nothing. At least the chosen columns are read.
-    // Unless a store knows better, by a walk of the first rows, as many as the mark counts.
     virtual void SelectLike(
         const SalesRowsMark &mark, SalesColumn column, QByteArrayView pattern, SalesColumns columns, const SalesVisitor &visit);
 };

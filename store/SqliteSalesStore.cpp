@@ -211,7 +211,8 @@ SqliteSalesStore::SqliteSalesStore(const QString &hostPath)
     if (sqlite3_create_function_v2(m_database.get(), "qlon_like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, likeFunction, nullptr,
             nullptr, nullptr) != SQLITE_OK)
         throw SqliteError(m_database.get(), m_hostPath);
-    m_all = prepareSelect(EverySalesColumn, {});
+    m_all = prepareSelect(EverySalesColumn);
+    m_marked = prepareSelect(EverySalesColumn, "rowid <= ?1");
 }
 
 // A database in rollback mode is read as an immutable file, which leaves no journal or lock file
@@ -257,14 +258,20 @@ QByteArrayList SqliteSalesStore::Select::choose(SalesColumns chosen)
 SqliteSalesStore::Select SqliteSalesStore::prepareSelect(SalesColumns columns, QByteArrayView condition) const
 {
     Select select;
+    select.statement = PrepareSqlite(m_database.get(), selectStatement(select.choose(columns), condition), m_hostPath);
+    return select;
+}
+
+// The span's select also reads OrderDate, which must begin with an ISO date.
+SqliteSalesStore::Select SqliteSalesStore::prepareSpanSelect(SalesColumns columns) const
+{
+    Select select;
     QByteArrayList names = select.choose(columns);
-    if (!condition.isEmpty()) {
-        const QByteArray orderDate = SalesColumnNames[OrderDate].toByteArray();
-        if (!columns.test(OrderDate))
-            names.append(orderDate);
-        select.isoDateAt = int(names.indexOf(orderDate));
-    }
-    select.statement = PrepareSqlite(m_database.get(), selectStatement(names, condition), m_hostPath);
+    const QByteArray orderDate = SalesColumnNames[OrderDate].toByteArray();
+    if (!columns.test(OrderDate))
+        names.append(orderDate);
+    select.isoDateAt = int(names.indexOf(orderDate));
+    select.statement = PrepareSqlite(m_database.get(), selectStatement(names, spanCondition), m_hostPath);
     return select;
 }
 
@@ -279,7 +286,7 @@ void SqliteSalesStore::SelectSpan(QByteArrayView from, QByteArrayView to, SalesC
 {
     const DateSpan span = ReadDateSpan(from, to);
     if (!m_span.statement || m_spanColumns != columns) {
-        m_span = prepareSelect(columns, spanCondition);
+        m_span = prepareSpanSelect(columns);
         m_spanColumns = columns;
     }
     bindText(1, isoText(span.from));
@@ -299,6 +306,15 @@ SalesRowsMark SqliteSalesStore::MarkRows()
     return {false, sqlite3_column_int64(last.get(), 0)};
 }
 
+void SqliteSalesStore::SelectMarked(const SalesRowsMark &mark, const SalesVisitor &visit)
+{
+    if (mark.empty)
+        return;
+    if (sqlite3_bind_int64(m_marked.statement.get(), 1, mark.last) != SQLITE_OK)
+        throw SqliteError(m_database.get(), m_hostPath);
+    walk(m_marked, visit);
+}
+
 // SQLite walks the table and asks MatchesLike of each value, as the row reader would give it.
 void SqliteSalesStore::SelectLike(
     const SalesRowsMark &mark, SalesColumn column, QByteArrayView pattern, SalesColumns columns, const SalesVisitor &visit)
@@ -306,9 +322,7 @@ void SqliteSalesStore::SelectLike(
     if (mark.empty)
         return;
     if (!m_like.statement || m_likeColumns != columns || m_likeColumn != column) {
-        m_like = {};
-        const QByteArray condition = "rowid <= ?1 AND qlon_like(" + SalesColumnNames[column].toByteArray() + ", ?2)";
-        m_like.statement = PrepareSqlite(m_database.get(), selectStatement(m_like.choose(columns), condition), m_hostPath);
+        m_like = prepareSelect(columns, "rowid <= ?1 AND qlon_like(" + SalesColumnNames[column].toByteArray() + ", ?2)");
         m_likeColumns = columns;
         m_likeColumn = column;
     }

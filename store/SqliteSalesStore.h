@@ -49,6 +49,7 @@ public:
     qint64 CountRows() override;
     // By rowid, and with the LIKE test inside SQLite's walk of the table.
     SalesRowsMark MarkRows() override;
+    void SelectMarked(const SalesRowsMark &mark, const SalesVisitor &visit) override;
     void SelectLike(
         const SalesRowsMark &mark, SalesColumn column, QByteArrayView pattern, SalesColumns columns, const SalesVisitor &visit) override;
 
@@ -67,7 +68,8 @@ private:
 
     SqliteDatabase openForReading();
     void checkSalesTable() const;
-    Select prepareSelect(SalesColumns columns, QByteArrayView condition) const;
+    Select prepareSelect(SalesColumns columns, QByteArrayView condition = {}) const;
+    Select prepareSpanSelect(SalesColumns columns) const;
     void walk(const Select &select, const SalesVisitor &visit);
     void readRow(const Select &select);
     void readValue(sqlite3_stmt *statement, int at, SalesColumn column);
@@ -80,6 +82,7 @@ private:
     QString m_hostPath;
     SqliteDatabase m_database;
     Select m_all;
+    Select m_marked;
     Select m_span;
     SalesColumns m_spanColumns;
     Select m_like;

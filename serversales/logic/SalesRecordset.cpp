@@ -12,7 +12,7 @@ void SalesRecordset::open(Connect connect)
     m_open = false;
     m_rows.reset();
     m_current = 0;
-    m_rowsAtOpening = m_connect()->CountRows();
+    m_rowsAtOpening = m_connect()->MarkRows();
     m_open = true;
 }
 
@@ -30,10 +30,7 @@ std::vector<SalesRow> &SalesRecordset::rows()
         throw RuntimeError(RuntimeError::ObjectClosed);
     if (!m_rows) {
         std::vector<SalesRow> fetched;
-        fetched.reserve(std::size_t(std::max<qint64>(m_rowsAtOpening, 0)));
-        m_connect()->SelectAll([&](const SalesRow &row) {
-            if (qint64(fetched.size()) >= m_rowsAtOpening)
-                return false;
+        m_connect()->SelectMarked(m_rowsAtOpening, [&](const SalesRow &row) {
             fetched.push_back(row);
             return true;
         });
@@ -44,9 +41,7 @@ std::vector<SalesRow> &SalesRecordset::rows()
 
 int SalesRecordset::count()
 {
-    if (!isOpen())
-        throw RuntimeError(RuntimeError::ObjectClosed);
-    return int(m_rows ? qint64(m_rows->size()) : m_rowsAtOpening);
+    return int(rows().size());
 }
 
 const SalesRow &SalesRecordset::row(int index)
@@ -56,6 +51,9 @@ const SalesRow &SalesRecordset::row(int index)
 
 bool SalesRecordset::atEnd()
 {
+    // The mark alone tells whether the first row is there: the opening fetches nothing.
+    if (isOpen() && !m_rows && m_current == 0)
+        return m_rowsAtOpening.empty;
     return m_current >= count();
 }
 
@@ -66,7 +64,7 @@ int SalesRecordset::absolutePosition()
 
 void SalesRecordset::moved(int index)
 {
-    m_current = std::clamp(index, 0, count());
+    m_current = index <= 0 ? 0 : std::min(index, count());
     if (m_heldMoves)
         ++*m_heldMoves;
     else if (m_moved)

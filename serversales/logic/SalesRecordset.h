@@ -12,8 +12,8 @@ namespace qlon {
 // The sales table as a screen's data control holds it: the rows the table had when the control
 // opened, a current row that the grid and the searches move, and changes that stay in memory.
 // The database belongs to the stations and is opened read-only on purpose, so the batch write
-// of the changes is refused. The rows are fetched at their first use, up to the count the
-// table had at the opening: rows the stations add later are not seen.
+// of the changes is refused. The opening marks the rows the table has then, and they are fetched
+// at their first use: rows the stations add later are not seen.
 class SalesRecordset
 {
 public:
@@ -22,7 +22,7 @@ public:
 
     using Connect = std::function<std::unique_ptr<SalesStore>()>;
 
-    // Counts the table's rows now; an error of the store goes to the caller, and the recordset
+    // Marks the table's rows now; an error of the store goes to the caller, and the recordset
     // stays closed.
     void open(Connect connect);
     bool isOpen() const { return m_open; }
@@ -30,7 +30,7 @@ public:
     // opening failed tries the database again.
     void refresh();
 
-    // The rows held, without fetching them: the count the table had at the opening until then.
+    // The rows held, fetched when they haven't been.
     int count();
     const SalesRow &row(int index);
     // The index of the current row; count() past the last.
@@ -67,7 +67,7 @@ private:
 
     Connect m_connect;
     bool m_open = false;
-    qint64 m_rowsAtOpening = 0;
+    SalesRowsMark m_rowsAtOpening;
     std::optional<std::vector<SalesRow>> m_rows;
     int m_current = 0;
     std::function<void()> m_moved;

@@ -2,6 +2,7 @@
 
 #include "core/Conversions.h"
 #include "core/Format.h"
+#include "core/Memo.h"
 
 namespace qlon {
 namespace {
@@ -31,12 +32,14 @@ ServerSales SearchServerSales(SalesStore &store, const SalesRowsMark &loaded, co
     SpanFilter filter(search.span);
     CarriedColumns columns;
     QByteArray roundedPrice;
+    Memo<QByteArray, QByteArray> roundedPrices; // the rows repeat their prices
     ServerSales found;
     store.SelectLike(loaded, EmpNumber, '*' + search.server + '*', ServerSearchColumns, [&](const SalesRow &row) {
         found.visitedAny = true;
         columns.take(row, ServerSearchColumns);
         if (filter.contains(columns[OrderDate], columns[Time])) {
-            roundedPrice = FormattedText(columns[UnitPrice], "#####.##");
+            const QByteArray &unitPrice = columns[UnitPrice];
+            roundedPrice = roundedPrices.get(unitPrice, [&unitPrice] { return FormattedText(unitPrice, "#####.##"); });
             const double price = NumericValue(roundedPrice);
             found.totalSales += price;
             if (isLiquor(columns[ItemType]))

@@ -47,7 +47,9 @@ TEST_F(WorkerSearchesTest, RecordsetKeepsTheRowsOfItsOpeningAndItsChangesInMemor
     EXPECT_EQ(ErrorOf([&] { recordset.refresh(); }).number(), RuntimeError::ObjectClosed);
     // A database that can't be opened leaves the recordset closed, and a refresh tries it again.
     bool reachable = false;
+    int connections = 0;
     const auto connect = [&] {
+        ++connections;
         if (!reachable)
             throw RuntimeError(RuntimeError::FileNotFound);
         return std::make_unique<test::RowsStore>(table);
@@ -57,6 +59,10 @@ TEST_F(WorkerSearchesTest, RecordsetKeepsTheRowsOfItsOpeningAndItsChangesInMemor
     table = {sale("1", "1/1/2004", "A", "F", "1"), sale("1", "1/1/2004", "B", "F", "1"), sale("1", "1/1/2004", "C", "F", "1")};
     reachable = true;
     recordset.refresh();
+    // The opening marks the rows and fetches none: the first row's place needs no fetch.
+    recordset.moveFirst();
+    EXPECT_EQ(recordset.absolutePosition(), 1);
+    EXPECT_EQ(connections, 2);
     int moves = 0;
     recordset.onMove([&] { ++moves; });
     table.push_back(sale("1", "1/1/2004", "Added later", "F", "1"));

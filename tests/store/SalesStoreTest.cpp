@@ -597,6 +597,8 @@ TEST_F(SqliteSalesStoreTest, LikeSelectFindsWhatAWalkOfTheRowsFindsWithinTheMark
             };
             EXPECT_EQ(select(true), select(false)) << pattern << " within " << mark.last;
         }
+        EXPECT_EQ(Collect([&](const SalesVisitor &visit) { store.SelectMarked(mark, visit); }),
+            Collect([&](const SalesVisitor &visit) { store.SalesStore::SelectMarked(mark, visit); }));
     }
     EXPECT_EQ(Collect([&](const SalesVisitor &visit) { store.SelectLike(all, EmpNumber, "*1017*", ColumnsOf({OrderID}), visit); }),
         Texts({"1", "2", "3", "6"}));

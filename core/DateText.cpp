@@ -164,14 +164,27 @@ std::optional<QTime> ToTime(QByteArrayView text)
     return read->time.value_or(QTime(0, 0));
 }
 
+// The two forms are written out here rather than through Format: every sales row read is
+// written in them, and they must stay what Format writes.
+
 QByteArray ShortDate(QDate date)
 {
-    return Format(date, "M/D/YYYY");
+    if (date.year() < 1000 || date.year() > 9999)
+        return Format(date, "M/D/YYYY");
+    QByteArray text;
+    text.reserve(10);
+    text += QByteArray::number(date.month()) + '/' + QByteArray::number(date.day()) + '/' + QByteArray::number(date.year());
+    return text;
 }
 
 QByteArray LongTime(QTime time)
 {
-    return Format(time, "H:MM:SS AMPM");
+    const int hour = time.hour() % 12 == 0 ? 12 : time.hour() % 12;
+    const std::array<char, 11> text{char(hour >= 10 ? '1' : ' '), char('0' + hour % 10), ':', char('0' + time.minute() / 10),
+        char('0' + time.minute() % 10), ':', char('0' + time.second() / 10), char('0' + time.second() % 10), ' ',
+        time.hour() < 12 ? 'A' : 'P', 'M'};
+    const qsizetype start = hour >= 10 ? 0 : 1;
+    return QByteArray(text.data() + start, qsizetype(text.size()) - start);
 }
 
 } // namespace qlon

@@ -1,5 +1,7 @@
 #include "platform/spooler/PrintSpooler.h"
 
+#include <QLibrary>
+
 #include <cups/cups.h>
 
 #include <algorithm>
@@ -8,29 +10,69 @@ namespace qlon {
 
 namespace {
 
+// CUPS and the libraries it brings cost a sixth of the program's start-up, and only the printer
+// status screen talks to the spooler: the library is loaded when it first does.
+class CupsLibrary
+{
+public:
+    CupsLibrary()
+        : m_library(QStringLiteral("cups"), 2)
+    {
+        getDests = resolve<decltype(&cupsGetDests)>("cupsGetDests");
+        freeDests = resolve<decltype(&cupsFreeDests)>("cupsFreeDests");
+        getOption = resolve<decltype(&cupsGetOption)>("cupsGetOption");
+        getJobs = resolve<decltype(&cupsGetJobs)>("cupsGetJobs");
+        freeJobs = resolve<decltype(&cupsFreeJobs)>("cupsFreeJobs");
+    }
+
+    bool loaded() const { return getDests && freeDests && getOption && getJobs && freeJobs; }
+
+    decltype(&cupsGetDests) getDests = nullptr;
+    decltype(&cupsFreeDests) freeDests = nullptr;
+    decltype(&cupsGetOption) getOption = nullptr;
+    decltype(&cupsGetJobs) getJobs = nullptr;
+    decltype(&cupsFreeJobs) freeJobs = nullptr;
+
+private:
+    template<typename Function>
+    Function resolve(const char *name)
+    {
+        return reinterpret_cast<Function>(m_library.resolve(name));
+    }
+
+    QLibrary m_library;
+};
+
+// A system without CUPS has no printers and no queues.
 class CupsSpooler : public PrintSpooler
 {
 public:
     QList<SystemPrinter> printers() override
     {
+        const CupsLibrary &cups = library();
+        if (!cups.loaded())
+            return {};
         cups_dest_t *dests = nullptr;
-        const int count = cupsGetDests(&dests);
+        const int count = cups.getDests(&dests);
         QList<SystemPrinter> found;
         for (int index = 0; index < count; ++index) {
             const cups_dest_t &dest = dests[index];
             if (dest.instance)
                 continue;
-            const char *uri = cupsGetOption("device-uri", dest.num_options, dest.options);
+            const char *uri = cups.getOption("device-uri", dest.num_options, dest.options);
             found.append({QString::fromUtf8(dest.name), uri ? QString::fromUtf8(uri) : QString()});
         }
-        cupsFreeDests(count, dests);
+        cups.freeDests(count, dests);
         return found;
     }
 
     QList<PrintJob> jobs(const QString &deviceName, int limit) override
     {
+        const CupsLibrary &cups = library();
+        if (!cups.loaded())
+            return {};
         cups_job_t *cupsJobs = nullptr;
-        const int count = cupsGetJobs(&cupsJobs, deviceName.toUtf8().constData(), 0, CUPS_WHICHJOBS_ACTIVE);
+        const int count = cups.getJobs(&cupsJobs, deviceName.toUtf8().constData(), 0, CUPS_WHICHJOBS_ACTIVE);
         QList<PrintJob> found;
         for (int index = 0; index < std::min(count, limit); ++index) {
             const cups_job_t &job = cupsJobs[index];
@@ -38,8 +80,15 @@ public:
                 QDateTime::fromSecsSinceEpoch(job.creation_time)});
         }
         if (count > 0)
-            cupsFreeJobs(count, cupsJobs);
+            cups.freeJobs(count, cupsJobs);
         return found;
+    }
+
+private:
+    static const CupsLibrary &library()
+    {
+        static const CupsLibrary cups;
+        return cups;
     }
 };
 

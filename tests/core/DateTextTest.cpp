@@ -1,4 +1,5 @@
 #include "core/DateText.h"
+#include "core/Format.h"
 
 #include <gtest/gtest.h>
 
@@ -128,6 +129,14 @@ TEST(DateTextTest, ShortDateAndLongTimeWriteTheUsForms)
     EXPECT_EQ(LongTime(QTime(0, 0)).toStdString(), "12:00:00 AM");
     EXPECT_EQ(LongTime(QTime(12, 0)).toStdString(), "12:00:00 PM");
     EXPECT_EQ(LongTime(QTime(9, 7, 3)).toStdString(), "9:07:03 AM");
+    // Both are what Format writes, at every second of a day and on every day of two centuries.
+    for (int second = 0; second < 24 * 3600; ++second) {
+        const QTime time = QTime(0, 0).addSecs(second);
+        ASSERT_EQ(LongTime(time), Format(time, "H:MM:SS AMPM")) << second;
+    }
+    for (QDate date(1900, 1, 1); date.year() < 2100; date = date.addDays(1))
+        ASSERT_EQ(ShortDate(date), Format(date, "M/D/YYYY")) << date.toJulianDay();
+    EXPECT_EQ(ShortDate(QDate(999, 12, 31)), Format(QDate(999, 12, 31), "M/D/YYYY"));
 }
 
 TEST(DateTextTest, WrittenDatesAndTimesReadBack)

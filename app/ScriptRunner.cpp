@@ -13,6 +13,7 @@
 #include <QFocusEvent>
 #include <QLayout>
 #include <QRegularExpression>
+#include <QTimer>
 
 #include <optional>
 
@@ -104,10 +105,14 @@ QString advance(const QString &seconds)
     return {};
 }
 
+// Sleeps until the next event rather than polling: processEvents with a time limit never waits.
+// The beat wakes it to look again at least every 50 ms.
 void waitUntilIdle()
 {
+    QTimer beat;
+    beat.start(50);
     while (RunningHandlers() > 0 || PendingTimers() > 0)
-        QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
+        QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
     QApplication::processEvents();
 }
 

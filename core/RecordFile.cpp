@@ -44,16 +44,27 @@ qint64 RecordFile::positionOf(qint64 number) const
 
 QByteArray RecordFile::GetRecord(qint64 number)
 {
-    QByteArray record;
-    if (moveTo(file(), positionOf(number)))
-        record = file().read(m_recordSize);
-    return PadOrCut(record, m_recordSize);
+    return GetRecords(number, 1);
 }
 
 void RecordFile::PutRecord(qint64 number, QByteArrayView record)
 {
-    const QByteArray bytes = PadOrCut(record, m_recordSize);
-    if (!moveTo(file(), positionOf(number)) || file().write(bytes) != bytes.size())
+    PutRecords(number, PadOrCut(record, m_recordSize));
+}
+
+QByteArray RecordFile::GetRecords(qint64 first, int count)
+{
+    const qint64 length = qint64(count) * m_recordSize;
+    QByteArray records;
+    if (moveTo(file(), positionOf(first)))
+        records = file().read(length);
+    records.append(length - records.size(), ' ');
+    return records;
+}
+
+void RecordFile::PutRecords(qint64 first, QByteArrayView records)
+{
+    if (!moveTo(file(), positionOf(first)) || file().write(records.data(), records.size()) != records.size())
         throw RuntimeError(RuntimeError::PermissionDenied, hostPath());
 }
 

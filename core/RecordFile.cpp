@@ -44,7 +44,9 @@ qint64 RecordFile::positionOf(qint64 number) const
 
 QByteArray RecordFile::GetRecord(qint64 number)
 {
-    return GetRecords(number, 1);
+    QByteArray record;
+    GetRecords(number, 1, record);
+    return record;
 }
 
 void RecordFile::PutRecord(qint64 number, QByteArrayView record)
@@ -52,14 +54,13 @@ void RecordFile::PutRecord(qint64 number, QByteArrayView record)
     PutRecords(number, PadOrCut(record, m_recordSize));
 }
 
-QByteArray RecordFile::GetRecords(qint64 first, int count)
+void RecordFile::GetRecords(qint64 first, int count, QByteArray &records)
 {
-    const qint64 length = qint64(count) * m_recordSize;
-    QByteArray records;
+    records.resize(qint64(count) * m_recordSize);
+    qint64 length = 0;
     if (moveTo(file(), positionOf(first)))
-        records = file().read(length);
-    records.append(length - records.size(), ' ');
-    return records;
+        length = qMax<qint64>(file().read(records.data(), records.size()), 0);
+    std::fill(records.begin() + length, records.end(), ' ');
 }
 
 void RecordFile::PutRecords(qint64 first, QByteArrayView records)

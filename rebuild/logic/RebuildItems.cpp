@@ -123,13 +123,13 @@ void RebuildItems::gatherFile(const CatalogueFile &files, Group group, bool show
         m_display.setProgressRange(0, count + 1);
     for (qint32 first = 1; first <= count; first += recordsPerRead) {
         const int inBlock = qMin(recordsPerRead, count - first + 1);
-        const QByteArray itemBlock = items.GetRecords(first, inBlock);
-        const QByteArray recipeBlock = recipes.GetRecords(first, inBlock);
+        items.GetRecords(first, inBlock, m_itemBlock);
+        recipes.GetRecords(first, inBlock, m_recipeBlock);
         for (int index = 0; index < inBlock; ++index) {
             if (showRecordProgress)
                 m_display.setProgress(first + index);
-            gatherRecord(QByteArrayView(itemBlock).sliced(qsizetype(index) * ItemRec500::size, ItemRec500::size),
-                QByteArrayView(recipeBlock).sliced(qsizetype(index) * IvmRec1000::size, IvmRec1000::size), group);
+            gatherRecord(QByteArrayView(m_itemBlock).sliced(qsizetype(index) * ItemRec500::size, ItemRec500::size),
+                QByteArrayView(m_recipeBlock).sliced(qsizetype(index) * IvmRec1000::size, IvmRec1000::size), group);
         }
         writePending();
     }

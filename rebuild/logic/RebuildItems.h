@@ -52,6 +52,9 @@ private:
     void writePending();
 
     RebuildDisplay m_display;
+    // The block of source records in hand, their buffers serving from block to block.
+    QByteArray m_itemBlock;
+    QByteArray m_recipeBlock;
     std::optional<PendingRecords> m_items;
     std::optional<PendingRecords> m_recipes;
     std::optional<PendingRecords> m_listItems;

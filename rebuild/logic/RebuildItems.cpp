@@ -73,7 +73,6 @@ void RebuildItems::Run()
     m_listItems.emplace(listItems);
 
     m_itemCount = 0;
-    m_listCount = 0;
     gatherButtons();
     gatherLiquor();
     gatherRetail();
@@ -161,8 +160,7 @@ void RebuildItems::writeItem(const QByteArray &item, QByteArrayView recipe, Grou
     m_recipes->append(recipe);
     if (group == Group::Food)
         AppendQuotedLine(m_pendingTitles, {ItemRec500(item).trimmedField(ItemRec500::ButtonTitle)});
-    // Every group lists its items for Load List.
-    ++m_listCount;
+    // Every group lists its items for Load List, so the list's count keeps step with the item count.
     m_listItems->append(item);
     m_display.showItemCount(m_itemCount);
     m_display.pause();

@@ -9,7 +9,6 @@
 
 namespace qlon {
 
-class RecordFile;
 class TextFile;
 struct CatalogueFile;
 
@@ -61,7 +60,6 @@ private:
     TextFile *m_titles = nullptr;
     QByteArray m_pendingTitles;
     qint32 m_itemCount = 0;
-    qint32 m_listCount = 0;
 };
 
 } // namespace qlon

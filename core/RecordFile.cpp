@@ -45,15 +45,27 @@ qint64 RecordFile::positionOf(qint64 number) const
 QByteArray RecordFile::GetRecord(qint64 number)
 {
     QByteArray record;
-    if (moveTo(file(), positionOf(number)))
-        record = file().read(m_recordSize);
-    return PadOrCut(record, m_recordSize);
+    GetRecords(number, 1, record);
+    return record;
 }
 
 void RecordFile::PutRecord(qint64 number, QByteArrayView record)
 {
-    const QByteArray bytes = PadOrCut(record, m_recordSize);
-    if (!moveTo(file(), positionOf(number)) || file().write(bytes) != bytes.size())
+    PutRecords(number, PadOrCut(record, m_recordSize));
+}
+
+void RecordFile::GetRecords(qint64 first, int count, QByteArray &records)
+{
+    records.resize(qint64(count) * m_recordSize);
+    qint64 length = 0;
+    if (moveTo(file(), positionOf(first)))
+        length = qMax<qint64>(file().read(records.data(), records.size()), 0);
+    std::fill(records.begin() + length, records.end(), ' ');
+}
+
+void RecordFile::PutRecords(qint64 first, QByteArrayView records)
+{
+    if (!moveTo(file(), positionOf(first)) || file().write(records.data(), records.size()) != records.size())
         throw RuntimeError(RuntimeError::PermissionDenied, hostPath());
 }
 

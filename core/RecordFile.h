@@ -23,6 +23,11 @@ public:
     QByteArray GetRecord(qint64 number);
     // Past the end the file grows. The record is cut or filled up to the record size.
     void PutRecord(qint64 number, QByteArrayView record);
+    // `count` records from `first` on in one read, into `records`, whose buffer serves again: what
+    // GetRecord gives for each, one after another.
+    void GetRecords(qint64 first, int count, QByteArray &records);
+    // Whole records one after another from `first` on, in one write: what PutRecord does for each.
+    void PutRecords(qint64 first, QByteArrayView records);
 
 private:
     qint64 positionOf(qint64 number) const;

@@ -10,9 +10,14 @@ void Yield()
         QCoreApplication::processEvents(QEventLoop::AllEvents);
 }
 
+bool YieldClock::isDue() const
+{
+    return !m_sinceYield.isValid() || m_sinceYield.elapsed() >= m_interval;
+}
+
 void YieldClock::operator()()
 {
-    if (m_sinceYield.isValid() && m_sinceYield.elapsed() < m_interval)
+    if (!isDue())
         return;
     Yield();
     m_sinceYield.start();

@@ -22,8 +22,10 @@ public:
     {
     }
 
-    // Yields when the interval has passed since the last yield, or when none was made yet.
+    // Yields when due.
     void operator()();
+    // The interval has passed since the last yield, or none was made yet.
+    bool isDue() const;
     // The next call yields.
     void restart() { m_sinceYield.invalidate(); }
 

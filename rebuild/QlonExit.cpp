@@ -1,6 +1,7 @@
 #include "rebuild/QlonExit.h"
 
 #include "core/Yield.h"
+#include "rebuild/LatestProgress.h"
 #include "rebuild/logic/RebuildItems.h"
 #include "ui/Controls.h"
 #include "ui/Program.h"
@@ -60,11 +61,16 @@ void QlonExit::Form_Load()
 void QlonExit::Timer1_Timer()
 {
     Label3->setText(QStringLiteral("Building Data"));
+    LatestProgress progress(ProgressBar1, Label2);
     RebuildItems run({
-        [this](int minimum, int maximum) { ProgressBar1->setRange(minimum, maximum); },
-        [this](int value) { ProgressBar1->setValue(value); },
-        [this](int count) { Label2->setText(QString::number(count)); },
-        [this] { m_pause(); },
+        [&progress](int minimum, int maximum) { progress.setRange(minimum, maximum); },
+        [&progress](int value) { progress.setValue(value); },
+        [&progress](int count) { progress.setCount(count); },
+        [this, &progress] {
+            if (m_pause.isDue())
+                progress.show();
+            m_pause();
+        },
     });
     run.Run();
     close();

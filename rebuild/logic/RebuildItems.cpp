@@ -14,6 +14,10 @@ namespace qlon {
 
 namespace {
 
+// Source records are read in blocks of this many, and the items gathered from a block are
+// written together.
+constexpr int recordsPerRead = 512;
+
 enum FileNumber { ItemsNumber = 1, RecipesNumber, ListItemsNumber, TitlesNumber, SourceItemsNumber, SourceRecipesNumber };
 
 const QByteArray tempItems = QByteArrayLiteral("Temp\\TempInv.dat");
@@ -58,20 +62,22 @@ void RebuildItems::Run()
     for (const QByteArray &file : {tempItems, tempRecipes, tempListItems})
         emptyFile(file);
 
-    m_items = &Files().OpenRandom(ItemsNumber, hostPathUnderDataRoot(tempItems), ItemRec500::size);
-    m_recipes = &Files().OpenRandom(RecipesNumber, hostPathUnderDataRoot(tempRecipes), IvmRec1000::size);
-    m_listItems = &Files().OpenRandom(ListItemsNumber, hostPathUnderDataRoot(tempListItems), ItemRec500::size);
-    for (RecordFile *file : {m_items, m_recipes, m_listItems})
+    RecordFile &items = Files().OpenRandom(ItemsNumber, hostPathUnderDataRoot(tempItems), ItemRec500::size);
+    RecordFile &recipes = Files().OpenRandom(RecipesNumber, hostPathUnderDataRoot(tempRecipes), IvmRec1000::size);
+    RecordFile &listItems = Files().OpenRandom(ListItemsNumber, hostPathUnderDataRoot(tempListItems), ItemRec500::size);
+    for (RecordFile *file : {&items, &recipes, &listItems})
         file->LockAll();
     m_titles = &Files().OpenText(TitlesNumber, HostPath(titleList), TextFile::Mode::Output);
+    m_items.emplace(items);
+    m_recipes.emplace(recipes);
+    m_listItems.emplace(listItems);
 
     m_itemCount = 0;
-    m_listCount = 0;
     gatherButtons();
     gatherLiquor();
     gatherRetail();
 
-    for (RecordFile *file : {m_items, m_recipes, m_listItems})
+    for (RecordFile *file : {&items, &recipes, &listItems})
         file->UnlockAll();
     CloseAll();
 }
@@ -114,40 +120,59 @@ void RebuildItems::gatherFile(const CatalogueFile &files, Group group, bool show
     const qint32 count = items.CountRecords();
     if (showRecordProgress)
         m_display.setProgressRange(0, count + 1);
-    const FreeSlotRule rule = group == Group::Food ? FreeSlotRule::ButtonRebuild
-        : group == Group::Liquor                   ? FreeSlotRule::DrinkRebuild
-                                                   : FreeSlotRule::RetailRebuild;
-    for (qint32 number = 1; number <= count; ++number) {
-        if (showRecordProgress)
-            m_display.setProgress(number);
-        ItemRec500 item(items.GetRecord(number));
-        const QByteArray recipe = recipes.GetRecord(number);
-        item.setField(ItemRec500::ButtonTitle, item.trimmedField(ItemRec500::ButtonTitle));
-        if (item.isFree(rule))
-            continue;
-        // A blank Department stays blank: the old test compared the fixed field, never empty, with "".
-        if (group == Group::Retail) {
-            item.setField(ItemRec500::Department, "Retail");
-            item.setField(ItemRec500::ButtonTitle, item.field(ItemRec500::KitchenText));
+    for (qint32 first = 1; first <= count; first += recordsPerRead) {
+        const int inBlock = qMin(recordsPerRead, count - first + 1);
+        items.GetRecords(first, inBlock, m_itemBlock);
+        recipes.GetRecords(first, inBlock, m_recipeBlock);
+        for (int index = 0; index < inBlock; ++index) {
+            if (showRecordProgress)
+                m_display.setProgress(first + index);
+            gatherRecord(QByteArrayView(m_itemBlock).sliced(qsizetype(index) * ItemRec500::size, ItemRec500::size),
+                QByteArrayView(m_recipeBlock).sliced(qsizetype(index) * IvmRec1000::size, IvmRec1000::size), group);
         }
-        writeItem(item.bytes(), recipe, group);
+        writePending();
     }
     Files().Close(SourceItemsNumber);
     Files().Close(SourceRecipesNumber);
 }
 
-void RebuildItems::writeItem(const QByteArray &item, const QByteArray &recipe, Group group)
+void RebuildItems::gatherRecord(QByteArrayView itemBytes, QByteArrayView recipe, Group group)
+{
+    const FreeSlotRule rule = group == Group::Food ? FreeSlotRule::ButtonRebuild
+        : group == Group::Liquor                   ? FreeSlotRule::DrinkRebuild
+                                                   : FreeSlotRule::RetailRebuild;
+    ItemRec500 item(itemBytes);
+    item.setField(ItemRec500::ButtonTitle, item.trimmedField(ItemRec500::ButtonTitle));
+    if (item.isFree(rule))
+        return;
+    // A blank Department stays blank: the old test compared the fixed field, never empty, with "".
+    if (group == Group::Retail) {
+        item.setField(ItemRec500::Department, "Retail");
+        item.setField(ItemRec500::ButtonTitle, item.field(ItemRec500::KitchenText));
+    }
+    writeItem(item.bytes(), recipe, group);
+}
+
+void RebuildItems::writeItem(const QByteArray &item, QByteArrayView recipe, Group group)
 {
     ++m_itemCount;
-    m_items->PutRecord(m_itemCount, item);
-    m_recipes->PutRecord(m_itemCount, recipe);
+    m_items->append(item);
+    m_recipes->append(recipe);
     if (group == Group::Food)
-        m_titles->WriteFields({ItemRec500(item).trimmedField(ItemRec500::ButtonTitle)});
-    // Every group lists its items for Load List.
-    ++m_listCount;
-    m_listItems->PutRecord(m_listCount, item);
+        AppendQuotedLine(m_pendingTitles, {ItemRec500(item).trimmedField(ItemRec500::ButtonTitle)});
+    // Every group lists its items for Load List, so the list's count keeps step with the item count.
+    m_listItems->append(item);
     m_display.showItemCount(m_itemCount);
     m_display.pause();
+}
+
+void RebuildItems::writePending()
+{
+    m_items->write();
+    m_recipes->write();
+    m_titles->WriteLines(m_pendingTitles);
+    m_pendingTitles.resize(0);
+    m_listItems->write();
 }
 
 } // namespace qlon

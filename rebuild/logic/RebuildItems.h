@@ -1,12 +1,14 @@
 #pragma once
 
+#include "rebuild/logic/PendingRecords.h"
+
 #include <QByteArray>
 
 #include <functional>
+#include <optional>
 
 namespace qlon {
 
-class RecordFile;
 class TextFile;
 struct CatalogueFile;
 
@@ -43,15 +45,21 @@ private:
     // Gathers the live records of one pair of files; the count shows on the progress bar when
     // `showRecordProgress` is set.
     void gatherFile(const CatalogueFile &files, Group group, bool showRecordProgress);
-    void writeItem(const QByteArray &item, const QByteArray &recipe, Group group);
+    void gatherRecord(QByteArrayView itemBytes, QByteArrayView recipe, Group group);
+    void writeItem(const QByteArray &item, QByteArrayView recipe, Group group);
+    // Hands the items gathered since the last call to the output files.
+    void writePending();
 
     RebuildDisplay m_display;
-    RecordFile *m_items = nullptr;
-    RecordFile *m_recipes = nullptr;
-    RecordFile *m_listItems = nullptr;
+    // The block of source records in hand, their buffers serving from block to block.
+    QByteArray m_itemBlock;
+    QByteArray m_recipeBlock;
+    std::optional<PendingRecords> m_items;
+    std::optional<PendingRecords> m_recipes;
+    std::optional<PendingRecords> m_listItems;
     TextFile *m_titles = nullptr;
+    QByteArray m_pendingTitles;
     qint32 m_itemCount = 0;
-    qint32 m_listCount = 0;
 };
 
 } // namespace qlon

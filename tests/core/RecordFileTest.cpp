@@ -101,6 +101,34 @@ TEST(RecordFileTest, ADamagedFileReadsAsItsRoundedCountSays)
     EXPECT_THROW(file.GetRecord(0), RuntimeError);
 }
 
+// Runs of records read or written in one go give what the same records one at a time give, over
+// a damaged end and past it.
+TEST(RecordFileTest, RunsOfRecordsEqualRecordAtATime)
+{
+    test::TempSite site;
+    QByteArray stored;
+    for (int step = 0; step < 1750; ++step)
+        stored += char('a' + step % 26);
+    RecordFile file(site.write(QStringLiteral("run.dat"), stored), 500);
+    QByteArray run;
+    for (const auto &[first, count] : {std::pair{1, 4}, {2, 2}, {3, 5}, {7, 3}, {1, 1}}) {
+        QByteArray oneAtATime;
+        for (int number = first; number < first + count; ++number)
+            oneAtATime += file.GetRecord(number);
+        file.GetRecords(first, count, run);
+        EXPECT_EQ(run, oneAtATime) << first << " " << count;
+    }
+
+    const QByteArray records = QByteArray(500, 'x') + QByteArray(500, 'y');
+    file.PutRecords(6, records);
+    file.close();
+    RecordFile oneAtATime(site.write(QStringLiteral("single.dat"), stored), 500);
+    oneAtATime.PutRecord(6, records.first(500));
+    oneAtATime.PutRecord(7, records.sliced(500));
+    oneAtATime.close();
+    EXPECT_EQ(site.read(QStringLiteral("run.dat")), site.read(QStringLiteral("single.dat")));
+}
+
 TEST(RecordFileTest, AMissingFolderFailsWithPathNotFound)
 {
     test::TempSite site;

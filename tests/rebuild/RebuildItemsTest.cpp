@@ -38,6 +38,42 @@ QByteArray itemTitleWithTrimmedTitle(const ItemRec500 &source)
     return rebuilt.bytes();
 }
 
+// The merged files as the rules read, one record at a time.
+struct MergedFiles
+{
+    QByteArray items;
+    QByteArray recipes;
+    QByteArray titles;
+};
+
+enum class SourceGroup { Food, Liquor, Retail };
+
+void mergeRecordAtATime(MergedFiles &merged, const QString &itemsPath, const QString &recipesPath, SourceGroup group)
+{
+    RecordFile items(itemsPath, ItemRec500::size);
+    RecordFile recipes(recipesPath, IvmRec1000::size);
+    QByteArrayList freeTitles{"", "Avaliable"};
+    if (group != SourceGroup::Retail)
+        freeTitles.append("Available");
+    if (group == SourceGroup::Liquor)
+        freeTitles.append("-");
+    for (qint32 number = 1; number <= items.CountRecords(); ++number) {
+        ItemRec500 item(items.GetRecord(number));
+        const QByteArray title = item.trimmedField(ItemRec500::ButtonTitle);
+        if (freeTitles.contains(title))
+            continue;
+        item.setField(ItemRec500::ButtonTitle, title);
+        if (group == SourceGroup::Retail) {
+            item.setField(ItemRec500::Department, "Retail");
+            item.setField(ItemRec500::ButtonTitle, item.field(ItemRec500::KitchenText));
+        }
+        merged.items += item.bytes();
+        merged.recipes += recipes.GetRecord(number);
+        if (group == SourceGroup::Food)
+            merged.titles += '"' + title + "\"\r\n";
+    }
+}
+
 class RebuildItemsTest : public ::testing::Test
 {
 protected:
@@ -172,6 +208,41 @@ TEST_F(RebuildItemsTest, MissingOrShortRecipeFiles)
     EXPECT_EQ(recipes[1], QByteArray(1000, ' ')) << "behind the end of a short recipe file the rows are empty";
     EXPECT_TRUE(QFileInfo::exists(site.hostPath(QStringLiteral("Quillon/data/RetailItems.IVM"))))
         << "the retail recipe file comes into being";
+}
+
+// Source records are read and merged records written in blocks; the files equal those of a
+// record-at-a-time merge, across the blocks' edges, a damaged end and a short recipe file.
+TEST_F(RebuildItemsTest, BlocksGiveWhatRecordAtATimeGives)
+{
+    const QByteArrayList titles{" Steak ", "Avaliable", "Available", "", "-", "Soup", "Eighteen characters"};
+    const auto catalogue = [&](int count) {
+        QList<ItemRec500> items;
+        for (int number = 1; number <= count; ++number)
+            items.append(item({.title = titles[number % titles.size()] + (number % 5 ? "" : " " + QByteArray::number(number)),
+                .department = number % 4 ? "Food" : "",
+                .kitchenText = "kitchen " + QByteArray::number(number)}));
+        return items;
+    };
+    writeCatalogue(QStringLiteral("ini/Button0.dat"), catalogue(1300));
+    writeCatalogue(QStringLiteral("ini/2/Button7.dat"), catalogue(513));
+    site.write(QStringLiteral("Quillon/ini/Button0.IVM"), site.read(QStringLiteral("Quillon/ini/Button0.IVM")).first(900 * 1000 + 1));
+    writeCatalogue(QStringLiteral("data/BeerDraft.dat"), catalogue(600));
+    site.write(QStringLiteral("Quillon/data/BeerDraft.dat"), site.read(QStringLiteral("Quillon/data/BeerDraft.dat")) + "damaged end");
+    writeCatalogue(QStringLiteral("data/RetailItems.dat"), catalogue(1025), false);
+
+    MergedFiles expected;
+    for (const auto &[items, group] : {std::pair{"ini/Button0.dat", SourceGroup::Food}, {"ini/2/Button7.dat", SourceGroup::Food},
+             {"data/BeerDraft.dat", SourceGroup::Liquor}, {"data/RetailItems.dat", SourceGroup::Retail}}) {
+        const QString path = site.hostPath(QStringLiteral("Quillon/") + QLatin1String(items));
+        mergeRecordAtATime(expected, path, path.chopped(3) + QStringLiteral("IVM"), group);
+    }
+    rebuild();
+
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempInv.dat")), expected.items);
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempInvLB.DAT")), expected.items);
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/TempInv.IVM")), expected.recipes);
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Temp/tList1.dat")), expected.titles);
+    EXPECT_EQ(shownCount, expected.items.size() / ItemRec500::size);
 }
 
 TEST_F(RebuildItemsTest, NoSourceFileIsEverWritten)

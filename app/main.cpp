@@ -14,6 +14,7 @@
 #include "ui/Dialogs.h"
 #include "ui/Program.h"
 #include "ui/ScreenRegistry.h"
+#include "ui/SharedIconsStyle.h"
 #include "ui/SiteChooser.h"
 
 #include <QApplication>
@@ -135,6 +136,7 @@ int main(int argc, char *argv[])
             qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QApplication application(argc, argv);
+    QApplication::setStyle(new qlon::SharedIconsStyle);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/qlon.png")));
     QTextStream out(stdout);
     QTextStream err(stderr);

@@ -137,7 +137,9 @@ int main(int argc, char *argv[])
     }
     QApplication application(argc, argv);
     QApplication::setStyle(new qlon::SharedIconsStyle);
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/qlon.png")));
+    // Decoding the icon is a part of a scripted run's start worth saving where no window shows.
+    if (QGuiApplication::platformName() != QLatin1String("offscreen"))
+        QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/qlon.png")));
     QTextStream out(stdout);
     QTextStream err(stderr);
 

@@ -31,25 +31,25 @@ ServerSales SearchServerSales(SalesStore &store, const SalesRowsMark &loaded, co
 {
     SpanFilter filter(search.span);
     CarriedColumns columns;
-    QByteArray roundedPrice;
-    Memo<QByteArray, QByteArray> roundedPrices; // the rows repeat their prices
+    // The price of the last row in the span, rounded, and each distinct price's: rows repeat them.
+    double roundedPrice = 0;
+    Memo<QByteArray, double> roundedPrices;
     ServerSales found;
     store.SelectLike(loaded, EmpNumber, '*' + search.server + '*', ServerSearchColumns, [&](const SalesRow &row) {
         found.visitedAny = true;
         columns.take(row, ServerSearchColumns);
         if (filter.contains(columns[OrderDate], columns[Time])) {
             const QByteArray &unitPrice = columns[UnitPrice];
-            roundedPrice = roundedPrices.get(unitPrice, [&unitPrice] { return FormattedText(unitPrice, "#####.##"); });
-            const double price = NumericValue(roundedPrice);
-            found.totalSales += price;
+            roundedPrice = roundedPrices.get(unitPrice, [&unitPrice] { return NumericValue(FormattedText(unitPrice, "#####.##")); });
+            found.totalSales += roundedPrice;
             if (isLiquor(columns[ItemType]))
-                found.liquorSales += price;
+                found.liquorSales += roundedPrice;
             found.accepted.push_back(
                 {columns[EmpNumber], columns[OrderDate], columns[Item], columns[UnitPrice], columns[ItemType], columns[Time]});
         }
         // Deliberately for every visited row: a row outside the span adds the price of the last
         // row in it.
-        tally(table, search.departmentBound, columns[ItemType], NumericValue(roundedPrice), NumericValue(columns[Quantity]));
+        tally(table, search.departmentBound, columns[ItemType], roundedPrice, NumericValue(columns[Quantity]));
         return true;
     });
     return found;

@@ -47,6 +47,19 @@ TEST(ConversionsTest, NumericValueOfANumberBeyondDoubleRangeIsZero)
     EXPECT_EQ(NumericValue(QByteArray(400, '9')), 0);
 }
 
+// A plain decimal form is read directly; behind a blank, the same form takes the walk.
+TEST(ConversionsTest, PlainDecimalsReadAsTheWalkReadsThem)
+{
+    for (const char *text : {"12.5", "-0.25", "5.", ".5", "-.5", "-", "", ".", "007", "0.1", "-0", "123456789012345678901234567890",
+             "0.30000000000000004", "1.2.3", "4.5x"}) {
+        const double direct = NumericValue(text);
+        const double walked = NumericValue(' ' + QByteArray(text));
+        EXPECT_EQ(std::signbit(direct), std::signbit(walked)) << text;
+        EXPECT_EQ(direct, walked) << text;
+    }
+    EXPECT_EQ(NumericValue(QByteArray(400, '9') + ".5"), 0);
+}
+
 TEST(ConversionsTest, ToNumberAcceptsOnlyAWholeNumber)
 {
     const struct

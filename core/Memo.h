@@ -4,8 +4,8 @@
 #include <QHash>
 
 #include <algorithm>
-#include <optional>
 #include <type_traits>
+#include <utility>
 
 namespace qlon {
 
@@ -22,16 +22,19 @@ public:
     template<typename Compute>
     const Value &get(const Key &key, Compute &&compute)
     {
-        if (m_last && m_last->first == key)
-            return m_last->second;
+        if (m_lastKey && *m_lastKey == key)
+            return *m_lastValue;
         auto known = m_values.constFind(key);
         if (known == m_values.constEnd()) {
+            // Read before the memo forgets: a reading that fails leaves the last entry in place.
+            Value value = compute();
             if (m_values.size() >= limit)
                 m_values.clear();
-            known = m_values.insert(owned(key), compute());
+            known = m_values.insert(owned(key), std::move(value));
         }
-        m_last.emplace(known.key(), known.value());
-        return m_last->second;
+        m_lastKey = &known.key();
+        m_lastValue = &known.value();
+        return *m_lastValue;
     }
 
 private:
@@ -46,7 +49,11 @@ private:
     }
 
     QHash<Key, Value> m_values;
-    std::optional<std::pair<Key, Value>> m_last; // shares the kept key and value
+    // The entry the last call gave, where the hash keeps it, so that no key or value is copied for a
+    // key that repeats: each insertion, which may move the entries, sets it anew. A copy of the
+    // memo shares the hash until it inserts, and so points into a hash it holds.
+    const Key *m_lastKey = nullptr;
+    const Value *m_lastValue = nullptr;
 };
 
 } // namespace qlon

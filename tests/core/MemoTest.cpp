@@ -27,6 +27,24 @@ TEST(MemoTest, ComputesEachKeyOnceAndKeepsItsOwnCopyOfRawKeys)
     EXPECT_EQ(computed, 2);
 }
 
+// Rows in time order repeat the key of the row before: it answers as any other key, also while
+// the memo grows and moves its entries.
+TEST(MemoTest, TheKeyOfTheCallBeforeAnswersAsTheMemoGrows)
+{
+    Memo<QByteArray, int> memo;
+    int computed = 0;
+    for (int key = 0; key < 1000; ++key) {
+        const QByteArray text = QByteArray::number(key);
+        const auto compute = [&] {
+            ++computed;
+            return key;
+        };
+        ASSERT_EQ(memo.get(text, compute), key);
+        ASSERT_EQ(memo.get(text, compute), key) << "the key of the call before";
+    }
+    EXPECT_EQ(computed, 1000);
+}
+
 TEST(MemoTest, ForgetsAllPastItsLimitAndStillAnswers)
 {
     Memo<int, int> memo;

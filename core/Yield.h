@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QElapsedTimer>
+#include <QtGlobal>
+
+#include <optional>
 
 namespace qlon {
 
@@ -25,10 +27,10 @@ public:
     // Yields when the interval has passed since the last yield, or when none was made yet.
     void operator()();
     // The next call yields.
-    void restart() { m_sinceYield.invalidate(); }
+    void restart() { m_lastYield.reset(); }
 
 private:
-    QElapsedTimer m_sinceYield;
+    std::optional<qint64> m_lastYield; // on the coarse clock, in milliseconds
     int m_interval;
 };
 

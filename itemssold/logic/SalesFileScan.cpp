@@ -11,7 +11,9 @@
 #include "store/MonthlySales.h"
 #include "store/SiteConfig.h"
 
-#include <QHash>
+#include <string>
+#include <string_view>
+#include <unordered_map>
 
 namespace qlon {
 
@@ -44,6 +46,19 @@ QByteArray unowned(QByteArrayView view)
 {
     return QByteArray::fromRawData(view.data(), view.size());
 }
+
+std::string_view textOf(QByteArrayView view)
+{
+    return {view.data(), std::size_t(view.size())};
+}
+
+// Hashes a text and a view of one alike, so that a view finds a text kept as a key. The key's hash
+// is kept with it and compared first: item names of one length seldom reach a comparison of bytes.
+struct TextHash
+{
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+};
 
 // The store's test of a record in step: "/" as the third character of its date.
 bool inStep(QByteArrayView date)
@@ -81,7 +96,7 @@ public:
 private:
     void load(const QByteArrayList &catalogueRows);
     // Notes the row about to be added as the one that counts the name, unless one before does.
-    void firstRowFor(const QByteArray &name);
+    void firstRowFor(QByteArrayView name);
     enum class MonthEnd { Read, Stopped, OutOfStep };
     // The month's records as views of the file's own bytes, as long as every one is in step.
     MonthEnd readInStep(const QString &path, const QByteArray &modeLetter);
@@ -101,7 +116,7 @@ private:
     ScanLimits m_limits;
     ScanProgress &m_progress;
     // The first row of each trimmed name: what a walk of the table from the top finds first.
-    QHash<QByteArray, int> m_firstRow;
+    std::unordered_map<std::string, int, TextHash, std::equal_to<>> m_firstRow;
     MonthlyReadings m_readings;
     int m_shownPercent = -1;
 };
@@ -121,10 +136,9 @@ void Scanner::load(const QByteArrayList &catalogueRows)
     result.rows.push_back({});
 }
 
-void Scanner::firstRowFor(const QByteArray &name)
+void Scanner::firstRowFor(QByteArrayView name)
 {
-    if (!m_firstRow.contains(name))
-        m_firstRow.insert(name, int(result.rows.size()));
+    m_firstRow.try_emplace(std::string(textOf(name)), int(result.rows.size()));
 }
 
 // The span's hours bind only its first and last days; the time is read only on those.
@@ -158,9 +172,9 @@ Scanner::Outcome Scanner::take(const MonthlyRecordView &record, const QByteArray
     }
     if (outsideHours(date, record[SoldTime]))
         return Outcome::Dropped;
-    const auto found = m_firstRow.constFind(unowned(WithinBlanks(item)));
-    if (found != m_firstRow.constEnd()) {
-        SoldRow &row = result.rows[*found];
+    const auto found = m_firstRow.find(textOf(WithinBlanks(item)));
+    if (found != m_firstRow.end()) {
+        SoldRow &row = result.rows[found->second];
         row.quantity += m_readings.quantity(unowned(record[SoldQuantity]));
         row.amount += price;
         return Outcome::Counted;

@@ -52,8 +52,7 @@ std::string_view textOf(QByteArrayView view)
     return {view.data(), std::size_t(view.size())};
 }
 
-// Hashes a text and a view of one alike, so that a view finds a text kept as a key. The key's hash
-// is kept with it and compared first: item names of one length seldom reach a comparison of bytes.
+// Hashes a text and a view of one alike, so that a view finds a text kept as a key.
 struct TextHash
 {
     using is_transparent = void;

@@ -9,15 +9,9 @@ namespace qlon {
 namespace {
 constexpr qint64 chunkSize = 64 * 1024;
 
-bool isBlank(char character)
-{
-    return character == ' ' || character == '\t';
-}
-
-bool endsUnquoted(char character)
-{
-    return character == ',' || character == '\r' || character == '\n';
-}
+// Lambdas rather than functions, so that the searches below test each byte inline.
+constexpr auto isBlank = [](char character) { return character == ' ' || character == '\t'; };
+constexpr auto endsUnquoted = [](char character) { return character == ',' || character == '\r' || character == '\n'; };
 } // namespace
 
 FieldReader::FieldReader(QIODevice &device)
@@ -44,12 +38,8 @@ qsizetype FieldReader::ReadFields(std::span<QByteArrayView> fields)
     for (bool fileEnded = false;;) {
         qsizetype position = m_position;
         qsizetype count = 0;
-        while (count < wanted && !(fileEnded && position == m_buffer.size())) {
-            const std::optional<QByteArrayView> field = fieldAt(position, fileEnded);
-            if (!field)
-                break;
-            fields[count++] = *field;
-        }
+        while (count < wanted && !(fileEnded && position == m_buffer.size()) && fieldAt(position, fileEnded, fields[count]))
+            ++count;
         if (count == wanted || fileEnded) {
             m_position = position;
             return count;
@@ -59,7 +49,7 @@ qsizetype FieldReader::ReadFields(std::span<QByteArrayView> fields)
     }
 }
 
-std::optional<QByteArrayView> FieldReader::fieldAt(qsizetype &position, bool fileEnded) const
+bool FieldReader::fieldAt(qsizetype &position, bool fileEnded, QByteArrayView &field) const
 {
     const char *const end = m_buffer.constEnd();
     const char *cursor = std::find_if_not(m_buffer.constBegin() + position, end, isBlank);
@@ -79,11 +69,12 @@ std::optional<QByteArrayView> FieldReader::fieldAt(qsizetype &position, bool fil
     // A field is whole once its separator is in the buffer, or the file has ended; a "\r" at the
     // buffer's end may yet have its "\n".
     if (!fileEnded && (cursor == end || (*cursor == '\r' && cursor + 1 == end)))
-        return std::nullopt;
+        return false;
     if (cursor != end)
         cursor += *cursor == '\r' && cursor + 1 != end && cursor[1] == '\n' ? 2 : 1;
     position = cursor - m_buffer.constBegin();
-    return value;
+    field = value;
+    return true;
 }
 
 bool FieldReader::readMore()

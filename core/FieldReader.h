@@ -4,7 +4,6 @@
 #include <QByteArrayView>
 #include <QIODevice>
 
-#include <optional>
 #include <span>
 
 namespace qlon {
@@ -28,9 +27,9 @@ public:
     qint64 position() const { return m_device.pos() - (m_buffer.size() - m_position); }
 
 private:
-    // The field at `position`, which moves past its separator; none when the buffer ends before
-    // the field does and the file may go on.
-    std::optional<QByteArrayView> fieldAt(qsizetype &position, bool fileEnded) const;
+    // The field at `position` into `field`, and `position` past its separator; false when the
+    // buffer ends before the field does and the file may go on.
+    bool fieldAt(qsizetype &position, bool fileEnded, QByteArrayView &field) const;
     // Drops the bytes read and appends the device's next chunk; false when none came.
     bool readMore();
 

@@ -212,14 +212,14 @@ void Scanner::showProgress(qint64 position, qint64 size)
 bool Scanner::readMonth(const QString &path, const QByteArray &modeLetter)
 {
     CloseAll();
-    const SalesScan before = result;
+    const SalesScan atMonthStart = result;
     switch (readInStep(path, modeLetter)) {
     case MonthEnd::Read: return true;
     case MonthEnd::Stopped: return false;
     case MonthEnd::OutOfStep: break;
     }
     // The month counts again from its start, this time with its rejects.
-    result = before;
+    result = atMonthStart;
     return readRecordByRecord(path, modeLetter);
 }
 

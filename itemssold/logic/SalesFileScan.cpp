@@ -89,6 +89,8 @@ public:
 
     // Reads one month's file; false when the user stopped.
     bool readMonth(const QString &path, const QByteArray &modeLetter);
+    // The scan with what each row sold.
+    SalesScan counted() const;
 
     SalesScan result;
 
@@ -117,6 +119,14 @@ private:
     // The first row of each trimmed name: what a walk of the table from the top finds first.
     std::unordered_map<std::string, int, TextHash, std::equal_to<>> m_firstRow;
     MonthlyReadings m_readings;
+    // What each row sold, by row, apart from the rows' texts: a line's sum lies in a small table
+    // that stays in the processor's cache.
+    struct Sold
+    {
+        double quantity = 0;
+        double amount = 0;
+    };
+    std::vector<Sold> m_sold;
     int m_shownPercent = -1;
 };
 
@@ -133,6 +143,17 @@ void Scanner::load(const QByteArrayList &catalogueRows)
         result.lastClass = catalogueRows.last().split('|').value(2);
     firstRowFor({});
     result.rows.push_back({});
+    m_sold.resize(result.rows.size());
+}
+
+SalesScan Scanner::counted() const
+{
+    SalesScan scan = result;
+    for (std::size_t row = 0; row < m_sold.size(); ++row) {
+        scan.rows[row].quantity = m_sold[row].quantity;
+        scan.rows[row].amount = m_sold[row].amount;
+    }
+    return scan;
 }
 
 void Scanner::firstRowFor(QByteArrayView name)
@@ -173,9 +194,9 @@ Scanner::Outcome Scanner::take(const MonthlyRecordView &record, const QByteArray
         return Outcome::Dropped;
     const auto found = m_firstRow.find(textOf(WithinBlanks(item)));
     if (found != m_firstRow.end()) {
-        SoldRow &row = result.rows[found->second];
-        row.quantity += m_readings.quantity(unowned(record[SoldQuantity]));
-        row.amount += price;
+        Sold &sold = m_sold[found->second];
+        sold.quantity += m_readings.quantity(unowned(record[SoldQuantity]));
+        sold.amount += price;
         return Outcome::Counted;
     }
     if (isModifier(item))
@@ -213,6 +234,7 @@ bool Scanner::readMonth(const QString &path, const QByteArray &modeLetter)
 {
     CloseAll();
     const SalesScan atMonthStart = result;
+    const std::vector<Sold> soldAtMonthStart = m_sold;
     switch (readInStep(path, modeLetter)) {
     case MonthEnd::Read: return true;
     case MonthEnd::Stopped: return false;
@@ -220,6 +242,7 @@ bool Scanner::readMonth(const QString &path, const QByteArray &modeLetter)
     }
     // The month counts again from its start, this time with its rejects.
     result = atMonthStart;
+    m_sold = soldAtMonthStart;
     return readRecordByRecord(path, modeLetter);
 }
 
@@ -302,7 +325,7 @@ SalesScan ScanSalesFiles(
     Scanner scanner(catalogueRows, span, progress);
     scanner.result.stopped = !WalkMonthFiles(span, progress, [&](const QString &path) { return scanner.readMonth(path, mode()); });
     CloseAll();
-    return scanner.result;
+    return scanner.counted();
 }
 
 std::vector<ReportLine> ReportLines(const SalesScan &scan)

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 
 namespace qlon {
@@ -43,6 +44,15 @@ TEST(MemoTest, TheKeyOfTheCallBeforeAnswersAsTheMemoGrows)
         ASSERT_EQ(memo.get(text, compute), key) << "the key of the call before";
     }
     EXPECT_EQ(computed, 1000);
+}
+
+TEST(MemoTest, ACopyAnswersFromItsOwnEntries)
+{
+    auto original = std::make_unique<Memo<QByteArray, QByteArray>>();
+    original->get("abc", [] { return QByteArray("ABC"); });
+    Memo<QByteArray, QByteArray> copy = *original;
+    original.reset();
+    EXPECT_EQ(copy.get("abc", [] { return QByteArray("read again"); }), "ABC");
 }
 
 TEST(MemoTest, ForgetsAllPastItsLimitAndStillAnswers)

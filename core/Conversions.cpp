@@ -68,6 +68,19 @@ bool takeDigitOrFirstPoint(TextCursor &cursor, QByteArray &number)
     return true;
 }
 
+// The value of a text of a few digits alone, as counts and quantities mostly are, read without
+// the general readers; none for any other text.
+std::optional<double> plainDigitsValue(QByteArrayView text)
+{
+    if (text.isEmpty() || text.size() > 9 || !TextCursor::isDigit(text.front()))
+        return std::nullopt;
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.begin(), text.end(), value);
+    if (error != std::errc() || end != text.end())
+        return std::nullopt;
+    return value;
+}
+
 double roundedHalfToEven(double value)
 {
     const double below = std::floor(value);
@@ -80,6 +93,8 @@ double roundedHalfToEven(double value)
 
 double NumericValue(QByteArrayView text)
 {
+    if (const std::optional<double> plain = plainDigitsValue(text))
+        return *plain;
     const QByteArrayView blanks(" \t\n");
     TextCursor cursor(text);
     cursor.skipAnyOf(blanks);
@@ -92,6 +107,8 @@ double NumericValue(QByteArrayView text)
 
 std::optional<double> ToNumber(QByteArrayView text)
 {
+    if (const std::optional<double> plain = plainDigitsValue(text))
+        return plain;
     TextCursor cursor(text.trimmed());
     const bool bracketed = cursor.take('(');
     QByteArray sign = bracketed ? QByteArrayLiteral("-") : takeSign(cursor);

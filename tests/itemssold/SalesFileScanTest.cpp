@@ -185,8 +185,10 @@ TEST_F(SalesFileScanTest, AMonthInStepCountsAsTheStoresReaderCountsIt)
             site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"), month);
             return scan(mode);
         };
+        site.write(QStringLiteral("Station/Items.tmp"), "left from before");
         const SalesScan inStep = scanOf(lines);
         ASSERT_EQ(inStep.rejects, 0) << "every record in step";
+        EXPECT_EQ(site.read(QStringLiteral("Station/Items.tmp")), "") << "each month's opening empties the reject file";
         ASSERT_NE(inStep.rows[0].quantity, 0) << mode.constData();
         const SalesScan recordByRecord = scanOf(lines + "x,x,x,x,x,x,x,x\r\n");
         EXPECT_EQ(recordByRecord.rejects, inStep.rejects + 1) << "the record out of step at the end";

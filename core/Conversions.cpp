@@ -96,7 +96,7 @@ double roundedHalfToEven(double value)
 
 double NumericValue(QByteArrayView text)
 {
-    // The prices and quantities of sales rows, read in their millions, need no walk.
+    // The prices and quantities of sales rows, and the counts a sort compares, need no walk.
     if (isPlainDecimal(text))
         return decimalValue(text).value_or(0);
     const QByteArrayView blanks(" \t\n");
@@ -111,6 +111,8 @@ double NumericValue(QByteArrayView text)
 
 std::optional<double> ToNumber(QByteArrayView text)
 {
+    if (isPlainDecimal(text))
+        return decimalValue(text);
     TextCursor cursor(text.trimmed());
     const bool bracketed = cursor.take('(');
     QByteArray sign = bracketed ? QByteArrayLiteral("-") : takeSign(cursor);

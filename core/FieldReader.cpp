@@ -9,31 +9,9 @@ namespace qlon {
 namespace {
 constexpr qint64 chunkSize = 64 * 1024;
 
-bool isLineEnd(int character)
-{
-    return character == '\r' || character == '\n';
-}
-
-bool endsQuoted(char character)
-{
-    return character == '"';
-}
-
-bool endsUnquoted(char character)
-{
-    return character == ',' || isLineEnd(character);
-}
-
-// Appends the bytes of the buffer from `position` up to the first that ends the field, as one run
-// rather than byte by byte; true when that byte is in the buffer.
-bool appendRun(const QByteArray &buffer, qsizetype &position, QByteArray &value, bool (*ends)(char))
-{
-    const char *const start = buffer.constData() + position;
-    const char *const end = std::find_if(start, buffer.constData() + buffer.size(), ends);
-    value.append(start, end - start);
-    position += end - start;
-    return position < buffer.size();
-}
+// Lambdas rather than functions, so that the searches below test each byte inline.
+constexpr auto isBlank = [](char character) { return character == ' ' || character == '\t'; };
+constexpr auto endsUnquoted = [](char character) { return character == ',' || character == '\r' || character == '\n'; };
 } // namespace
 
 FieldReader::FieldReader(QIODevice &device)
@@ -41,68 +19,73 @@ FieldReader::FieldReader(QIODevice &device)
 {
 }
 
-int FieldReader::peek()
-{
-    if (m_position == m_buffer.size()) {
-        m_buffer = m_device.read(chunkSize);
-        m_position = 0;
-        if (m_buffer.isEmpty())
-            return -1;
-    }
-    return static_cast<unsigned char>(m_buffer[m_position]);
-}
-
 bool FieldReader::AtEnd()
 {
-    return peek() < 0;
+    return m_position == m_buffer.size() && !readMore();
 }
 
 QByteArray FieldReader::ReadField()
 {
-    if (AtEnd())
+    QByteArrayView field;
+    if (ReadFields({&field, 1}) == 0)
         throw RuntimeError(RuntimeError::InputPastEndOfFile);
-    while (peek() == ' ' || peek() == '\t')
-        advance();
-    if (peek() == '"') {
-        advance();
-        return readQuoted();
+    return field.toByteArray();
+}
+
+qsizetype FieldReader::ReadFields(std::span<QByteArrayView> fields)
+{
+    const auto wanted = qsizetype(fields.size());
+    for (bool fileEnded = false;;) {
+        qsizetype position = m_position;
+        qsizetype count = 0;
+        while (count < wanted && !(fileEnded && position == m_buffer.size()) && fieldAt(position, fileEnded, fields[count]))
+            ++count;
+        if (count == wanted || fileEnded) {
+            m_position = position;
+            return count;
+        }
+        // The fields run past the buffer: read on, and take them again from the first.
+        fileEnded = !readMore();
     }
-    return readUnquoted();
 }
 
-QByteArray FieldReader::readQuoted()
+bool FieldReader::fieldAt(qsizetype &position, bool fileEnded, QByteArrayView &field) const
 {
-    QByteArray value;
-    for (bool ended = false; !ended && peek() >= 0;)
-        ended = appendRun(m_buffer, m_position, value, endsQuoted);
-    if (peek() == '"')
-        advance();
-    // Whatever stands between the closing quote and the separator is passed over.
-    while (peek() >= 0 && peek() != ',' && !isLineEnd(peek()))
-        advance();
-    skipPastSeparator();
-    return value;
+    const char *const end = m_buffer.constEnd();
+    const char *cursor = std::find_if_not(m_buffer.constBegin() + position, end, isBlank);
+    QByteArrayView value;
+    if (cursor != end && *cursor == '"') {
+        const char *const closing = std::find(cursor + 1, end, '"');
+        value = QByteArrayView(cursor + 1, closing);
+        // Whatever stands between the closing quote and the separator is passed over.
+        cursor = std::find_if(closing == end ? end : closing + 1, end, endsUnquoted);
+    } else {
+        const char *const separator = std::find_if(cursor, end, endsUnquoted);
+        value = QByteArrayView(cursor, separator);
+        while (!value.isEmpty() && isBlank(value.back()))
+            value.chop(1);
+        cursor = separator;
+    }
+    // A field is whole once its separator is in the buffer, or the file has ended; a "\r" at the
+    // buffer's end may yet have its "\n".
+    if (!fileEnded && (cursor == end || (*cursor == '\r' && cursor + 1 == end)))
+        return false;
+    if (cursor != end)
+        cursor += *cursor == '\r' && cursor + 1 != end && cursor[1] == '\n' ? 2 : 1;
+    position = cursor - m_buffer.constBegin();
+    field = value;
+    return true;
 }
 
-QByteArray FieldReader::readUnquoted()
+bool FieldReader::readMore()
 {
-    QByteArray value;
-    for (bool ended = false; !ended && peek() >= 0;)
-        ended = appendRun(m_buffer, m_position, value, endsUnquoted);
-    skipPastSeparator();
-    while (value.endsWith(' ') || value.endsWith('\t'))
-        value.chop(1);
-    return value;
-}
-
-void FieldReader::skipPastSeparator()
-{
-    const int separator = peek();
-    if (separator < 0)
-        return;
-    advance();
-    if (separator == '\r' && peek() == '\n')
-        advance();
+    m_buffer.remove(0, m_position);
+    m_position = 0;
+    const qsizetype kept = m_buffer.size();
+    m_buffer.resize(kept + chunkSize);
+    const qint64 read = std::max<qint64>(m_device.read(m_buffer.data() + kept, chunkSize), 0);
+    m_buffer.resize(kept + read);
+    return read > 0;
 }
 
 } // namespace qlon

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QIODevice>
+
+#include <span>
 
 namespace qlon {
 
@@ -17,15 +20,18 @@ public:
     // The next field: a quoted value without its quotes, or an unquoted one up to the next
     // comma or line end, less trailing blanks. Reading at the end raises "Input past end of file".
     QByteArray ReadField();
+    // The next fields as ReadField reads them, as many as `fields` holds, fewer only at the end of
+    // the file: views into the reader's buffer, which hold until the next read.
+    qsizetype ReadFields(std::span<QByteArrayView> fields);
     // The bytes read so far.
     qint64 position() const { return m_device.pos() - (m_buffer.size() - m_position); }
 
 private:
-    int peek();
-    void advance() { ++m_position; }
-    QByteArray readQuoted();
-    QByteArray readUnquoted();
-    void skipPastSeparator();
+    // The field at `position` into `field`, and `position` past its separator; false when the
+    // buffer ends before the field does and the file may go on.
+    bool fieldAt(qsizetype &position, bool fileEnded, QByteArrayView &field) const;
+    // Drops the bytes read and appends the device's next chunk; false when none came.
+    bool readMore();
 
     QIODevice &m_device;
     QByteArray m_buffer;

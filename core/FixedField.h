@@ -14,8 +14,8 @@ struct FieldSpan
     int width;
 };
 
-// The trimmed text into `target`, whose buffer is reused where it can be.
-inline void AssignTrimmed(QByteArray &target, QByteArrayView text)
+// The part of the text within its blanks on both sides: tabs and other white space belong to the text.
+inline QByteArrayView WithinBlanks(QByteArrayView text)
 {
     qsizetype first = 0;
     qsizetype last = text.size();
@@ -23,10 +23,17 @@ inline void AssignTrimmed(QByteArray &target, QByteArrayView text)
         ++first;
     while (last > first && text[last - 1] == ' ')
         --last;
+    return text.sliced(first, last - first);
+}
+
+// The trimmed text into `target`, whose buffer is reused where it can be.
+inline void AssignTrimmed(QByteArray &target, QByteArrayView text)
+{
+    const QByteArrayView trimmed = WithinBlanks(text);
     // Texts read in a walk keep their lengths from row to row: no call to resize then.
-    if (target.size() != last - first)
-        target.resize(last - first);
-    std::copy(text.begin() + first, text.begin() + last, target.data());
+    if (target.size() != trimmed.size())
+        target.resize(trimmed.size());
+    std::copy(trimmed.begin(), trimmed.end(), target.data());
 }
 
 // Blanks only, on both sides: tabs and other white space belong to the text.

@@ -1,11 +1,12 @@
 #pragma once
 
 #include <QByteArray>
-#include <QHash>
 
 #include <algorithm>
-#include <optional>
+#include <string_view>
 #include <type_traits>
+#include <unordered_map>
+#include <utility>
 
 namespace qlon {
 
@@ -22,20 +23,51 @@ public:
     template<typename Compute>
     const Value &get(const Key &key, Compute &&compute)
     {
-        if (m_last && m_last->first == key)
-            return m_last->second;
-        auto known = m_values.constFind(key);
-        if (known == m_values.constEnd()) {
+        if (m_lastKey && *m_lastKey == key)
+            return *m_lastValue;
+        auto known = m_values.find(key);
+        if (known == m_values.end()) {
+            // Read before the memo forgets: a reading that fails leaves the last entry in place.
+            Value value = compute();
             if (m_values.size() >= limit)
                 m_values.clear();
-            known = m_values.insert(owned(key), compute());
+            known = m_values.emplace(owned(key), std::move(value)).first;
         }
-        m_last.emplace(known.key(), known.value());
-        return m_last->second;
+        m_lastKey = &known->first;
+        m_lastValue = &known->second;
+        return *m_lastValue;
+    }
+
+    Memo() = default;
+    // A copy keeps its own entries, and finds its last one anew.
+    Memo(const Memo &other)
+        : m_values(other.m_values)
+    {
+    }
+    Memo &operator=(const Memo &other)
+    {
+        m_values = other.m_values;
+        m_lastKey = nullptr;
+        m_lastValue = nullptr;
+        return *this;
     }
 
 private:
-    static constexpr qsizetype limit = 100000;
+    static constexpr std::size_t limit = 100000;
+
+    // A text hashes by its bytes.
+    struct KeyHash
+    {
+        std::size_t operator()(const QByteArray &key) const
+        {
+            return std::hash<std::string_view>{}(std::string_view(key.constData(), std::size_t(key.size())));
+        }
+        template<typename Other>
+        std::size_t operator()(const Other &key) const
+        {
+            return std::hash<Other>{}(key);
+        }
+    };
 
     static Key owned(const Key &key)
     {
@@ -45,8 +77,11 @@ private:
             return key;
     }
 
-    QHash<Key, Value> m_values;
-    std::optional<std::pair<Key, Value>> m_last; // shares the kept key and value
+    // A map of nodes: an entry stays where it is until the memo forgets all.
+    std::unordered_map<Key, Value, KeyHash> m_values;
+    // The entry the last call gave, so that no key or value is copied for a key that repeats.
+    const Key *m_lastKey = nullptr;
+    const Value *m_lastValue = nullptr;
 };
 
 } // namespace qlon

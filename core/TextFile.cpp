@@ -21,18 +21,26 @@ TextFile::TextFile(const QString &hostPath, Mode mode)
         m_reader.emplace(file());
 }
 
-bool TextFile::AtEnd()
+FieldReader &TextFile::reader()
 {
     if (!m_reader)
         throw RuntimeError(RuntimeError::BadFileNameOrNumber, hostPath());
-    return m_reader->AtEnd();
+    return *m_reader;
+}
+
+bool TextFile::AtEnd()
+{
+    return reader().AtEnd();
 }
 
 QByteArray TextFile::ReadField()
 {
-    if (!m_reader)
-        throw RuntimeError(RuntimeError::BadFileNameOrNumber, hostPath());
-    return m_reader->ReadField();
+    return reader().ReadField();
+}
+
+qsizetype TextFile::ReadFields(std::span<QByteArrayView> fields)
+{
+    return reader().ReadFields(fields);
 }
 
 namespace {

@@ -21,6 +21,8 @@ public:
 
     bool AtEnd();
     QByteArray ReadField();
+    // The next fields as views that hold until the next read; fewer than asked only at the end.
+    qsizetype ReadFields(std::span<QByteArrayView> fields);
     // The bytes read so far, in an input file.
     qint64 position() const { return m_reader ? m_reader->position() : 0; }
 
@@ -33,6 +35,9 @@ public:
     void WriteLines(QByteArrayView lines);
 
 private:
+    // The reader of an input file; any other mode fails with "Bad file name or number".
+    FieldReader &reader();
+
     std::optional<FieldReader> m_reader;
 };
 

@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QElapsedTimer>
+#include <QtGlobal>
+
+#include <optional>
 
 namespace qlon {
 
@@ -27,10 +29,10 @@ public:
     // The interval has passed since the last yield, or none was made yet.
     bool isDue() const;
     // The next call yields.
-    void restart() { m_sinceYield.invalidate(); }
+    void restart() { m_lastYield.reset(); }
 
 private:
-    QElapsedTimer m_sinceYield;
+    std::optional<qint64> m_lastYield; // on the coarse clock, in milliseconds
     int m_interval;
 };
 

@@ -96,7 +96,8 @@ void Scan::modifiers()
         if (!FileExists(sitePath(lists.items)) || !FileExists(sitePath(lists.recipes)))
             continue;
         RecordFile file(sitePath(lists.items), ItemRec500::size);
-        for (int number = 1; number <= file.CountRecords(); ++number) {
+        const qint32 count = file.CountRecords();
+        for (int number = 1; number <= count; ++number) {
             const ItemRec500 item(file.GetRecord(number));
             if (isTitled(item) && item.field(ItemRec500::ButtonTitle).left(5) != "Avali" && isPriced(item))
                 result.rows.append(rowOf(item, ItemRec500::ButtonTitle, 'F'));
@@ -113,8 +114,9 @@ void Scan::drinks()
         if (!FileExists(path))
             continue;
         RecordFile file(path, ItemRec500::size);
-        m_progress.setMaximum(file.CountRecords());
-        for (int number = 1; number <= file.CountRecords(); ++number) {
+        const qint32 count = file.CountRecords();
+        m_progress.setMaximum(count);
+        for (int number = 1; number <= count; ++number) {
             m_progress.setValue(number);
             const ItemRec500 item(file.GetRecord(number));
             if (!isTitled(item) || !isPriced(item))
@@ -132,8 +134,9 @@ void Scan::retail()
     if (!FileExists(path))
         return;
     RecordFile file(path, ItemRec500::size);
-    m_progress.setMaximum(file.CountRecords());
-    for (int number = 1; number <= file.CountRecords() && !stop(); ++number) {
+    const qint32 count = file.CountRecords();
+    m_progress.setMaximum(count);
+    for (int number = 1; number <= count && !stop(); ++number) {
         m_progress.setValue(number);
         const ItemRec500 item(file.GetRecord(number));
         if (isTitled(item) && isPriced(item))

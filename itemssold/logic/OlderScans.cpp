@@ -32,7 +32,8 @@ QList<ItemRec500> recordsOf(const QByteArray &sitePath)
     if (!FileExists(path))
         return records;
     RecordFile file(path, ItemRec500::size);
-    for (qint32 number = 1; number <= file.CountRecords(); ++number)
+    const qint32 count = file.CountRecords();
+    for (qint32 number = 1; number <= count; ++number)
         records.append(ItemRec500(file.GetRecord(number)));
     return records;
 }

@@ -7,10 +7,13 @@
 #include "core/FixedField.h"
 #include "core/Format.h"
 #include "core/HostPath.h"
+#include "core/TextFile.h"
 #include "store/MonthlySales.h"
 #include "store/SiteConfig.h"
 
-#include <QHash>
+#include <string>
+#include <string_view>
+#include <unordered_map>
 
 namespace qlon {
 
@@ -23,9 +26,48 @@ constexpr int tableRows = 4001;
 constexpr std::array<QByteArrayView, 10> modifierPrefixes = {
     "ADD ", "NO ", "ADD ", "Extra ", "Make ", "+ ", "Package ", "OnSide", "Heavy", "Lite"};
 
-bool isModifier(const QByteArray &item)
+bool isModifier(QByteArrayView item)
 {
     return std::any_of(modifierPrefixes.begin(), modifierPrefixes.end(), [&](QByteArrayView prefix) { return item.startsWith(prefix); });
+}
+
+// A month's record as views of its eight fields.
+using MonthlyRecordView = std::array<QByteArrayView, MonthlyFieldCount>;
+
+MonthlyRecordView viewsOf(const MonthlyRecord &record)
+{
+    MonthlyRecordView views;
+    std::copy(record.begin(), record.end(), views.begin());
+    return views;
+}
+
+// The view's bytes as a QByteArray for a lookup, without a copy: it holds as long as the view.
+QByteArray unowned(QByteArrayView view)
+{
+    return QByteArray::fromRawData(view.data(), view.size());
+}
+
+std::string_view textOf(QByteArrayView view)
+{
+    return {view.data(), std::size_t(view.size())};
+}
+
+// Hashes a text and a view of one alike, so that a view finds a text kept as a key.
+struct TextHash
+{
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+};
+
+// The store's test of a record in step: "/" as the third character of its date.
+bool inStep(QByteArrayView date)
+{
+    return date.size() >= 3 && date[2] == '/';
+}
+
+QString rejectFilePath()
+{
+    return HostPath(Site().SiteRoot + "Items.tmp");
 }
 
 // Whether the test holds; a date or time that can't be read leaves the line in, since the old
@@ -47,23 +89,45 @@ public:
 
     // Reads one month's file; false when the user stopped.
     bool readMonth(const QString &path, const QByteArray &modeLetter);
+    // The scan with what each row sold.
+    SalesScan counted() const;
 
     SalesScan result;
 
 private:
     void load(const QByteArrayList &catalogueRows);
     // Notes the row about to be added as the one that counts the name, unless one before does.
-    void firstRowFor(const QByteArray &name);
+    void firstRowFor(QByteArrayView name);
+    enum class MonthEnd { Read, Stopped, OutOfStep };
+    // The month's records as views of the file's own bytes, as long as every one is in step.
+    MonthEnd readInStep(const QString &path, const QByteArray &modeLetter);
+    MonthEnd takeRecordsInStep(TextFile &month, const QByteArray &modeLetter);
+    // The month through the store's reader, which writes the records out of step to the reject file.
+    bool readRecordByRecord(const QString &path, const QByteArray &modeLetter);
     enum class Outcome { Counted, Dropped, Stopped };
-    Outcome take(const MonthlyRecord &record, const QByteArray &modeLetter);
+    // A line that can't be converted leaves the figures as they were.
+    Outcome takeOrPassOver(const MonthlyRecordView &record, const QByteArray &modeLetter);
+    Outcome take(const MonthlyRecordView &record, const QByteArray &modeLetter);
     bool outsideDates(const std::optional<QDate> &date) const { return before(date, m_limits.from) || before(m_limits.to, date); }
-    bool outsideHours(const std::optional<QDate> &date, const std::optional<QTime> &saleTime) const;
+    bool outsideHours(const std::optional<QDate> &date, QByteArrayView timeText);
+    void monthOpened();
+    // Only a dropped line moves the figure, in whole percent of the file read.
+    void showProgress(qint64 position, qint64 size);
 
     ScanLimits m_limits;
     ScanProgress &m_progress;
     // The first row of each trimmed name: what a walk of the table from the top finds first.
-    QHash<QByteArray, int> m_firstRow;
+    std::unordered_map<std::string, int, TextHash, std::equal_to<>> m_firstRow;
     MonthlyReadings m_readings;
+    // What each row sold, by row, apart from the rows' texts: a line's sum lies in a small table
+    // that stays in the processor's cache.
+    struct Sold
+    {
+        double quantity = 0;
+        double amount = 0;
+    };
+    std::vector<Sold> m_sold;
+    int m_shownPercent = -1;
 };
 
 void Scanner::load(const QByteArrayList &catalogueRows)
@@ -79,76 +143,147 @@ void Scanner::load(const QByteArrayList &catalogueRows)
         result.lastClass = catalogueRows.last().split('|').value(2);
     firstRowFor({});
     result.rows.push_back({});
+    m_sold.resize(result.rows.size());
 }
 
-void Scanner::firstRowFor(const QByteArray &name)
+SalesScan Scanner::counted() const
 {
-    if (!m_firstRow.contains(name))
-        m_firstRow.insert(name, int(result.rows.size()));
+    SalesScan scan = result;
+    for (std::size_t row = 0; row < m_sold.size(); ++row) {
+        scan.rows[row].quantity = m_sold[row].quantity;
+        scan.rows[row].amount = m_sold[row].amount;
+    }
+    return scan;
 }
 
-// The span's hours bind only its first and last days.
-bool Scanner::outsideHours(const std::optional<QDate> &date, const std::optional<QTime> &saleTime) const
+void Scanner::firstRowFor(QByteArrayView name)
 {
-    if (!date || !saleTime)
+    m_firstRow.try_emplace(std::string(textOf(name)), int(result.rows.size()));
+}
+
+// The span's hours bind only its first and last days; the time is read only on those.
+bool Scanner::outsideHours(const std::optional<QDate> &date, QByteArrayView timeText)
+{
+    const ScanLimits &limits = m_limits;
+    const bool firstDay = date && limits.from && *date == *limits.from && limits.fromTime;
+    const bool lastDay = date && limits.to && *date == *limits.to && limits.toTime;
+    if (!firstDay && !lastDay)
+        return false;
+    const std::optional<QTime> saleTime = m_readings.time(unowned(timeText));
+    if (!saleTime)
         return false;
     const QTime time = InWholeMinutes(*saleTime);
-    const ScanLimits &limits = m_limits;
-    return (limits.from && *date == *limits.from && limits.fromTime && time < *limits.fromTime) ||
-        (limits.to && *date == *limits.to && limits.toTime && time > *limits.toTime);
+    return (firstDay && time < *limits.fromTime) || (lastDay && time > *limits.toTime);
 }
 
-Scanner::Outcome Scanner::take(const MonthlyRecord &record, const QByteArray &modeLetter)
+Scanner::Outcome Scanner::take(const MonthlyRecordView &record, const QByteArray &modeLetter)
 {
-    const std::optional<QDate> date = m_readings.date(record[SoldDate]);
+    const std::optional<QDate> date = m_readings.date(unowned(record[SoldDate]));
     if (outsideDates(date))
         return Outcome::Dropped;
-    const QByteArray type = NormalizedType(record[SoldType]);
-    const double price = m_readings.price(record[SoldPrice]);
+    const double price = m_readings.price(unowned(record[SoldPrice]));
     if (m_progress.stopRequested())
         return Outcome::Stopped;
-    const QByteArray &item = record[SoldItem];
+    const QByteArrayView item = record[SoldItem];
     if (item.startsWith("Gift")) {
         ++result.giftCount;
         result.giftTotal += NumericValue(record[SoldPrice]);
         return Outcome::Counted;
     }
-    if (outsideHours(date, m_readings.time(record[SoldTime])))
+    if (outsideHours(date, record[SoldTime]))
         return Outcome::Dropped;
-    const auto found = m_firstRow.constFind(TrimBlanks(item));
-    if (found != m_firstRow.constEnd()) {
-        SoldRow &row = result.rows[*found];
-        row.quantity += m_readings.quantity(record[SoldQuantity]);
-        row.amount += price;
+    const auto found = m_firstRow.find(textOf(WithinBlanks(item)));
+    if (found != m_firstRow.end()) {
+        Sold &sold = m_sold[found->second];
+        sold.quantity += m_readings.quantity(unowned(record[SoldQuantity]));
+        sold.amount += price;
         return Outcome::Counted;
     }
     if (isModifier(item))
         return Outcome::Dropped;
-    if (modeLetter == "A" || modeLetter == "B" || modeLetter == type) {
-        result.notReported.append(item);
+    if (modeLetter == "A" || modeLetter == "B" || modeLetter == NormalizedType(record[SoldType])) {
+        result.notReported.append(item.toByteArray());
         return Outcome::Counted;
     }
     return Outcome::Dropped;
 }
 
+Scanner::Outcome Scanner::takeOrPassOver(const MonthlyRecordView &record, const QByteArray &modeLetter)
+{
+    Outcome outcome = Outcome::Dropped;
+    SkipOnFailure([&] { outcome = take(record, modeLetter); });
+    return outcome;
+}
+
+void Scanner::monthOpened()
+{
+    m_progress.setMaximum(100);
+    m_shownPercent = -1;
+}
+
+void Scanner::showProgress(qint64 position, qint64 size)
+{
+    if (size == 0)
+        return;
+    const int percent = int((position / 128 * 128) * 100 / size);
+    if (percent != m_shownPercent)
+        m_progress.setValue(m_shownPercent = percent);
+}
+
 bool Scanner::readMonth(const QString &path, const QByteArray &modeLetter)
 {
     CloseAll();
-    MonthlySalesFile month(path, HostPath(Site().SiteRoot + "Items.tmp"));
-    m_progress.setMaximum(100);
-    int shown = -1;
+    const SalesScan atMonthStart = result;
+    const std::vector<Sold> soldAtMonthStart = m_sold;
+    switch (readInStep(path, modeLetter)) {
+    case MonthEnd::Read: return true;
+    case MonthEnd::Stopped: return false;
+    case MonthEnd::OutOfStep: break;
+    }
+    // The month counts again from its start, this time with its rejects.
+    result = atMonthStart;
+    m_sold = soldAtMonthStart;
+    return readRecordByRecord(path, modeLetter);
+}
+
+Scanner::MonthEnd Scanner::readInStep(const QString &path, const QByteArray &modeLetter)
+{
+    // Opened as the store's reader opens it: the reject file is emptied before the lock is taken.
+    TextFile month(path, TextFile::Mode::Input);
+    const TextFile emptiedRejects(rejectFilePath(), TextFile::Mode::Output);
+    month.LockAll();
+    monthOpened();
+    const MonthEnd end = takeRecordsInStep(month, modeLetter);
+    month.UnlockAll();
+    return end;
+}
+
+Scanner::MonthEnd Scanner::takeRecordsInStep(TextFile &month, const QByteArray &modeLetter)
+{
+    const qint64 size = month.size();
+    MonthlyRecordView record;
+    while (const qsizetype count = month.ReadFields(record)) {
+        if (count < MonthlyFieldCount || !inStep(record[SoldDate]))
+            return MonthEnd::OutOfStep;
+        const Outcome outcome = takeOrPassOver(record, modeLetter);
+        if (outcome == Outcome::Stopped)
+            return MonthEnd::Stopped;
+        if (outcome == Outcome::Dropped)
+            showProgress(month.position(), size);
+    }
+    return MonthEnd::Read;
+}
+
+bool Scanner::readRecordByRecord(const QString &path, const QByteArray &modeLetter)
+{
+    MonthlySalesFile month(path, rejectFilePath());
+    monthOpened();
     while (const std::optional<MonthlyRecord> record = month.next()) {
-        // A line that can't be converted leaves the figures as they were.
-        Outcome outcome = Outcome::Dropped;
-        SkipOnFailure([&] { outcome = take(*record, modeLetter); });
+        const Outcome outcome = takeOrPassOver(viewsOf(*record), modeLetter);
         if (outcome == Outcome::Stopped)
             return false;
-        if (outcome == Outcome::Counted || month.size() == 0)
-            continue;
-        // Only a dropped line moves the figure, in whole percent of the file read.
-        const int percent = int((month.position() / 128 * 128) * 100 / month.size());
-        if (percent != shown)
-            m_progress.setValue(shown = percent);
+        if (outcome == Outcome::Dropped)
+            showProgress(month.position(), month.size());
     }
     result.rejects += month.rejects();
     return true;
@@ -190,7 +325,7 @@ SalesScan ScanSalesFiles(
     Scanner scanner(catalogueRows, span, progress);
     scanner.result.stopped = !WalkMonthFiles(span, progress, [&](const QString &path) { return scanner.readMonth(path, mode()); });
     CloseAll();
-    return scanner.result;
+    return scanner.counted();
 }
 
 std::vector<ReportLine> ReportLines(const SalesScan &scan)

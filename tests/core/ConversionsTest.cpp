@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QByteArray>
+#include <QByteArrayList>
 
 #include <cmath>
 #include <limits>
@@ -40,6 +41,18 @@ TEST(ConversionsTest, NumericValueReadsTheLeadingNumber)
     };
     for (const auto &c : cases)
         EXPECT_EQ(NumericValue(c.text), c.expected) << '"' << c.text << '"';
+}
+
+// A text of digits alone reads as the general reading reads it, which a blank before it takes.
+TEST(ConversionsTest, DigitsAloneReadAsTheGeneralReadingReadsThem)
+{
+    QByteArrayList texts = {"0", "007", "32767", "32768", "999999999", "1234567890", "12a", "1.5", "1e3", "-4", "+4"};
+    for (int number = 0; number < 100000; number += 7)
+        texts.append(QByteArray::number(number));
+    for (const QByteArray &text : texts) {
+        EXPECT_EQ(NumericValue(text), NumericValue(" " + text)) << text.constData();
+        EXPECT_EQ(ToNumber(text), ToNumber(" " + text)) << text.constData();
+    }
 }
 
 TEST(ConversionsTest, NumericValueOfANumberBeyondDoubleRangeIsZero)

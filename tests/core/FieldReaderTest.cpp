@@ -5,6 +5,8 @@
 
 #include <QBuffer>
 
+#include <vector>
+
 #include <gtest/gtest.h>
 
 namespace qlon {
@@ -18,6 +20,21 @@ QByteArrayList readAll(QByteArray text)
     QByteArrayList fields;
     while (!reader.AtEnd())
         fields.append(reader.ReadField());
+    return fields;
+}
+
+// The fields read `perRead` at a time as views, each copied only after its read.
+QByteArrayList readAsViews(QByteArray text, qsizetype perRead)
+{
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    FieldReader reader(buffer);
+    std::vector<QByteArrayView> views(perRead);
+    QByteArrayList fields;
+    while (const qsizetype count = reader.ReadFields(views)) {
+        for (qsizetype field = 0; field < count; ++field)
+            fields.append(views[field].toByteArray());
+    }
     return fields;
 }
 
@@ -43,8 +60,10 @@ TEST(FieldReaderTest, ReadsFieldsNotLines)
         {"\"Joe's\"", {"Joe's"}},
         {"", {}},
     };
-    for (const FieldCase &test : cases)
+    for (const FieldCase &test : cases) {
         EXPECT_EQ(readAll(test.text), test.fields) << test.text;
+        EXPECT_EQ(readAsViews(test.text, 2), test.fields) << test.text;
+    }
 }
 
 TEST(FieldReaderTest, EightFieldsAcrossABrokenLine)
@@ -82,6 +101,25 @@ TEST(FieldReaderTest, ReadsAcrossItsOwnBufferBoundaries)
         ASSERT_EQ(fields[2 * line], "Item " + QByteArray::number(line)) << "line " << line;
         ASSERT_EQ(fields[2 * line + 1], QByteArray::number(line % 7)) << "line " << line;
     }
+}
+
+// Eight fields at a time as views: wherever a chunk of the file ends, in a run of blanks, in a
+// quoted or an unquoted field or between "\r" and "\n", the views of a record read whole.
+TEST(FieldReaderTest, ReadsRecordsAsViewsAcrossItsOwnBufferBoundaries)
+{
+    const QByteArray record = "  \"03/01/04\" x,2  ,\"Item, one\"\r\n6.5\t,\"F\"\r\"6:05 PM\"\n\n\"last\"\r\n";
+    const QByteArrayList recordFields = {"03/01/04", "2", "Item, one", "6.5", "F", "6:05 PM", "", "last"};
+    for (int shift = 0; shift < record.size(); ++shift) {
+        QByteArray text = QByteArray(shift, 'x') + "\r\n";
+        QByteArrayList fields = {QByteArray(shift, 'x')};
+        while (text.size() < 70000) {
+            text += record;
+            fields += recordFields;
+        }
+        ASSERT_EQ(readAsViews(text, 8), fields) << "shifted by " << shift;
+        ASSERT_EQ(readAll(text), fields) << "shifted by " << shift;
+    }
+    EXPECT_EQ(readAsViews("a,b,c", 8), (QByteArrayList{"a", "b", "c"})) << "fewer only at the end";
 }
 
 TEST(TextFileTest, WritesQuotedFieldsAndPlainLines)

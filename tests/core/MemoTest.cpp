@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 
 namespace qlon {
@@ -25,6 +26,33 @@ TEST(MemoTest, ComputesEachKeyOnceAndKeepsItsOwnCopyOfRawKeys)
     EXPECT_EQ(upper("abc"), "ABC");
     EXPECT_EQ(upper("xyz"), "XYZ");
     EXPECT_EQ(computed, 2);
+}
+
+// Rows in time order repeat the key of the row before: it answers as any other key, also while
+// the memo grows and moves its entries.
+TEST(MemoTest, TheKeyOfTheCallBeforeAnswersAsTheMemoGrows)
+{
+    Memo<QByteArray, int> memo;
+    int computed = 0;
+    for (int key = 0; key < 1000; ++key) {
+        const QByteArray text = QByteArray::number(key);
+        const auto compute = [&] {
+            ++computed;
+            return key;
+        };
+        ASSERT_EQ(memo.get(text, compute), key);
+        ASSERT_EQ(memo.get(text, compute), key) << "the key of the call before";
+    }
+    EXPECT_EQ(computed, 1000);
+}
+
+TEST(MemoTest, ACopyAnswersFromItsOwnEntries)
+{
+    auto original = std::make_unique<Memo<QByteArray, QByteArray>>();
+    original->get("abc", [] { return QByteArray("ABC"); });
+    Memo<QByteArray, QByteArray> copy = *original;
+    original.reset();
+    EXPECT_EQ(copy.get("abc", [] { return QByteArray("read again"); }), "ABC");
 }
 
 TEST(MemoTest, ForgetsAllPastItsLimitAndStillAnswers)

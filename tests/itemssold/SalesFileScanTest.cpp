@@ -166,5 +166,42 @@ TEST_F(SalesFileScanTest, EveryLineCountsWhereAWalkFromTheTopFindsItsName)
         EXPECT_EQ(found.rows[row].quantity, walked[row]) << "row " << row;
 }
 
+// A month is read from the file's own bytes while its records are in step, and from its start by
+// the store's reader once one isn't: the two readings count alike.
+TEST_F(SalesFileScanTest, AMonthInStepCountsAsTheStoresReaderCountsIt)
+{
+    QRandomGenerator random(17);
+    const auto pick = [&](const QByteArrayList &texts) { return texts.at(random.bounded(int(texts.size()))).constData(); };
+    const QByteArrayList items = {"Burger", " Burger  ", "Cola", "Gift Card", "ADD Cheese", "Mystery", "", "Lite Beer", "No onions"};
+    const QByteArrayList dates = {"02/29/04", "03/01/04", "03/02/04", "03/03/04", "03/1/04", "03/01/04 6:00 PM"};
+    const QByteArrayList times = {"5:59 PM", "6:00 PM", "7:00 PM", "1:59 AM", "2:00:30 AM", "2:01 AM", "", "late"};
+    const QByteArrayList numbers = {"6.5", "1.25", "12.1234", "-3", " 7  ", "", "abc", "0.005"};
+    const QByteArrayList types = {"F", "L", "R", " 1 ", "0", ""};
+    QByteArray lines;
+    for (int index = 0; index < 3000; ++index)
+        lines += line(pick(dates), pick(numbers), pick(items), pick(numbers), pick(types), pick(times));
+    for (const QByteArray mode : {"B", "F"}) {
+        const auto scanOf = [&](const QByteArray &month) {
+            site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"), month);
+            return scan(mode);
+        };
+        site.write(QStringLiteral("Station/Items.tmp"), "left from before");
+        const SalesScan inStep = scanOf(lines);
+        ASSERT_EQ(inStep.rejects, 0) << "every record in step";
+        EXPECT_EQ(site.read(QStringLiteral("Station/Items.tmp")), "") << "each month's opening empties the reject file";
+        ASSERT_NE(inStep.rows[0].quantity, 0) << mode.constData();
+        const SalesScan recordByRecord = scanOf(lines + "x,x,x,x,x,x,x,x\r\n");
+        EXPECT_EQ(recordByRecord.rejects, inStep.rejects + 1) << "the record out of step at the end";
+        ASSERT_EQ(recordByRecord.rows.size(), inStep.rows.size());
+        for (std::size_t row = 0; row < inStep.rows.size(); ++row) {
+            EXPECT_EQ(recordByRecord.rows[row].quantity, inStep.rows[row].quantity) << mode.constData() << " row " << row;
+            EXPECT_EQ(recordByRecord.rows[row].amount, inStep.rows[row].amount) << mode.constData() << " row " << row;
+        }
+        EXPECT_EQ(recordByRecord.notReported, inStep.notReported) << mode.constData();
+        EXPECT_EQ(recordByRecord.giftCount, inStep.giftCount) << mode.constData();
+        EXPECT_EQ(recordByRecord.giftTotal, inStep.giftTotal) << mode.constData();
+    }
+}
+
 } // namespace
 } // namespace qlon

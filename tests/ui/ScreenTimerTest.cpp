@@ -1,4 +1,5 @@
 #include "ui/ScreenTimer.h"
+#include "core/Yield.h"
 
 #include <QStringList>
 
@@ -32,6 +33,28 @@ TEST(ScreenTimerTest, AdvanceFiresEveryTimerDueInTheOrderTheyFallDue)
     beat.stop();
     AdvanceClock(10000);
     EXPECT_EQ(fired.size(), 3) << "a stopped timer stays quiet";
+}
+
+// A yield clock serves the events waiting on its first call and again once its interval has
+// passed, or after a restart; calls in between don't turn the event loop.
+TEST(YieldClockTest, YieldsOnTheFirstCallAndThenOncePerInterval)
+{
+    QObject owner;
+    int served = 0;
+    const auto post = [&] {
+        QMetaObject::invokeMethod(
+            &owner, [&] { ++served; }, Qt::QueuedConnection);
+    };
+    YieldClock clock(60000);
+    post();
+    clock();
+    EXPECT_EQ(served, 1);
+    post();
+    clock();
+    EXPECT_EQ(served, 1) << "within the interval";
+    clock.restart();
+    clock();
+    EXPECT_EQ(served, 2);
 }
 
 } // namespace

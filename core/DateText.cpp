@@ -3,6 +3,7 @@
 #include "core/Format.h"
 #include "core/TextCursor.h"
 
+#include <algorithm>
 #include <array>
 
 namespace qlon {
@@ -156,8 +157,28 @@ std::optional<QDate> ToDate(QByteArrayView text)
     return read ? read->date : std::nullopt;
 }
 
+std::optional<QTime> ReadLongTime(QByteArrayView text)
+{
+    // "H:MM:SS AM" or "HH:MM:SS PM", the hour from 1 to 12, seen with a blank for a missing tens.
+    if (text.size() != 10 && text.size() != 11)
+        return std::nullopt;
+    std::array<char, 11> form{' '};
+    std::copy(text.begin(), text.end(), form.end() - text.size());
+    const auto digit = [&form](std::size_t at) { return form[at] >= '0' && form[at] <= '9' ? form[at] - '0' : -100; };
+    if (form[2] != ':' || form[5] != ':' || form[8] != ' ' || form[10] != 'M' || (form[9] != 'A' && form[9] != 'P'))
+        return std::nullopt;
+    const int hour = (form[0] == ' ' ? 0 : digit(0) * 10) + digit(1);
+    const int minute = digit(3) * 10 + digit(4);
+    const int second = digit(6) * 10 + digit(7);
+    if (hour < 1 || hour > 12 || form[0] == '0' || minute < 0 || minute > 59 || second < 0 || second > 59)
+        return std::nullopt;
+    return QTime(hour % 12 + (form[9] == 'P' ? 12 : 0), minute, second);
+}
+
 std::optional<QTime> ToTime(QByteArrayView text)
 {
+    if (const std::optional<QTime> time = ReadLongTime(text))
+        return time;
     const std::optional<DateAndTime> read = readDateAndTime(text);
     if (!read)
         return std::nullopt;

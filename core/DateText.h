@@ -20,6 +20,9 @@ std::optional<QDate> ToDate(QByteArrayView text);
 // a text that is only a date gives midnight. Read as the platform reads it: "12:30 AM" is 0:30,
 // "13:00 PM" is 13:00, "0:00 PM" is noon. Fails for an empty or unreadable text.
 std::optional<QTime> ToTime(QByteArrayView text);
+// The time of a text in the form LongTime writes ("6:05:00 PM"), read directly, as ToTime reads
+// it; none for any other text.
+std::optional<QTime> ReadLongTime(QByteArrayView text);
 
 // The US short date, "3/31/2004".
 QByteArray ShortDate(QDate date);

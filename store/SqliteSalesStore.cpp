@@ -393,12 +393,25 @@ void SqliteSalesStore::readText(QByteArrayView bytes, int column)
 {
     if (!mayBeIsoDateTime(bytes))
         return AssignValue(m_row[column], bytes);
+    if (const std::optional<QTime> time = bytes.size() == 8 ? isoTime(bytes) : std::nullopt)
+        return readTimeOfDay(*time, column);
     const SalesValue &dateTime =
         m_dateTimes[column].get(QByteArray::fromRawData(bytes.data(), bytes.size()), [bytes] { return isoDateTimeText(bytes); });
     if (dateTime)
         m_row[column] = dateTime;
     else
         AssignValue(m_row[column], bytes);
+}
+
+// A table by the second rather than a memo: the times of a day's rows are many, and come in turn.
+void SqliteSalesStore::readTimeOfDay(QTime time, int column)
+{
+    if (m_timesOfDay.empty())
+        m_timesOfDay.resize(24 * 3600);
+    SalesValue &text = m_timesOfDay[std::size_t(time.msecsSinceStartOfDay() / 1000)];
+    if (!text)
+        text = DateTimeText(DayZero, time);
+    m_row[column] = text;
 }
 
 } // namespace qlon

@@ -74,6 +74,7 @@ private:
     void readRow(const Select &select);
     void readValue(sqlite3_stmt *statement, int at, SalesColumn column);
     void readText(QByteArrayView bytes, int column);
+    void readTimeOfDay(QTime time, int column);
     void readNumber(double number, int column);
     void bindText(int parameter, const QByteArray &text);
 
@@ -93,6 +94,8 @@ private:
     // -0 stay apart) with theirs: the rows repeat their dates, times, prices and quantities.
     std::array<Memo<QByteArray, SalesValue>, SalesColumnCount> m_dateTimes;
     std::array<Memo<quint64, QByteArray>, SalesColumnCount> m_numbers;
+    // The text of each second of the day as a time alone, once it was read.
+    std::vector<SalesValue> m_timesOfDay;
 };
 
 } // namespace qlon

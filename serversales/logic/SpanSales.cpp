@@ -40,7 +40,10 @@ bool SpanFilter::contains(const QByteArray &orderDate, const QByteArray &time)
     const std::optional<QDate> date = m_dates.get(orderDate, [&orderDate] { return ToDate(orderDate); });
     if (before(date, m_from) || before(m_to, date))
         return false;
-    const std::optional<QTime> rowTime = m_times.get(time, [&time] { return ToTime(time); });
+    // Times in the long form are read directly: a memo of them would grow with the rows' seconds.
+    std::optional<QTime> rowTime = ReadLongTime(time);
+    if (!rowTime)
+        rowTime = m_times.get(time, [&time] { return ToTime(time); });
     return !onDayOutsideHours(date, m_from, rowTime, m_start, true) && !onDayOutsideHours(date, m_to, rowTime, m_end, false);
 }
 

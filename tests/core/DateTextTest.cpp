@@ -134,6 +134,17 @@ TEST(DateTextTest, ShortDateAndLongTimeWriteTheUsForms)
         const QTime time = QTime(0, 0).addSecs(second);
         ASSERT_EQ(LongTime(time), Format(time, "H:MM:SS AMPM")) << second;
     }
+    // Every long time reads back directly as the general reading reads it behind a blank.
+    for (int second = 0; second < 24 * 3600; ++second) {
+        const QTime time = QTime(0, 0).addSecs(second);
+        ASSERT_EQ(ReadLongTime(LongTime(time)), time) << second;
+        ASSERT_EQ(ToTime(' ' + LongTime(time)), time) << second;
+    }
+    for (const char *other :
+        {"6:05 PM", "13:00:00 PM", "06:05:00 PM", "0:05:00 AM", "6:60:00 AM", "6:05:00 XM", "6:05:00 pm", "x6:05:00 PM"}) {
+        EXPECT_EQ(ReadLongTime(other), std::nullopt) << other;
+        EXPECT_EQ(ToTime(other), ToTime(' ' + QByteArray(other))) << other;
+    }
     for (QDate date(1900, 1, 1); date.year() < 2100; date = date.addDays(1))
         ASSERT_EQ(ShortDate(date), Format(date, "M/D/YYYY")) << date.toJulianDay();
     EXPECT_EQ(ShortDate(QDate(999, 12, 31)), Format(QDate(999, 12, 31), "M/D/YYYY"));

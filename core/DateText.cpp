@@ -192,10 +192,7 @@ QByteArray ShortDate(QDate date)
 {
     if (date.year() < 1000 || date.year() > 9999)
         return Format(date, "M/D/YYYY");
-    QByteArray text;
-    text.reserve(10);
-    text += QByteArray::number(date.month()) + '/' + QByteArray::number(date.day()) + '/' + QByteArray::number(date.year());
-    return text;
+    return QByteArray::number(date.month()) + '/' + QByteArray::number(date.day()) + '/' + QByteArray::number(date.year());
 }
 
 QByteArray LongTime(QTime time)

@@ -33,10 +33,12 @@ struct ServerSales
 inline const SalesColumns ServerSearchColumns = ColumnsOf({EmpNumber, OrderDate, Item, UnitPrice, ItemType, Time, Quantity});
 
 // The search over the rows of the full select within the mark, the rows of the screen's load, in
-// table order: every row whose EmpNumber is LIKE "*server*" is visited. A null value keeps the text of the visited row before. A row in the
-// span adds its price, rounded to cents but never times the quantity, to the total, and to the liquor sales when its type begins with "L",
-// "Beer" or "Wine". Every visited row, in the span or not, adds the rounded price of the last row in the span (0 before the first) and its
-// own quantity to the first row of the table, from 1 to the bound, whose department name (column 1) is its type.
+// table order: every row whose EmpNumber is LIKE "*server*" is visited. A null value keeps the
+// text of the visited row before. A row in the span adds its price, rounded to cents but never
+// times the quantity, to the total, and to the liquor sales when its type begins with "L", "Beer"
+// or "Wine". Every visited row, in the span or not, adds the rounded price of the last row in the
+// span (0 before the first) and its own quantity to the first row of the table, from 1 to the
+// bound, whose department name (column 1) is its type.
 ServerSales SearchServerSales(SalesStore &store, const SalesRowsMark &loaded, const ServerSearch &search, CategoryValues &table);
 
 } // namespace qlon

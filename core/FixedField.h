@@ -4,6 +4,7 @@
 #include <QByteArrayView>
 
 #include <algorithm>
+#include <cstring>
 
 namespace qlon {
 
@@ -63,9 +64,14 @@ inline QByteArray ReadTrimmed(QByteArrayView record, FieldSpan span)
     return TrimBlanks(record.sliced(span.offset, span.width));
 }
 
+// Writes in place; the text may lie within the record itself, as a field's own text moved left.
 inline void WriteFixed(QByteArray &record, FieldSpan span, QByteArrayView text)
 {
-    record.replace(span.offset, span.width, PadOrCut(text, span.width));
+    const qsizetype kept = qMin<qsizetype>(text.size(), span.width);
+    char *field = record.data() + span.offset;
+    if (kept > 0) // an empty text may have no data at all
+        std::memmove(field, text.data(), std::size_t(kept));
+    std::fill(field + kept, field + span.width, ' ');
 }
 
 } // namespace qlon

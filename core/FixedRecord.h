@@ -72,6 +72,11 @@ public:
     // The field's bytes, blanks included.
     QByteArray field(int field) const { return ReadFixed(m_bytes, span(field)); }
     QByteArray trimmedField(int field) const { return ReadTrimmed(m_bytes, span(field)); }
+    // The field within its blanks as a view of the record, good until the record changes.
+    QByteArrayView trimmedView(int field) const
+    {
+        return WithinBlanks(QByteArrayView(m_bytes).sliced(span(field).offset, span(field).width));
+    }
     void setField(int field, QByteArrayView text) { WriteFixed(m_bytes, span(field), text); }
 
     const QByteArray &bytes() const { return m_bytes; }

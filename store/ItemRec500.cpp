@@ -4,7 +4,7 @@ namespace qlon {
 
 bool ItemRec500::isFree(FreeSlotRule rule) const
 {
-    const QByteArray title = trimmedField(ButtonTitle);
+    const QByteArrayView title = trimmedView(ButtonTitle);
     if (title.isEmpty() || title == "Avaliable")
         return true;
     switch (rule) {

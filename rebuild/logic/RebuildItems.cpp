@@ -142,7 +142,7 @@ void RebuildItems::gatherRecord(QByteArrayView itemBytes, QByteArrayView recipe,
         : group == Group::Liquor                   ? FreeSlotRule::DrinkRebuild
                                                    : FreeSlotRule::RetailRebuild;
     ItemRec500 item(itemBytes);
-    item.setField(ItemRec500::ButtonTitle, item.trimmedField(ItemRec500::ButtonTitle));
+    item.setField(ItemRec500::ButtonTitle, item.trimmedView(ItemRec500::ButtonTitle));
     if (item.isFree(rule))
         return;
     // A blank Department stays blank: the old test compared the fixed field, never empty, with "".
@@ -150,18 +150,18 @@ void RebuildItems::gatherRecord(QByteArrayView itemBytes, QByteArrayView recipe,
         item.setField(ItemRec500::Department, "Retail");
         item.setField(ItemRec500::ButtonTitle, item.field(ItemRec500::KitchenText));
     }
-    writeItem(item.bytes(), recipe, group);
+    writeItem(item, recipe, group);
 }
 
-void RebuildItems::writeItem(const QByteArray &item, QByteArrayView recipe, Group group)
+void RebuildItems::writeItem(const ItemRec500 &item, QByteArrayView recipe, Group group)
 {
     ++m_itemCount;
-    m_items->append(item);
+    m_items->append(item.bytes());
     m_recipes->append(recipe);
     if (group == Group::Food)
-        AppendQuotedLine(m_pendingTitles, {ItemRec500(item).trimmedField(ItemRec500::ButtonTitle)});
+        AppendQuotedLine(m_pendingTitles, {item.trimmedView(ItemRec500::ButtonTitle)});
     // Every group lists its items for Load List, so the list's count keeps step with the item count.
-    m_listItems->append(item);
+    m_listItems->append(item.bytes());
     m_display.showItemCount(m_itemCount);
     m_display.pause();
 }

@@ -9,6 +9,7 @@
 
 namespace qlon {
 
+class ItemRec500;
 class TextFile;
 struct CatalogueFile;
 
@@ -46,7 +47,7 @@ private:
     // `showRecordProgress` is set.
     void gatherFile(const CatalogueFile &files, Group group, bool showRecordProgress);
     void gatherRecord(QByteArrayView itemBytes, QByteArrayView recipe, Group group);
-    void writeItem(const QByteArray &item, QByteArrayView recipe, Group group);
+    void writeItem(const ItemRec500 &item, QByteArrayView recipe, Group group);
     // Hands the items gathered since the last call to the output files.
     void writePending();
 

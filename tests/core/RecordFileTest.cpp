@@ -162,6 +162,14 @@ TEST(FixedFieldTest, FieldsAreCutAndFilledWithBlanks)
     EXPECT_EQ(record, "..Eighteen chars ok!Nineteen character  ");
     EXPECT_EQ(ReadTrimmed(record, {20, 18}), "Nineteen character");
     EXPECT_EQ(TrimBlanks("  \tx y\t  "), "\tx y\t");
+
+    // A field's own text moved left within it, as a title losing its leading blanks; a copy
+    // taken before keeps its bytes.
+    QByteArray shifted("[   Burger ]");
+    const QByteArray before = shifted;
+    WriteFixed(shifted, {1, 10}, WithinBlanks(QByteArrayView(shifted).sliced(1, 10)));
+    EXPECT_EQ(shifted, "[Burger    ]");
+    EXPECT_EQ(before, "[   Burger ]");
 }
 
 } // namespace

@@ -63,7 +63,8 @@ QByteArray withoutTrailingZeros(const QByteArray &digits)
     return digits.first(end);
 }
 
-DecimalDigits Rounded(double value, qsizetype places)
+// Rounding done on the decimal text, for numbers too large for the integer way below.
+DecimalDigits roundedText(double value, qsizetype places)
 {
     const QByteArray text = fifteenDigitDecimal(std::abs(value));
     const qsizetype point = text.contains('.') ? text.indexOf('.') : text.size();
@@ -74,8 +75,60 @@ DecimalDigits Rounded(double value, qsizetype places)
     DecimalDigits rounded;
     rounded.whole = withoutLeadingZeros(digits.chopped(places));
     rounded.fraction = withoutTrailingZeros(digits.last(places));
-    rounded.negative = value < 0 && !(rounded.whole.isEmpty() && rounded.fraction.isEmpty());
     return rounded;
+}
+
+constexpr int significantDigits = 15;
+constexpr std::array<quint64, 19> powersOfTen = [] {
+    std::array<quint64, 19> powers{};
+    quint64 power = 1;
+    for (quint64 &entry : powers) {
+        entry = power;
+        power *= 10;
+    }
+    return powers;
+}();
+
+// The same rounding on integers: the 15 significant digits as one number, scaled to the places and
+// rounded on the first digit dropped. It takes every number whose scaled digits stay below 10^18.
+std::optional<DecimalDigits> roundedInteger(double magnitude, qsizetype places)
+{
+    std::array<char, 32> buffer;
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific, significantDigits - 1).ptr;
+    const QByteArrayView scientific(buffer.data(), end);
+    const qsizetype exponentAt = scientific.indexOf('e');
+    const int exponent = scientific.sliced(exponentAt + 1).toInt();
+    const qsizetype shift = exponent - (significantDigits - 1) + places; // the power of ten the digits are scaled by
+    if (places >= qsizetype(powersOfTen.size()) || shift > 3)
+        return std::nullopt;
+    quint64 digits = scientific[0] - '0';
+    for (char digit : scientific.sliced(2, exponentAt - 2))
+        digits = digits * 10 + quint64(digit - '0');
+    quint64 scaled = 0;
+    if (shift >= 0) {
+        scaled = digits * powersOfTen[std::size_t(shift)];
+    } else if (-shift <= significantDigits) {
+        scaled = digits / powersOfTen[std::size_t(-shift)];
+        if (digits / powersOfTen[std::size_t(-shift - 1)] % 10 >= 5)
+            ++scaled;
+    }
+    const quint64 unit = powersOfTen[std::size_t(places)];
+    DecimalDigits rounded;
+    if (scaled / unit != 0)
+        rounded.whole = QByteArray::number(scaled / unit);
+    if (places > 0)
+        rounded.fraction = withoutTrailingZeros(QByteArray::number(scaled % unit).rightJustified(places, '0'));
+    return rounded;
+}
+
+DecimalDigits Rounded(double value, qsizetype places)
+{
+    std::optional<DecimalDigits> rounded = roundedInteger(std::abs(value), places);
+    if (!rounded)
+        rounded = roundedText(value, places);
+    rounded->negative = value < 0 && !(rounded->whole.isEmpty() && rounded->fraction.isEmpty());
+    return *rounded;
 }
 
 QByteArray grouped(QByteArray digits)
@@ -262,9 +315,29 @@ double FormattedValue(QByteArrayView text, QByteArrayView pattern)
     return NumericValue(FormattedText(text, pattern));
 }
 
+// The count of significant digits of the shortest form that reads back as the finite value.
+int shortestDigitCount(double value)
+{
+    std::array<char, 32> buffer;
+    const char *end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value), std::chars_format::scientific).ptr;
+    const qsizetype exponentAt = QByteArrayView(buffer.data(), end).indexOf('e');
+    return int(exponentAt > 1 ? exponentAt - 1 : exponentAt); // the digits before the exponent, less the point
+}
+
+// A number whose shortest form has at most 15 significant digits lies nearer to that form than to
+// any other of 15 digits, and the C library writes it as the platform does. Any other is left to
+// the platform's own writer: the two round a half in the 16th digit differently.
 QByteArray PlainNumber(double value)
 {
-    QByteArray text = QByteArray::number(value, 'g', 15);
+    QByteArray text;
+    if (std::isfinite(value) && shortestDigitCount(value) <= significantDigits) {
+        std::array<char, 32> buffer;
+        const char *end =
+            std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, significantDigits).ptr;
+        text = QByteArrayView(buffer.data(), end).toByteArray();
+    } else {
+        text = QByteArray::number(value, 'g', significantDigits);
+    }
     return text == "-0" ? QByteArrayLiteral("0") : text;
 }
 

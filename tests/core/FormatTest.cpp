@@ -2,8 +2,14 @@
 
 #include "core/Conversions.h"
 
+#include <QRandomGenerator>
+
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <string>
 
 namespace qlon {
@@ -53,6 +59,74 @@ TEST(FormatTest, NumberPatterns)
     };
     for (const auto &c : cases)
         EXPECT_EQ(Format(c.value, c.pattern).toStdString(), c.expected) << c.value << " with " << c.pattern;
+}
+
+// The rounding done by hand on the text of 15 significant digits: the digits laid out by their
+// places, cut after the wanted places and raised by one there when the next digit is 5 or more;
+// written as a pattern "#.##" writes it.
+std::string roundedByHand(double value, int places)
+{
+    char text[32];
+    std::snprintf(text, sizeof text, "%.14e", std::abs(value));
+    const std::string digits = text[0] + std::string(text + 2, 14);
+    const int exponent = std::atoi(std::strchr(text, 'e') + 1);
+    std::string laidOut; // the digits from the highest place down to the one after the last kept
+    for (int power = std::max(exponent, 0); power >= -places - 1; --power) {
+        const int index = exponent - power;
+        laidOut += index >= 0 && index < int(digits.size()) ? digits[std::size_t(index)] : '0';
+    }
+    const bool up = laidOut.back() >= '5';
+    laidOut.pop_back();
+    int at = int(laidOut.size()) - 1;
+    for (; up && at >= 0 && laidOut[std::size_t(at)] == '9'; --at)
+        laidOut[std::size_t(at)] = '0';
+    if (up)
+        at < 0 ? laidOut.insert(0, "1") : laidOut.replace(std::size_t(at), 1, 1, char(laidOut[std::size_t(at)] + 1));
+    std::string whole = laidOut.substr(0, laidOut.size() - std::size_t(places));
+    std::string fraction = laidOut.substr(laidOut.size() - std::size_t(places));
+    whole.erase(0, whole.find_first_not_of('0'));
+    fraction.erase(fraction.find_last_not_of('0') + 1);
+    const bool negative = value < 0 && !(whole.empty() && fraction.empty());
+    return (negative ? "-" : "") + whole + "." + fraction;
+}
+
+TEST(FormatTest, RoundingMatchesTheDecimalTextAtEveryMagnitude)
+{
+    QRandomGenerator random(20041231);
+    for (int trial = 0; trial < 200000; ++trial) {
+        const int places = 1 + random.bounded(6);
+        const double cents = double(random.bounded(2000000)) - 1000000.0;
+        const double values[] = {
+            cents / 100.0 + 0.005, // the halves that decide the rounding
+            cents / 1000.0,
+            (random.generateDouble() - 0.5) * std::pow(10.0, random.bounded(-12, 24)),
+        };
+        for (const double value : values) {
+            const QByteArray pattern = "#." + QByteArray(places, '#');
+            ASSERT_EQ(Format(value, pattern).toStdString(), roundedByHand(value, places)) << value << " to " << places;
+        }
+    }
+    EXPECT_EQ(roundedByHand(2.675, 2), "2.68") << "the hand rounding itself";
+}
+
+TEST(FormatTest, PlainNumbersAreTheShortestOfFifteenDigits)
+{
+    QRandomGenerator random(20040331);
+    const auto qtForm = [](double value) {
+        const QByteArray text = QByteArray::number(value, 'g', 15);
+        return text == "-0" ? QByteArray("0") : text;
+    };
+    for (int trial = 0; trial < 100000; ++trial) {
+        const double whole = double(random.bounded(100000)) - 50000.0;
+        for (const double value :
+            {whole, whole / 100.0, whole / 3.0, (random.generateDouble() - 0.5) * std::pow(10.0, random.bounded(-30, 30))})
+            ASSERT_EQ(PlainNumber(value), qtForm(value)) << value;
+    }
+    for (const double value :
+        {0.0, -0.0, 1e15, 999999999999999.0, 1e-5, 0.0001, 1e300, 5e-324, double(INFINITY), -double(INFINITY), double(NAN)})
+        EXPECT_EQ(PlainNumber(value), qtForm(value)) << value;
+    EXPECT_EQ(PlainNumber(-0.0), "0");
+    EXPECT_EQ(PlainNumber(1e15), "1e+15");
 }
 
 TEST(FormatTest, PriceNormalisationKeepsPricesOfUpToThreeDecimals)

@@ -99,10 +99,10 @@ std::optional<QByteArray> isoDateTimeText(QByteArrayView text)
     return DateTimeText(*date, *time);
 }
 
-QByteArrayView columnBytes(sqlite3_stmt *statement, int column)
+QByteArrayView valueBytes(sqlite3_value *value)
 {
-    const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(statement, column));
-    return QByteArrayView(text, sqlite3_column_bytes(statement, column));
+    const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(value));
+    return QByteArrayView(text, sqlite3_value_bytes(value));
 }
 
 void assignWhole(SalesValue &value, qint64 number)
@@ -149,7 +149,7 @@ bool valueMatchesLike(sqlite3_value *value, QByteArrayView pattern)
     case SQLITE_FLOAT: return MatchesLike(NumberText(sqlite3_value_double(value)), pattern);
     default: break;
     }
-    const QByteArrayView text(reinterpret_cast<const char *>(sqlite3_value_text(value)), sqlite3_value_bytes(value));
+    const QByteArrayView text = valueBytes(value);
     if (mayBeIsoDateTime(text)) {
         if (const std::optional<QByteArray> dateTime = isoDateTimeText(text))
             return MatchesLike(*dateTime, pattern);
@@ -160,7 +160,7 @@ bool valueMatchesLike(sqlite3_value *value, QByteArrayView pattern)
 // qlon_like(value, pattern): 1 when the value is LIKE the pattern.
 void likeFunction(sqlite3_context *context, int, sqlite3_value **arguments)
 {
-    const QByteArrayView pattern(reinterpret_cast<const char *>(sqlite3_value_text(arguments[1])), sqlite3_value_bytes(arguments[1]));
+    const QByteArrayView pattern = valueBytes(arguments[1]);
     sqlite3_result_int(context, valueMatchesLike(arguments[0], pattern) ? 1 : 0);
 }
 
@@ -239,7 +239,7 @@ void SqliteSalesStore::checkSalesTable() const
     const int result = sqlite3_step(kind.get());
     if (result != SQLITE_ROW && result != SQLITE_DONE)
         throw SqliteError(m_database.get(), m_hostPath);
-    if (result == SQLITE_DONE || columnBytes(kind.get(), 0) != "table")
+    if (result == SQLITE_DONE || valueBytes(sqlite3_column_value(kind.get(), 0)) != "table")
         throw MissingTableError(SalesTableName, m_hostPath);
 }
 
@@ -358,7 +358,7 @@ void SqliteSalesStore::walk(const Select &select, const SalesVisitor &visit)
             return;
         if (result != SQLITE_ROW)
             throw SqliteError(m_database.get(), m_hostPath);
-        if (select.isoDateAt && !beginsWithIsoDate(columnBytes(statement, *select.isoDateAt)))
+        if (select.isoDateAt && !beginsWithIsoDate(valueBytes(sqlite3_column_value(statement, *select.isoDateAt))))
             continue;
         readRow(select);
         if (!visit(m_row))
@@ -373,14 +373,17 @@ void SqliteSalesStore::readRow(const Select &select)
         readValue(statement, at, select.columns[at]);
 }
 
+// The column's value is read as such: each sqlite3_column_ call would look the column up anew. The
+// connection has no mutex, so its values need none.
 void SqliteSalesStore::readValue(sqlite3_stmt *statement, int at, SalesColumn column)
 {
+    sqlite3_value *read = sqlite3_column_value(statement, at);
     SalesValue &value = m_row[column];
-    switch (sqlite3_column_type(statement, at)) {
+    switch (sqlite3_value_type(read)) {
     case SQLITE_NULL: value.reset(); return;
-    case SQLITE_INTEGER: assignWhole(value, sqlite3_column_int64(statement, at)); return;
-    case SQLITE_FLOAT: readNumber(sqlite3_column_double(statement, at), column); return;
-    default: readText(columnBytes(statement, at), column);
+    case SQLITE_INTEGER: assignWhole(value, sqlite3_value_int64(read)); return;
+    case SQLITE_FLOAT: readNumber(sqlite3_value_double(read), column); return;
+    default: readText(valueBytes(read), column);
     }
 }
 

@@ -44,8 +44,8 @@ qsizetype TextFile::ReadFields(std::span<QByteArrayView> fields)
 }
 
 namespace {
-template<typename Texts>
-void appendQuotedLine(QByteArray &out, const Texts &texts)
+template<typename Out, typename Texts>
+void appendQuotedLine(Out &out, const Texts &texts)
 {
     // One resize and plain copies: the sales trace appends a million of these lines.
     qsizetype length = 2;
@@ -53,7 +53,7 @@ void appendQuotedLine(QByteArray &out, const Texts &texts)
         length += text.size() + 3;
     if (!std::empty(texts))
         --length;
-    const qsizetype start = out.size();
+    const auto start = out.size();
     out.resize(start + length);
     char *cursor = out.data() + start;
     bool first = true;
@@ -71,6 +71,11 @@ void appendQuotedLine(QByteArray &out, const Texts &texts)
 } // namespace
 
 void AppendQuotedLine(QByteArray &out, std::initializer_list<QByteArrayView> texts)
+{
+    appendQuotedLine(out, texts);
+}
+
+void AppendQuotedLine(std::string &out, std::initializer_list<QByteArrayView> texts)
 {
     appendQuotedLine(out, texts);
 }

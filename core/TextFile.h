@@ -6,6 +6,7 @@
 #include <QByteArrayList>
 
 #include <optional>
+#include <string>
 
 namespace qlon {
 
@@ -44,5 +45,6 @@ private:
 // Appends the line WriteFields writes: each text in double quotes, separated by commas, with
 // the line end.
 void AppendQuotedLine(QByteArray &out, std::initializer_list<QByteArrayView> texts);
+void AppendQuotedLine(std::string &out, std::initializer_list<QByteArrayView> texts);
 
 } // namespace qlon

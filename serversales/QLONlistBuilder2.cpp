@@ -302,7 +302,7 @@ void QLONlistBuilder2::Get_Sales()
     Yield();
 
     const ItemSales &sales = salesOf(searched, span);
-    m_trace.append(tracePath, sales.trace);
+    m_trace.append(tracePath, sales.trace.joined());
 
     const CalculatedItem item = CalculateItem(sales, name, main->MList1->rowTag(shared.CurrentRow), type, price);
     shared.LastItemSales = item.sales;

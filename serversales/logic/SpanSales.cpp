@@ -59,6 +59,7 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
     Memo<QByteArray, double> roundedPrices;
     Memo<QByteArray, double> quantities;
     QByteArray item;
+    std::string line;
     store.SelectSpan(span.fromDate, span.toDate, read, [&](const SalesRow &row) {
         // A null item keeps the name of the row before it, whatever item that was.
         if (row[Item])
@@ -73,9 +74,11 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
         sales.sales += roundedPrices.get(price, [&price] { return FormattedValue(price, "########.##"); });
         const QByteArray &quantity = columns[Quantity];
         sales.units += quantities.get(quantity, [&quantity] { return NumericValue(quantity); });
-        AppendQuotedLine(sales.trace,
+        line.clear();
+        AppendQuotedLine(line,
             {columns[Item], columns[OrderID], columns[Quantity], columns[OrderDate], columns[ReceiptID], columns[OrderNumber],
                 columns[SaleType]});
+        sales.trace.append(line);
         return true;
     });
     // The receipt an item's walk read last is the one its carried texts hold.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ChunkedText.h"
 #include "core/Memo.h"
 #include "store/CarriedColumns.h"
 #include "store/SalesStore.h"
@@ -48,7 +49,9 @@ struct ItemSales
 {
     double sales = 0; // the line prices, each rounded to cents, never times the quantity
     double units = 0;
-    QByteArray trace; // the lines of TempItemsRec.dat, in table order, as the file holds them
+    // The lines of TempItemsRec.dat, in table order, as the file holds them. The rows of a span
+    // come in no order of item, and all items' lines grow side by side.
+    ChunkedText trace;
     // The receipt of the last row read with the item's name, counted or not; the "Volume" of an
     // item that sold nothing shows it.
     QByteArray lastReceipt;

@@ -46,6 +46,16 @@ bool walkEnds(QDate current)
     return lastDay && current > *lastDay;
 }
 
+// A price of digits with three decimals at the most keeps its value through the pattern
+// "###.###.##", which then neither rounds nor cuts it.
+std::optional<double> plainPrice(QByteArrayView price)
+{
+    const std::optional<ShortDecimal> decimal = ReadShortDecimal(price);
+    if (!decimal || decimal->negative || decimal->decimals > 3)
+        return std::nullopt;
+    return decimal->value();
+}
+
 } // namespace
 
 QByteArray MonthFileName(QDate date)
@@ -118,11 +128,15 @@ std::optional<QTime> MonthlyReadings::time(const QByteArray &text)
 
 double MonthlyReadings::price(const QByteArray &text)
 {
+    if (const std::optional<double> value = plainPrice(text))
+        return *value;
     return m_prices.get(text, [&text] { return NormalizedPrice(text); });
 }
 
 double MonthlyReadings::quantity(const QByteArray &text)
 {
+    if (const std::optional<ShortDecimal> decimal = ReadShortDecimal(text))
+        return decimal->value();
     return m_quantities.get(text, [&text] { return NumericValue(text); });
 }
 
@@ -134,6 +148,8 @@ QByteArray NormalizedType(QByteArrayView type)
 
 double NormalizedPrice(QByteArrayView price)
 {
+    if (const std::optional<double> value = plainPrice(price))
+        return *value;
     return FormattedValue(price, "###.###.##");
 }
 

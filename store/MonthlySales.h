@@ -62,7 +62,8 @@ private:
 };
 
 // A month's texts as the scans read them, each distinct text read once: the lines repeat their
-// dates, times, prices and quantities, and each reading is the text's own.
+// dates, times, prices and quantities, and each reading is the text's own. A plain price or
+// quantity is read anew each time, for less than a lookup of its text costs.
 class MonthlyReadings
 {
 public:

@@ -1,12 +1,15 @@
 #include "store/MonthlySales.h"
 #include "core/Conversions.h"
 #include "core/DateText.h"
+#include "core/Format.h"
 #include "store/SiteConfig.h"
 #include "tests/support/TempSite.h"
 
 #include <QRandomGenerator>
 
 #include <gtest/gtest.h>
+
+#include <cmath>
 
 namespace qlon {
 namespace {
@@ -104,6 +107,26 @@ TEST(MonthlyValuesTest, TypesAndPricesAreNormalised)
     EXPECT_DOUBLE_EQ(NormalizedPrice("12.5"), 12.5);
     EXPECT_DOUBLE_EQ(NormalizedPrice("12.1234"), 12.123);
     EXPECT_DOUBLE_EQ(NormalizedPrice("$1,078.50"), 1078.5);
+}
+
+// A plain price is read directly, as the pattern reads it.
+TEST(MonthlyValuesTest, PlainPricesReadAsThePatternReadsThem)
+{
+    QByteArrayList prices = {"0", "0.", ".5", "0.005", "12.125", "12.1234", "-12.5", "-0", "007.10", "999999999999.999", "9999999999999.99",
+        "99999999999999.9", "1234567890123456", "2.675", "1.0005"};
+    for (int cents = 0; cents < 100000; cents += 3)
+        prices.append(QByteArray::number(cents / 100) + '.' + QByteArray::number(cents % 100).rightJustified(2, '0'));
+    QRandomGenerator random(5);
+    for (int price = 0; price < 20000; ++price) {
+        QByteArray text = QByteArray::number(random.bounded(Q_INT64_C(10000000000000000)));
+        text.insert(random.bounded(int(text.size()) + 1), '.');
+        prices.append(text);
+    }
+    for (const QByteArray &price : prices) {
+        const double patterned = FormattedValue(price, "###.###.##");
+        ASSERT_EQ(NormalizedPrice(price), patterned) << price.constData();
+        ASSERT_EQ(std::signbit(NormalizedPrice(price)), std::signbit(patterned)) << price.constData();
+    }
 }
 
 // A scan reads each distinct text of a month once; line after line, what it reads equals what

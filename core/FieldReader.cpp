@@ -3,7 +3,6 @@
 #include "core/RuntimeError.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace qlon {
 
@@ -69,8 +68,9 @@ bool FieldReader::readQuoted(std::span<QByteArrayView> fields)
     for (QByteArrayView &field : fields) {
         if (cursor == end || *cursor != '"')
             return false;
-        const auto *closing = static_cast<const char *>(std::memchr(cursor + 1, '"', std::size_t(end - cursor - 1)));
-        const qsizetype separator = closing ? commonSeparatorAt(closing + 1, end) : 0;
+        // The fields are short: a search in line is quicker than a call to memchr.
+        const char *const closing = std::find(cursor + 1, end, '"');
+        const qsizetype separator = closing != end ? commonSeparatorAt(closing + 1, end) : 0;
         if (separator == 0)
             return false;
         field = QByteArrayView(cursor + 1, closing);

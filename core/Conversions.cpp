@@ -108,20 +108,23 @@ std::optional<ShortDecimal> ReadShortDecimal(QByteArrayView text)
     const char *const end = text.end();
     decimal.negative = cursor != end && *cursor == '-';
     cursor += decimal.negative ? 1 : 0;
-    const char *point = nullptr;
     int count = 0;
-    for (; cursor != end; ++cursor) {
-        if (*cursor == '.' && !point) {
-            point = cursor;
-        } else if (TextCursor::isDigit(*cursor) && ++count <= shortDecimalDigits) {
-            decimal.digits = decimal.digits * 10 + (*cursor - '0');
-        } else {
-            return std::nullopt;
+    // Takes digits while they fit; a digit past the fifteenth is left, and the text isn't short.
+    const auto takeDigits = [&] {
+        while (cursor != end && TextCursor::isDigit(*cursor) && count < shortDecimalDigits) {
+            decimal.digits = decimal.digits * 10 + (*cursor++ - '0');
+            ++count;
         }
+    };
+    takeDigits();
+    if (cursor != end && *cursor == '.') {
+        ++cursor;
+        const int wholeDigits = count;
+        takeDigits();
+        decimal.decimals = count - wholeDigits;
     }
-    if (count == 0)
+    if (cursor != end || count == 0)
         return std::nullopt;
-    decimal.decimals = point ? int(end - point - 1) : 0;
     return decimal;
 }
 

@@ -46,6 +46,12 @@ bool walkEnds(QDate current)
     return lastDay && current > *lastDay;
 }
 
+// A record is in step when its date has "/" as its third character.
+bool inStep(QByteArrayView date)
+{
+    return date.size() >= 3 && date[2] == '/';
+}
+
 // A price of digits with three decimals at the most keeps its value through the pattern
 // "###.###.##", which then neither rounds nor cuts it.
 std::optional<double> plainPrice(QByteArrayView price)
@@ -103,7 +109,7 @@ std::optional<MonthlyRecord> MonthlySalesFile::next()
 {
     while (!m_file.AtEnd()) {
         readFields(MonthlyFieldCount);
-        if (m_fields[SoldDate].size() >= 3 && m_fields[SoldDate][2] == '/')
+        if (inStep(m_fields[SoldDate]))
             return m_fields;
         ++m_rejects;
         QByteArray joined;
@@ -114,6 +120,16 @@ std::optional<MonthlyRecord> MonthlySalesFile::next()
         readFields(MonthlyFieldCount - 1);
     }
     return std::nullopt;
+}
+
+std::optional<MonthlyRecordView> MonthlySalesFile::nextInStep()
+{
+    MonthlyRecordView record;
+    const qsizetype count = m_file.ReadFields(record);
+    if (count == 0)
+        return std::nullopt;
+    m_outOfStep = count < MonthlyFieldCount || !inStep(record[SoldDate]);
+    return m_outOfStep ? std::nullopt : std::optional(record);
 }
 
 std::optional<QDate> MonthlyReadings::date(const QByteArray &text)

@@ -7,7 +7,6 @@
 #include "core/FixedField.h"
 #include "core/Format.h"
 #include "core/HostPath.h"
-#include "core/TextFile.h"
 #include "itemssold/logic/NameIndex.h"
 #include "store/MonthlySales.h"
 #include "store/SiteConfig.h"
@@ -28,9 +27,6 @@ bool isModifier(QByteArrayView item)
     return std::any_of(modifierPrefixes.begin(), modifierPrefixes.end(), [&](QByteArrayView prefix) { return item.startsWith(prefix); });
 }
 
-// A month's record as views of its eight fields.
-using MonthlyRecordView = std::array<QByteArrayView, MonthlyFieldCount>;
-
 MonthlyRecordView viewsOf(const MonthlyRecord &record)
 {
     MonthlyRecordView views;
@@ -42,12 +38,6 @@ MonthlyRecordView viewsOf(const MonthlyRecord &record)
 QByteArray unowned(QByteArrayView view)
 {
     return QByteArray::fromRawData(view.data(), view.size());
-}
-
-// The store's test of a record in step: "/" as the third character of its date.
-bool inStep(QByteArrayView date)
-{
-    return date.size() >= 3 && date[2] == '/';
 }
 
 QString rejectFilePath()
@@ -84,9 +74,11 @@ private:
     enum class MonthEnd { Read, Stopped, OutOfStep };
     // The month's records as views of the file's own bytes, as long as every one is in step.
     MonthEnd readInStep(const QString &path, const QByteArray &modeLetter);
-    MonthEnd takeRecordsInStep(TextFile &month, const QByteArray &modeLetter);
     // The month through the store's reader, which writes the records out of step to the reject file.
     bool readRecordByRecord(const QString &path, const QByteArray &modeLetter);
+    // Takes each record that `next` hands out; false when the user stopped.
+    template<typename Next>
+    bool takeRecords(const MonthlySalesFile &month, const QByteArray &modeLetter, Next &&next);
     enum class Outcome { Counted, Dropped, Stopped };
     // A line that can't be converted leaves the figures as they were.
     Outcome takeOrPassOver(const MonthlyRecordView &record, const QByteArray &modeLetter);
@@ -226,44 +218,37 @@ bool Scanner::readMonth(const QString &path, const QByteArray &modeLetter)
 
 Scanner::MonthEnd Scanner::readInStep(const QString &path, const QByteArray &modeLetter)
 {
-    // Opened as the store's reader opens it: the reject file is emptied before the lock is taken.
-    TextFile month(path, TextFile::Mode::Input);
-    const TextFile emptiedRejects(rejectFilePath(), TextFile::Mode::Output);
-    month.LockAll();
-    monthOpened();
-    const MonthEnd end = takeRecordsInStep(month, modeLetter);
-    month.UnlockAll();
-    return end;
-}
-
-Scanner::MonthEnd Scanner::takeRecordsInStep(TextFile &month, const QByteArray &modeLetter)
-{
-    const qint64 size = month.size();
-    MonthlyRecordView record;
-    while (const qsizetype count = month.ReadFields(record)) {
-        if (count < MonthlyFieldCount || !inStep(record[SoldDate]))
-            return MonthEnd::OutOfStep;
-        const Outcome outcome = takeOrPassOver(record, modeLetter);
-        if (outcome == Outcome::Stopped)
-            return MonthEnd::Stopped;
-        if (outcome == Outcome::Dropped)
-            showProgress(month.position(), size);
-    }
-    return MonthEnd::Read;
+    MonthlySalesFile month(path, rejectFilePath());
+    if (!takeRecords(month, modeLetter, [&] { return month.nextInStep(); }))
+        return MonthEnd::Stopped;
+    return month.outOfStep() ? MonthEnd::OutOfStep : MonthEnd::Read;
 }
 
 bool Scanner::readRecordByRecord(const QString &path, const QByteArray &modeLetter)
 {
     MonthlySalesFile month(path, rejectFilePath());
+    std::optional<MonthlyRecord> record;
+    const bool read = takeRecords(month, modeLetter, [&] {
+        record = month.next();
+        return record ? std::optional(viewsOf(*record)) : std::nullopt;
+    });
+    if (!read)
+        return false;
+    result.rejects += month.rejects();
+    return true;
+}
+
+template<typename Next>
+bool Scanner::takeRecords(const MonthlySalesFile &month, const QByteArray &modeLetter, Next &&next)
+{
     monthOpened();
-    while (const std::optional<MonthlyRecord> record = month.next()) {
-        const Outcome outcome = takeOrPassOver(viewsOf(*record), modeLetter);
+    while (const std::optional<MonthlyRecordView> record = next()) {
+        const Outcome outcome = takeOrPassOver(*record, modeLetter);
         if (outcome == Outcome::Stopped)
             return false;
         if (outcome == Outcome::Dropped)
             showProgress(month.position(), month.size());
     }
-    result.rejects += month.rejects();
     return true;
 }
 

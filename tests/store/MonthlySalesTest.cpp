@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace qlon {
@@ -96,6 +97,58 @@ TEST_F(MonthlySalesTest, ADateWithoutItsSlashInPlaceIsOutOfStepAndTheReaderFinds
     EXPECT_EQ(rejects, 8);
     EXPECT_EQ(items, (QByteArrayList{"Item 1", "Item 17", "Item 18", "Item 19", "Item 20"}));
     EXPECT_TRUE(site.read(QStringLiteral("Quillon/Items.tmp")).startsWith("\"1/5/04|1|Item 2|1|F|6:05 PM|||\"\r\n"));
+}
+
+QList<MonthlyRecord> readCopies(MonthlySalesFile &month)
+{
+    QList<MonthlyRecord> records;
+    while (const std::optional<MonthlyRecord> record = month.next())
+        records.append(*record);
+    return records;
+}
+
+QList<MonthlyRecord> readInViews(MonthlySalesFile &month)
+{
+    QList<MonthlyRecord> records;
+    while (const std::optional<MonthlyRecordView> views = month.nextInStep()) {
+        MonthlyRecord record;
+        std::transform(views->begin(), views->end(), record.begin(), [](QByteArrayView view) { return view.toByteArray(); });
+        records.append(record);
+    }
+    return records;
+}
+
+// Read as views, a month gives the records the store's reader gives, up to the first that is out
+// of step, and writes no reject.
+TEST_F(MonthlySalesTest, ViewsInStepAreTheRecordsUpToTheFirstOutOfStep)
+{
+    QByteArray lines;
+    for (int number = 1; number <= 3000; ++number) {
+        const QByteArray date = number == 2500 ? QByteArray("3/1/04") : QByteArray("03/01/04");
+        lines += "\"" + date + "\"," + QByteArray::number(number % 4) + ",\"Item " + QByteArray::number(number) + "\",\"" +
+            QByteArray::number(number % 50) + ".25\",\"F\",\"6:05 PM\",\"\",\"\"\r\n";
+    }
+    const QString rejects = site.hostPath(QStringLiteral("Quillon/Items.tmp"));
+    const QString path = site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"), lines);
+    QList<MonthlyRecord> copies;
+    {
+        MonthlySalesFile month(path, rejects);
+        copies = readCopies(month);
+    }
+    ASSERT_EQ(copies.size(), 2985) << "the record out of step and what the reader takes until it is in step again";
+    {
+        MonthlySalesFile month(path, rejects);
+        EXPECT_EQ(readInViews(month), copies.mid(0, 2499));
+        EXPECT_TRUE(month.outOfStep());
+    }
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Items.tmp")), "");
+
+    site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"), lines.replace("\"3/1/04\"", "\"03/01/04\""));
+    MonthlySalesFile month(path, rejects);
+    const QList<MonthlyRecord> whole = readInViews(month);
+    EXPECT_FALSE(month.outOfStep());
+    EXPECT_EQ(whole.size(), 3000);
+    EXPECT_EQ(whole.mid(0, 2499), copies.mid(0, 2499));
 }
 
 TEST(MonthlyValuesTest, TypesAndPricesAreNormalised)

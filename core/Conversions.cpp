@@ -4,7 +4,6 @@
 
 #include <QByteArray>
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>

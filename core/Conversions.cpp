@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -84,6 +85,11 @@ bool isPlainDecimal(QByteArrayView text)
     return true;
 }
 
+// Whole numbers of up to fifteen digits and these powers of ten are exact as doubles.
+constexpr int shortDecimalDigits = 15;
+constexpr std::array<double, shortDecimalDigits + 1> powersOfTen = {
+    1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
 double roundedHalfToEven(double value)
 {
     const double below = std::floor(value);
@@ -94,9 +100,45 @@ double roundedHalfToEven(double value)
 
 } // namespace
 
+std::optional<ShortDecimal> ReadShortDecimal(QByteArrayView text)
+{
+    ShortDecimal decimal;
+    const char *cursor = text.begin();
+    const char *const end = text.end();
+    decimal.negative = cursor != end && *cursor == '-';
+    cursor += decimal.negative ? 1 : 0;
+    int count = 0;
+    // Takes digits while they fit; a digit past the fifteenth is left, and the text isn't short.
+    const auto takeDigits = [&] {
+        while (cursor != end && TextCursor::isDigit(*cursor) && count < shortDecimalDigits) {
+            decimal.digits = decimal.digits * 10 + (*cursor++ - '0');
+            ++count;
+        }
+    };
+    takeDigits();
+    if (cursor != end && *cursor == '.') {
+        ++cursor;
+        const int wholeDigits = count;
+        takeDigits();
+        decimal.decimals = count - wholeDigits;
+    }
+    if (cursor != end || count == 0)
+        return std::nullopt;
+    return decimal;
+}
+
+double ShortDecimal::value() const
+{
+    // Both exact, so the quotient is the decimal's value correctly rounded, as from_chars gives it.
+    const double magnitude = double(digits) / powersOfTen[decimals];
+    return negative ? -magnitude : magnitude;
+}
+
 double NumericValue(QByteArrayView text)
 {
     // The prices and quantities of sales rows, and the counts a sort compares, need no walk.
+    if (const std::optional<ShortDecimal> decimal = ReadShortDecimal(text))
+        return decimal->value();
     if (isPlainDecimal(text))
         return decimalValue(text).value_or(0);
     const QByteArrayView blanks(" \t\n");
@@ -111,6 +153,8 @@ double NumericValue(QByteArrayView text)
 
 std::optional<double> ToNumber(QByteArrayView text)
 {
+    if (const std::optional<ShortDecimal> decimal = ReadShortDecimal(text))
+        return decimal->value();
     if (isPlainDecimal(text))
         return decimalValue(text);
     TextCursor cursor(text.trimmed());

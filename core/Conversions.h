@@ -12,6 +12,19 @@ namespace qlon {
 // A text without a number, and a number beyond the range of a double, give 0. Never fails.
 double NumericValue(QByteArrayView text);
 
+// A short plain decimal: an optional minus sign, digits and one point at most, with fifteen
+// digits at the most ("12.50", "-3", ".5"). Read without the general readers, it has the value
+// that NumericValue and ToNumber give it.
+struct ShortDecimal
+{
+    bool negative = false;
+    qint64 digits = 0; // all its digits as one whole number
+    int decimals = 0; // how many of them stand behind the point
+    double value() const;
+};
+// None for any other text.
+std::optional<ShortDecimal> ReadShortDecimal(QByteArrayView text);
+
 // The strict conversion of a whole text to a number, on US settings: surrounding blanks, an optional sign
 // or enclosing parentheses for a negative, an optional "$", digits with optional "," grouping, an optional
 // decimal point and an optional exponent. Fails unless the whole text is such a number with at least one digit.

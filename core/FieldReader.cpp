@@ -12,6 +12,16 @@ constexpr qint64 chunkSize = 64 * 1024;
 // Lambdas rather than functions, so that the searches below test each byte inline.
 constexpr auto isBlank = [](char character) { return character == ' ' || character == '\t'; };
 constexpr auto endsUnquoted = [](char character) { return character == ',' || character == '\r' || character == '\n'; };
+
+// The length of the separator ",", "\n" or "\r\n" that stands at `at`; 0 for anything else.
+qsizetype commonSeparatorAt(const char *at, const char *end)
+{
+    if (at == end)
+        return 0;
+    if (*at == ',' || *at == '\n')
+        return 1;
+    return *at == '\r' && at + 1 != end && at[1] == '\n' ? 2 : 0;
+}
 } // namespace
 
 FieldReader::FieldReader(QIODevice &device)
@@ -34,6 +44,8 @@ QByteArray FieldReader::ReadField()
 
 qsizetype FieldReader::ReadFields(std::span<QByteArrayView> fields)
 {
+    if (readQuoted(fields))
+        return qsizetype(fields.size());
     const auto wanted = qsizetype(fields.size());
     for (bool fileEnded = false;;) {
         qsizetype position = m_position;
@@ -47,6 +59,25 @@ qsizetype FieldReader::ReadFields(std::span<QByteArrayView> fields)
         // The fields run past the buffer: read on, and take them again from the first.
         fileEnded = !readMore();
     }
+}
+
+bool FieldReader::readQuoted(std::span<QByteArrayView> fields)
+{
+    const char *cursor = m_buffer.constBegin() + m_position;
+    const char *const end = m_buffer.constEnd();
+    for (QByteArrayView &field : fields) {
+        if (cursor == end || *cursor != '"')
+            return false;
+        // The fields are short: a search in line is quicker than a call to memchr.
+        const char *const closing = std::find(cursor + 1, end, '"');
+        const qsizetype separator = closing != end ? commonSeparatorAt(closing + 1, end) : 0;
+        if (separator == 0)
+            return false;
+        field = QByteArrayView(cursor + 1, closing);
+        cursor = closing + 1 + separator;
+    }
+    m_position = cursor - m_buffer.constBegin();
+    return true;
 }
 
 bool FieldReader::fieldAt(qsizetype &position, bool fileEnded, QByteArrayView &field) const

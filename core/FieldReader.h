@@ -27,6 +27,9 @@ public:
     qint64 position() const { return m_device.pos() - (m_buffer.size() - m_position); }
 
 private:
+    // Fields as the site's programs write them, each in quotes with a comma or line end right
+    // behind, read in one pass; false for any other form, which the general reading takes.
+    bool readQuoted(std::span<QByteArrayView> fields);
     // The field at `position` into `field`, and `position` past its separator; false when the
     // buffer ends before the field does and the file may go on.
     bool fieldAt(qsizetype &position, bool fileEnded, QByteArrayView &field) const;

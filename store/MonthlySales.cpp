@@ -46,6 +46,22 @@ bool walkEnds(QDate current)
     return lastDay && current > *lastDay;
 }
 
+// A record is in step when its date has "/" as its third character.
+bool inStep(QByteArrayView date)
+{
+    return date.size() >= 3 && date[2] == '/';
+}
+
+// A price of digits with three decimals at the most keeps its value through the pattern
+// "###.###.##", which then neither rounds nor cuts it.
+std::optional<double> plainPrice(QByteArrayView price)
+{
+    const std::optional<ShortDecimal> decimal = ReadShortDecimal(price);
+    if (!decimal || decimal->negative || decimal->decimals > 3)
+        return std::nullopt;
+    return decimal->value();
+}
+
 } // namespace
 
 QByteArray MonthFileName(QDate date)
@@ -93,7 +109,7 @@ std::optional<MonthlyRecord> MonthlySalesFile::next()
 {
     while (!m_file.AtEnd()) {
         readFields(MonthlyFieldCount);
-        if (m_fields[SoldDate].size() >= 3 && m_fields[SoldDate][2] == '/')
+        if (inStep(m_fields[SoldDate]))
             return m_fields;
         ++m_rejects;
         QByteArray joined;
@@ -104,6 +120,16 @@ std::optional<MonthlyRecord> MonthlySalesFile::next()
         readFields(MonthlyFieldCount - 1);
     }
     return std::nullopt;
+}
+
+std::optional<MonthlyRecordView> MonthlySalesFile::nextInStep()
+{
+    MonthlyRecordView record;
+    const qsizetype count = m_file.ReadFields(record);
+    if (count == 0)
+        return std::nullopt;
+    m_outOfStep = count < MonthlyFieldCount || !inStep(record[SoldDate]);
+    return m_outOfStep ? std::nullopt : std::optional(record);
 }
 
 std::optional<QDate> MonthlyReadings::date(const QByteArray &text)
@@ -118,11 +144,15 @@ std::optional<QTime> MonthlyReadings::time(const QByteArray &text)
 
 double MonthlyReadings::price(const QByteArray &text)
 {
+    if (const std::optional<double> value = plainPrice(text))
+        return *value;
     return m_prices.get(text, [&text] { return NormalizedPrice(text); });
 }
 
 double MonthlyReadings::quantity(const QByteArray &text)
 {
+    if (const std::optional<ShortDecimal> decimal = ReadShortDecimal(text))
+        return decimal->value();
     return m_quantities.get(text, [&text] { return NumericValue(text); });
 }
 
@@ -134,6 +164,8 @@ QByteArray NormalizedType(QByteArrayView type)
 
 double NormalizedPrice(QByteArrayView price)
 {
+    if (const std::optional<double> value = plainPrice(price))
+        return *value;
     return FormattedValue(price, "###.###.##");
 }
 

@@ -29,6 +29,8 @@ QList<QDate> MonthWalk(QByteArrayView fromDate);
 // The eight fields of a monthly record, read as texts.
 enum MonthlyField { SoldDate, SoldQuantity, SoldItem, SoldPrice, SoldType, SoldTime, Extra1, Extra2, MonthlyFieldCount };
 using MonthlyRecord = std::array<QByteArray, MonthlyFieldCount>;
+// A record as views of its eight fields in the file's bytes.
+using MonthlyRecordView = std::array<QByteArrayView, MonthlyFieldCount>;
 
 // A month's file read record by record, locked as a whole while it is open so that no station
 // appends in the middle of a read. Fields are taken wherever they stand, across line ends. A
@@ -50,6 +52,12 @@ public:
     // The next record in step, or none at the end of the file. Fields past the end keep the
     // texts of the record before, as the old reader's variables did.
     std::optional<MonthlyRecord> next();
+    // The next record as views, which hold until the next read, for a reader that needs no copies:
+    // none at the end of the file, and none at the first record that isn't whole and in step,
+    // which outOfStep() then tells and which goes to no reject file. A reading takes its records
+    // by next() or by nextInStep(), never by both.
+    std::optional<MonthlyRecordView> nextInStep();
+    bool outOfStep() const { return m_outOfStep; }
 
 private:
     void readFields(int count);
@@ -58,11 +66,13 @@ private:
     TextFile m_rejectFile;
     qint64 m_size;
     int m_rejects = 0;
+    bool m_outOfStep = false;
     MonthlyRecord m_fields;
 };
 
 // A month's texts as the scans read them, each distinct text read once: the lines repeat their
-// dates, times, prices and quantities, and each reading is the text's own.
+// dates, times, prices and quantities, and each reading is the text's own. A plain price or
+// quantity is read anew each time, for less than a lookup of its text costs.
 class MonthlyReadings
 {
 public:

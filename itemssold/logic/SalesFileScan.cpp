@@ -7,13 +7,9 @@
 #include "core/FixedField.h"
 #include "core/Format.h"
 #include "core/HostPath.h"
-#include "core/TextFile.h"
+#include "itemssold/logic/NameIndex.h"
 #include "store/MonthlySales.h"
 #include "store/SiteConfig.h"
-
-#include <string>
-#include <string_view>
-#include <unordered_map>
 
 namespace qlon {
 
@@ -31,9 +27,6 @@ bool isModifier(QByteArrayView item)
     return std::any_of(modifierPrefixes.begin(), modifierPrefixes.end(), [&](QByteArrayView prefix) { return item.startsWith(prefix); });
 }
 
-// A month's record as views of its eight fields.
-using MonthlyRecordView = std::array<QByteArrayView, MonthlyFieldCount>;
-
 MonthlyRecordView viewsOf(const MonthlyRecord &record)
 {
     MonthlyRecordView views;
@@ -45,24 +38,6 @@ MonthlyRecordView viewsOf(const MonthlyRecord &record)
 QByteArray unowned(QByteArrayView view)
 {
     return QByteArray::fromRawData(view.data(), view.size());
-}
-
-std::string_view textOf(QByteArrayView view)
-{
-    return {view.data(), std::size_t(view.size())};
-}
-
-// Hashes a text and a view of one alike, so that a view finds a text kept as a key.
-struct TextHash
-{
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
-};
-
-// The store's test of a record in step: "/" as the third character of its date.
-bool inStep(QByteArrayView date)
-{
-    return date.size() >= 3 && date[2] == '/';
 }
 
 QString rejectFilePath()
@@ -96,14 +71,14 @@ public:
 
 private:
     void load(const QByteArrayList &catalogueRows);
-    // Notes the row about to be added as the one that counts the name, unless one before does.
-    void firstRowFor(QByteArrayView name);
     enum class MonthEnd { Read, Stopped, OutOfStep };
     // The month's records as views of the file's own bytes, as long as every one is in step.
     MonthEnd readInStep(const QString &path, const QByteArray &modeLetter);
-    MonthEnd takeRecordsInStep(TextFile &month, const QByteArray &modeLetter);
     // The month through the store's reader, which writes the records out of step to the reject file.
     bool readRecordByRecord(const QString &path, const QByteArray &modeLetter);
+    // Takes each record that `next` hands out; false when the user stopped.
+    template<typename Next>
+    bool takeRecords(const MonthlySalesFile &month, const QByteArray &modeLetter, Next &&next);
     enum class Outcome { Counted, Dropped, Stopped };
     // A line that can't be converted leaves the figures as they were.
     Outcome takeOrPassOver(const MonthlyRecordView &record, const QByteArray &modeLetter);
@@ -116,8 +91,8 @@ private:
 
     ScanLimits m_limits;
     ScanProgress &m_progress;
-    // The first row of each trimmed name: what a walk of the table from the top finds first.
-    std::unordered_map<std::string, int, TextHash, std::equal_to<>> m_firstRow;
+    // The first row of each trimmed name.
+    NameIndex m_firstRow;
     MonthlyReadings m_readings;
     // What each row sold, by row, apart from the rows' texts: a line's sum lies in a small table
     // that stays in the processor's cache.
@@ -135,13 +110,13 @@ void Scanner::load(const QByteArrayList &catalogueRows)
     for (const QByteArray &text : catalogueRows.mid(0, tableRows)) {
         const QByteArrayList fields = text.split('|');
         SoldRow row{fields.value(0), fields.value(1), fields.value(3)};
-        firstRowFor(TrimBlanks(row.name));
+        m_firstRow.add(TrimBlanks(row.name), int(result.rows.size()));
         result.rows.push_back(row);
     }
     // Every row is split, also those past the table: the last one's class letter stays.
     if (!catalogueRows.isEmpty())
         result.lastClass = catalogueRows.last().split('|').value(2);
-    firstRowFor({});
+    m_firstRow.add({}, int(result.rows.size()));
     result.rows.push_back({});
     m_sold.resize(result.rows.size());
 }
@@ -154,11 +129,6 @@ SalesScan Scanner::counted() const
         scan.rows[row].amount = m_sold[row].amount;
     }
     return scan;
-}
-
-void Scanner::firstRowFor(QByteArrayView name)
-{
-    m_firstRow.try_emplace(std::string(textOf(name)), int(result.rows.size()));
 }
 
 // The span's hours bind only its first and last days; the time is read only on those.
@@ -192,9 +162,9 @@ Scanner::Outcome Scanner::take(const MonthlyRecordView &record, const QByteArray
     }
     if (outsideHours(date, record[SoldTime]))
         return Outcome::Dropped;
-    const auto found = m_firstRow.find(textOf(WithinBlanks(item)));
-    if (found != m_firstRow.end()) {
-        Sold &sold = m_sold[found->second];
+    const int row = m_firstRow.find(WithinBlanks(item));
+    if (row >= 0) {
+        Sold &sold = m_sold[std::size_t(row)];
         sold.quantity += m_readings.quantity(unowned(record[SoldQuantity]));
         sold.amount += price;
         return Outcome::Counted;
@@ -248,44 +218,37 @@ bool Scanner::readMonth(const QString &path, const QByteArray &modeLetter)
 
 Scanner::MonthEnd Scanner::readInStep(const QString &path, const QByteArray &modeLetter)
 {
-    // Opened as the store's reader opens it: the reject file is emptied before the lock is taken.
-    TextFile month(path, TextFile::Mode::Input);
-    const TextFile emptiedRejects(rejectFilePath(), TextFile::Mode::Output);
-    month.LockAll();
-    monthOpened();
-    const MonthEnd end = takeRecordsInStep(month, modeLetter);
-    month.UnlockAll();
-    return end;
-}
-
-Scanner::MonthEnd Scanner::takeRecordsInStep(TextFile &month, const QByteArray &modeLetter)
-{
-    const qint64 size = month.size();
-    MonthlyRecordView record;
-    while (const qsizetype count = month.ReadFields(record)) {
-        if (count < MonthlyFieldCount || !inStep(record[SoldDate]))
-            return MonthEnd::OutOfStep;
-        const Outcome outcome = takeOrPassOver(record, modeLetter);
-        if (outcome == Outcome::Stopped)
-            return MonthEnd::Stopped;
-        if (outcome == Outcome::Dropped)
-            showProgress(month.position(), size);
-    }
-    return MonthEnd::Read;
+    MonthlySalesFile month(path, rejectFilePath());
+    if (!takeRecords(month, modeLetter, [&] { return month.nextInStep(); }))
+        return MonthEnd::Stopped;
+    return month.outOfStep() ? MonthEnd::OutOfStep : MonthEnd::Read;
 }
 
 bool Scanner::readRecordByRecord(const QString &path, const QByteArray &modeLetter)
 {
     MonthlySalesFile month(path, rejectFilePath());
+    std::optional<MonthlyRecord> record;
+    const bool read = takeRecords(month, modeLetter, [&] {
+        record = month.next();
+        return record ? std::optional(viewsOf(*record)) : std::nullopt;
+    });
+    if (!read)
+        return false;
+    result.rejects += month.rejects();
+    return true;
+}
+
+template<typename Next>
+bool Scanner::takeRecords(const MonthlySalesFile &month, const QByteArray &modeLetter, Next &&next)
+{
     monthOpened();
-    while (const std::optional<MonthlyRecord> record = month.next()) {
-        const Outcome outcome = takeOrPassOver(viewsOf(*record), modeLetter);
+    while (const std::optional<MonthlyRecordView> record = next()) {
+        const Outcome outcome = takeOrPassOver(*record, modeLetter);
         if (outcome == Outcome::Stopped)
             return false;
         if (outcome == Outcome::Dropped)
             showProgress(month.position(), month.size());
     }
-    result.rejects += month.rejects();
     return true;
 }
 

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QByteArrayList>
+#include <QRandomGenerator>
 
 #include <cmath>
 #include <limits>
@@ -71,6 +72,48 @@ TEST(ConversionsTest, PlainDecimalsReadAsTheWalkReadsThem)
         EXPECT_EQ(direct, walked) << text;
     }
     EXPECT_EQ(NumericValue(QByteArray(400, '9') + ".5"), 0);
+}
+
+// A random text of digits, with a point somewhere or none and a minus sign or none.
+QByteArray randomDecimal(QRandomGenerator &random, int digits)
+{
+    QByteArray text;
+    for (int digit = 0; digit < digits; ++digit)
+        text += char('0' + random.bounded(10));
+    const int point = random.bounded(digits + 2);
+    if (point <= digits)
+        text.insert(point, '.');
+    return random.bounded(2) == 0 ? '-' + text : text;
+}
+
+// A short plain decimal is read directly; behind a blank, the same text takes the walk.
+TEST(ConversionsTest, ShortDecimalsReadAsTheWalkReadsThem)
+{
+    QByteArrayList texts = {"0", "-0", "0.0", "-.5", "5.", ".5", "0.1", "0.3", "2.675", "999999999999999", "0.00000000000001",
+        "123456789.012345", "9007199254740.99"};
+    QRandomGenerator random(11);
+    for (int text = 0; text < 20000; ++text)
+        texts.append(randomDecimal(random, 1 + random.bounded(15)));
+    for (const QByteArray &text : texts) {
+        const std::optional<ShortDecimal> decimal = ReadShortDecimal(text);
+        ASSERT_TRUE(decimal) << text.constData();
+        const double walked = NumericValue(' ' + text);
+        ASSERT_EQ(std::signbit(decimal->value()), std::signbit(walked)) << text.constData();
+        ASSERT_EQ(decimal->value(), walked) << text.constData();
+        ASSERT_EQ(ToNumber(text), ToNumber(' ' + text)) << text.constData();
+    }
+}
+
+TEST(ConversionsTest, OnlyAShortPlainDecimalReadsAsShort)
+{
+    for (const char *text : {"", ".", "-", "-.", "+4", " 4", "4 ", "1.2.3", "1e3", "1,000", "$4", "--4", "4-", "1234567890123456",
+             "1234567890.123456", "0000000000000000"})
+        EXPECT_FALSE(ReadShortDecimal(text)) << '"' << text << '"';
+    const std::optional<ShortDecimal> decimal = ReadShortDecimal("-012.340");
+    ASSERT_TRUE(decimal);
+    EXPECT_TRUE(decimal->negative);
+    EXPECT_EQ(decimal->digits, 12340);
+    EXPECT_EQ(decimal->decimals, 3);
 }
 
 TEST(ConversionsTest, ToNumberAcceptsOnlyAWholeNumber)

@@ -1,12 +1,16 @@
 #include "store/MonthlySales.h"
 #include "core/Conversions.h"
 #include "core/DateText.h"
+#include "core/Format.h"
 #include "store/SiteConfig.h"
 #include "tests/support/TempSite.h"
 
 #include <QRandomGenerator>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
 
 namespace qlon {
 namespace {
@@ -95,6 +99,58 @@ TEST_F(MonthlySalesTest, ADateWithoutItsSlashInPlaceIsOutOfStepAndTheReaderFinds
     EXPECT_TRUE(site.read(QStringLiteral("Quillon/Items.tmp")).startsWith("\"1/5/04|1|Item 2|1|F|6:05 PM|||\"\r\n"));
 }
 
+QList<MonthlyRecord> readCopies(MonthlySalesFile &month)
+{
+    QList<MonthlyRecord> records;
+    while (const std::optional<MonthlyRecord> record = month.next())
+        records.append(*record);
+    return records;
+}
+
+QList<MonthlyRecord> readInViews(MonthlySalesFile &month)
+{
+    QList<MonthlyRecord> records;
+    while (const std::optional<MonthlyRecordView> views = month.nextInStep()) {
+        MonthlyRecord record;
+        std::transform(views->begin(), views->end(), record.begin(), [](QByteArrayView view) { return view.toByteArray(); });
+        records.append(record);
+    }
+    return records;
+}
+
+// Read as views, a month gives the records the store's reader gives, up to the first that is out
+// of step, and writes no reject.
+TEST_F(MonthlySalesTest, ViewsInStepAreTheRecordsUpToTheFirstOutOfStep)
+{
+    QByteArray lines;
+    for (int number = 1; number <= 3000; ++number) {
+        const QByteArray date = number == 2500 ? QByteArray("3/1/04") : QByteArray("03/01/04");
+        lines += "\"" + date + "\"," + QByteArray::number(number % 4) + ",\"Item " + QByteArray::number(number) + "\",\"" +
+            QByteArray::number(number % 50) + ".25\",\"F\",\"6:05 PM\",\"\",\"\"\r\n";
+    }
+    const QString rejects = site.hostPath(QStringLiteral("Quillon/Items.tmp"));
+    const QString path = site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"), lines);
+    QList<MonthlyRecord> copies;
+    {
+        MonthlySalesFile month(path, rejects);
+        copies = readCopies(month);
+    }
+    ASSERT_EQ(copies.size(), 2985) << "the record out of step and what the reader takes until it is in step again";
+    {
+        MonthlySalesFile month(path, rejects);
+        EXPECT_EQ(readInViews(month), copies.mid(0, 2499));
+        EXPECT_TRUE(month.outOfStep());
+    }
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/Items.tmp")), "");
+
+    site.write(QStringLiteral("Quillon/data/ItemsSold032004.DAT"), lines.replace("\"3/1/04\"", "\"03/01/04\""));
+    MonthlySalesFile month(path, rejects);
+    const QList<MonthlyRecord> whole = readInViews(month);
+    EXPECT_FALSE(month.outOfStep());
+    EXPECT_EQ(whole.size(), 3000);
+    EXPECT_EQ(whole.mid(0, 2499), copies.mid(0, 2499));
+}
+
 TEST(MonthlyValuesTest, TypesAndPricesAreNormalised)
 {
     EXPECT_EQ(NormalizedType(" 1 "), "F");
@@ -104,6 +160,26 @@ TEST(MonthlyValuesTest, TypesAndPricesAreNormalised)
     EXPECT_DOUBLE_EQ(NormalizedPrice("12.5"), 12.5);
     EXPECT_DOUBLE_EQ(NormalizedPrice("12.1234"), 12.123);
     EXPECT_DOUBLE_EQ(NormalizedPrice("$1,078.50"), 1078.5);
+}
+
+// A plain price is read directly, as the pattern reads it.
+TEST(MonthlyValuesTest, PlainPricesReadAsThePatternReadsThem)
+{
+    QByteArrayList prices = {"0", "0.", ".5", "0.005", "12.125", "12.1234", "-12.5", "-0", "007.10", "999999999999.999", "9999999999999.99",
+        "99999999999999.9", "1234567890123456", "2.675", "1.0005"};
+    for (int cents = 0; cents < 100000; cents += 3)
+        prices.append(QByteArray::number(cents / 100) + '.' + QByteArray::number(cents % 100).rightJustified(2, '0'));
+    QRandomGenerator random(5);
+    for (int price = 0; price < 20000; ++price) {
+        QByteArray text = QByteArray::number(random.bounded(Q_INT64_C(10000000000000000)));
+        text.insert(random.bounded(int(text.size()) + 1), '.');
+        prices.append(text);
+    }
+    for (const QByteArray &price : prices) {
+        const double patterned = FormattedValue(price, "###.###.##");
+        ASSERT_EQ(NormalizedPrice(price), patterned) << price.constData();
+        ASSERT_EQ(std::signbit(NormalizedPrice(price)), std::signbit(patterned)) << price.constData();
+    }
 }
 
 // A scan reads each distinct text of a month once; line after line, what it reads equals what

@@ -364,8 +364,7 @@ void QLONlistBuilder2::BLD_DATA3()
     store->SelectSpan("6/22/2003", "6/24/2003", DumpColumns, [&](const SalesRow &row) {
         columns.take(row, DumpColumns);
         const QByteArrayList line = DumpLine(columns);
-        MList1->addRow(
-            columns[EmpNumber] + ',' + columns[OrderDate] + ',' + columns[Item] + ',' + columns[UnitPrice] + ',' + columns[ItemType]);
+        MList1->addRow(SearchedRowLine(columns));
         dump.WriteFields(line);
         return true;
     });

@@ -7,14 +7,14 @@
 namespace qlon {
 namespace {
 
-bool isLiquor(const QByteArray &type)
+bool isLiquor(QByteArrayView type)
 {
     return type.startsWith('L') || type.startsWith("Beer") || type.startsWith("Wine");
 }
 
 // Adds to the department of the type. A bound past the table's last row reaches nothing there,
 // since every statement on a row out of range is passed over.
-void tally(CategoryValues &table, int bound, const QByteArray &type, double volume, double units)
+void tally(CategoryValues &table, int bound, QByteArrayView type, double volume, double units)
 {
     for (int row = 1; row <= bound && row < CategoryValues::rowCount; ++row) {
         if (table.at(row, 1) != type)
@@ -39,13 +39,14 @@ ServerSales SearchServerSales(SalesStore &store, const SalesRowsMark &loaded, co
         found.visitedAny = true;
         columns.take(row, ServerSearchColumns);
         if (filter.contains(columns[OrderDate], columns[Time])) {
-            const QByteArray &unitPrice = columns[UnitPrice];
-            roundedPrice = roundedPrices.get(unitPrice, [&unitPrice] { return NumericValue(FormattedText(unitPrice, "#####.##")); });
+            const QByteArrayView unitPrice = columns[UnitPrice];
+            roundedPrice = roundedPrices.get(QByteArray::fromRawData(unitPrice.data(), unitPrice.size()),
+                [unitPrice] { return NumericValue(FormattedText(unitPrice, "#####.##")); });
             found.totalSales += roundedPrice;
             if (isLiquor(columns[ItemType]))
                 found.liquorSales += roundedPrice;
-            found.accepted.push_back(
-                {columns[EmpNumber], columns[OrderDate], columns[Item], columns[UnitPrice], columns[ItemType], columns[Time]});
+            found.accepted.push_back({columns[EmpNumber].toByteArray(), columns[OrderDate].toByteArray(), columns[Item].toByteArray(),
+                columns[UnitPrice].toByteArray(), columns[ItemType].toByteArray(), columns[Time].toByteArray()});
         }
         // Deliberately for every visited row: a row outside the span adds the price of the last
         // row in it.

@@ -35,19 +35,20 @@ SpanFilter::SpanFilter(const SalesSpan &span)
 {
 }
 
-bool SpanFilter::contains(const QByteArray &orderDate, const QByteArray &time)
+bool SpanFilter::contains(QByteArrayView orderDate, QByteArrayView time)
 {
-    const std::optional<QDate> date = m_dates.get(orderDate, [&orderDate] { return ToDate(orderDate); });
+    const std::optional<QDate> date =
+        m_dates.get(QByteArray::fromRawData(orderDate.data(), orderDate.size()), [orderDate] { return ToDate(orderDate); });
     if (before(date, m_from) || before(m_to, date))
         return false;
     // Times in the long form are read directly: a memo of them would grow with the rows' seconds.
     std::optional<QTime> rowTime = ReadLongTime(time);
     if (!rowTime)
-        rowTime = m_times.get(time, [&time] { return ToTime(time); });
+        rowTime = m_times.get(QByteArray::fromRawData(time.data(), time.size()), [time] { return ToTime(time); });
     return !onDayOutsideHours(date, m_from, rowTime, m_start, true) && !onDayOutsideHours(date, m_to, rowTime, m_end, false);
 }
 
-bool InSpan(const QByteArray &orderDate, const QByteArray &time, const SalesSpan &span)
+bool InSpan(QByteArrayView orderDate, QByteArrayView time, const SalesSpan &span)
 {
     return SpanFilter(span).contains(orderDate, time);
 }
@@ -70,10 +71,12 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
         ItemSales &sales = walk.sales;
         if (item.isEmpty() || !filter.contains(columns[OrderDate], columns[Time]))
             return true;
-        const QByteArray &price = columns[UnitPrice];
-        sales.sales += roundedPrices.get(price, [&price] { return FormattedValue(price, "########.##"); });
-        const QByteArray &quantity = columns[Quantity];
-        sales.units += quantities.get(quantity, [&quantity] { return NumericValue(quantity); });
+        const QByteArrayView price = columns[UnitPrice];
+        sales.sales += roundedPrices.get(
+            QByteArray::fromRawData(price.data(), price.size()), [price] { return FormattedValue(price, "########.##"); });
+        const QByteArrayView quantity = columns[Quantity];
+        sales.units +=
+            quantities.get(QByteArray::fromRawData(quantity.data(), quantity.size()), [quantity] { return NumericValue(quantity); });
         line.clear();
         AppendQuotedLine(line,
             {columns[Item], columns[OrderID], columns[Quantity], columns[OrderDate], columns[ReceiptID], columns[OrderNumber],
@@ -83,7 +86,7 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
     });
     // The receipt an item's walk read last is the one its carried texts hold.
     for (ItemWalk &walk : m_items)
-        walk.sales.lastReceipt = walk.columns[ReceiptID];
+        walk.sales.lastReceipt = walk.columns[ReceiptID].toByteArray();
 }
 
 const ItemSales &SpanSales::of(const QByteArray &name) const

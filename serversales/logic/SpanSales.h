@@ -30,7 +30,7 @@ class SpanFilter
 public:
     explicit SpanFilter(const SalesSpan &span);
 
-    bool contains(const QByteArray &orderDate, const QByteArray &time);
+    bool contains(QByteArrayView orderDate, QByteArrayView time);
 
 private:
     std::optional<QDate> m_from;
@@ -42,7 +42,7 @@ private:
     Memo<QByteArray, std::optional<QTime>> m_times;
 };
 
-bool InSpan(const QByteArray &orderDate, const QByteArray &time, const SalesSpan &span);
+bool InSpan(QByteArrayView orderDate, QByteArrayView time, const SalesSpan &span);
 
 // What the sales rows of one item over the span add up to.
 struct ItemSales

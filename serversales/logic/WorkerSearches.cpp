@@ -90,8 +90,7 @@ DaySales SearchServerDay(SalesRecordset &recordset, const QByteArray &key, const
         // Only the type "L" itself: deliberately unlike the server screen's liquor test.
         if (columns[ItemType] == "L")
             sales.liquor += price;
-        sales.rows.append(
-            columns[EmpNumber] + ',' + columns[OrderDate] + ',' + columns[Item] + ',' + columns[UnitPrice] + ',' + columns[ItemType]);
+        sales.rows.append(SearchedRowLine(columns));
         if (visits.accepted)
             visits.accepted(sales.rows.last());
     };

@@ -54,14 +54,18 @@ TEST(SpanSalesTest, TheSpanIsOneStretchFromTheStartToTheEnd)
 ItemSales walkForOneItem(const std::vector<SalesRow> &rows, const QByteArray &name, const SalesSpan &span)
 {
     ItemSales sales;
-    CarriedColumns columns;
+    // Each column's text of the item's last row, a null keeping the one before.
+    std::array<QByteArray, SalesColumnCount> columns;
     QByteArray item;
     for (const SalesRow &row : rows) {
         if (row[Item])
             item = TrimBlanks(*row[Item]);
         if (item != name)
             continue;
-        columns.take(row, EverySalesColumn);
+        for (int column = 0; column < SalesColumnCount; ++column) {
+            if (row[column])
+                columns[column] = TrimBlanks(*row[column]);
+        }
         sales.lastReceipt = columns[ReceiptID];
         if (columns[Item].isEmpty() || !InSpan(columns[OrderDate], columns[Time], span))
             continue;

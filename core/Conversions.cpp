@@ -134,6 +134,14 @@ double ShortDecimal::value() const
     return negative ? -magnitude : magnitude;
 }
 
+std::optional<double> ReadUnsignedDecimal(QByteArrayView text, int decimals)
+{
+    const std::optional<ShortDecimal> decimal = ReadShortDecimal(text);
+    if (!decimal || decimal->negative || decimal->decimals > decimals)
+        return std::nullopt;
+    return decimal->value();
+}
+
 double NumericValue(QByteArrayView text)
 {
     // The prices and quantities of sales rows, and the counts a sort compares, need no walk.

@@ -24,6 +24,9 @@ struct ShortDecimal
 };
 // None for any other text.
 std::optional<ShortDecimal> ReadShortDecimal(QByteArrayView text);
+// The value of a short plain decimal without a sign and with `decimals` decimals at the most,
+// which a number pattern of as many places neither rounds nor cuts; none for any other text.
+std::optional<double> ReadUnsignedDecimal(QByteArrayView text, int decimals);
 
 // The strict conversion of a whole text to a number, on US settings: surrounding blanks, an optional sign
 // or enclosing parentheses for a negative, an optional "$", digits with optional "," grouping, an optional

@@ -56,10 +56,7 @@ bool inStep(QByteArrayView date)
 // "###.###.##", which then neither rounds nor cuts it.
 std::optional<double> plainPrice(QByteArrayView price)
 {
-    const std::optional<ShortDecimal> decimal = ReadShortDecimal(price);
-    if (!decimal || decimal->negative || decimal->decimals > 3)
-        return std::nullopt;
-    return decimal->value();
+    return ReadUnsignedDecimal(price, 3);
 }
 
 } // namespace

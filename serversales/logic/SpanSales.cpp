@@ -58,7 +58,6 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
     const SalesColumns read = ColumnsOf({OrderID, OrderDate, Item, UnitPrice, Quantity, Time, ReceiptID, OrderNumber, SaleType});
     SpanFilter filter(span);
     Memo<QByteArray, double> roundedPrices;
-    Memo<QByteArray, double> quantities;
     QByteArray item;
     std::string line;
     store.SelectSpan(span.fromDate, span.toDate, read, [&](const SalesRow &row) {
@@ -71,12 +70,14 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
         ItemSales &sales = walk.sales;
         if (item.isEmpty() || !filter.contains(columns[OrderDate], columns[Time]))
             return true;
+        // Prices change from row to row: a plain one, which the pattern neither rounds nor cuts,
+        // is read directly.
         const QByteArrayView price = columns[UnitPrice];
-        sales.sales += roundedPrices.get(
-            QByteArray::fromRawData(price.data(), price.size()), [price] { return FormattedValue(price, "########.##"); });
-        const QByteArrayView quantity = columns[Quantity];
-        sales.units +=
-            quantities.get(QByteArray::fromRawData(quantity.data(), quantity.size()), [quantity] { return NumericValue(quantity); });
+        const std::optional<double> plainPrice = ReadUnsignedDecimal(price, 2);
+        sales.sales += plainPrice ? *plainPrice : roundedPrices.get(QByteArray::fromRawData(price.data(), price.size()), [price] {
+            return FormattedValue(price, "########.##");
+        });
+        sales.units += NumericValue(columns[Quantity]);
         line.clear();
         AppendQuotedLine(line,
             {columns[Item], columns[OrderID], columns[Quantity], columns[OrderDate], columns[ReceiptID], columns[OrderNumber],

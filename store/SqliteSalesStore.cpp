@@ -14,8 +14,10 @@
 namespace qlon {
 namespace {
 
-// The walk keeps out the texts that pass this but don't begin with an ISO date.
-constexpr QByteArrayView spanCondition("OrderDate >= ?1 AND OrderDate < ?3 AND (OrderDate < ?2 OR julianday(OrderDate) = julianday(?2))");
+// The walk keeps out the texts that pass this but don't begin with an ISO date. A date alone on
+// the to date is told by its text, before SQLite reads any value on that date as a date.
+constexpr QByteArrayView spanCondition(
+    "OrderDate >= ?1 AND OrderDate < ?3 AND (OrderDate < ?2 OR OrderDate = ?2 OR julianday(OrderDate) = julianday(?2))");
 
 QByteArray selectStatement(const QByteArrayList &names, QByteArrayView condition)
 {

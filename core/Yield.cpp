@@ -40,6 +40,9 @@ bool YieldClock::isDue() const
 
 void YieldClock::operator()()
 {
+    if (m_lastYield && ++m_callsSinceReading < callsPerReading)
+        return;
+    m_callsSinceReading = 0;
     if (!isDue())
         return;
     Yield();

@@ -55,6 +55,17 @@ TEST(YieldClockTest, YieldsOnTheFirstCallAndThenOncePerInterval)
     clock.restart();
     clock();
     EXPECT_EQ(served, 2);
+
+    // With no interval to wait, a run of calls still turns the loop now and then, not at each.
+    YieldClock eager(0);
+    eager();
+    EXPECT_EQ(served, 2);
+    post();
+    for (int call = 0; call < 63; ++call)
+        eager();
+    EXPECT_EQ(served, 2) << "between two readings of the clock";
+    eager();
+    EXPECT_EQ(served, 3);
 }
 
 } // namespace

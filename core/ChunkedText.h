@@ -23,7 +23,6 @@ public:
     ~ChunkedText() = default;
 
     void append(QByteArrayView bytes);
-    qsizetype size() const { return m_size; }
     // The whole text in one piece.
     QByteArray joined() const;
 

@@ -37,6 +37,13 @@ public:
         m_lastValue = &known->second;
         return *m_lastValue;
     }
+    // A text key as a view, looked up as raw data.
+    template<typename View, typename Compute>
+    requires std::is_same_v<Key, QByteArray> && std::is_same_v<View, QByteArrayView>
+    const Value &get(View key, Compute &&compute)
+    {
+        return get(QByteArray::fromRawData(key.data(), key.size()), std::forward<Compute>(compute));
+    }
 
     Memo() = default;
     // A copy keeps its own entries, and finds its last one anew.

@@ -400,8 +400,7 @@ void SqliteSalesStore::readText(QByteArrayView bytes, int column)
         return AssignValue(m_row[column], bytes);
     if (const std::optional<QTime> time = bytes.size() == 8 ? isoTime(bytes) : std::nullopt)
         return readTimeOfDay(*time, column);
-    const SalesValue &dateTime =
-        m_dateTimes[column].get(QByteArray::fromRawData(bytes.data(), bytes.size()), [bytes] { return isoDateTimeText(bytes); });
+    const SalesValue &dateTime = m_dateTimes[column].get(bytes, [bytes] { return isoDateTimeText(bytes); });
     if (dateTime)
         m_row[column] = dateTime;
     else

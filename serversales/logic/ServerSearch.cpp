@@ -40,8 +40,7 @@ ServerSales SearchServerSales(SalesStore &store, const SalesRowsMark &loaded, co
         columns.take(row, ServerSearchColumns);
         if (filter.contains(columns[OrderDate], columns[Time])) {
             const QByteArrayView unitPrice = columns[UnitPrice];
-            roundedPrice = roundedPrices.get(QByteArray::fromRawData(unitPrice.data(), unitPrice.size()),
-                [unitPrice] { return NumericValue(FormattedText(unitPrice, "#####.##")); });
+            roundedPrice = roundedPrices.get(unitPrice, [unitPrice] { return NumericValue(FormattedText(unitPrice, "#####.##")); });
             found.totalSales += roundedPrice;
             if (isLiquor(columns[ItemType]))
                 found.liquorSales += roundedPrice;

@@ -37,14 +37,13 @@ SpanFilter::SpanFilter(const SalesSpan &span)
 
 bool SpanFilter::contains(QByteArrayView orderDate, QByteArrayView time)
 {
-    const std::optional<QDate> date =
-        m_dates.get(QByteArray::fromRawData(orderDate.data(), orderDate.size()), [orderDate] { return ToDate(orderDate); });
+    const std::optional<QDate> date = m_dates.get(orderDate, [orderDate] { return ToDate(orderDate); });
     if (before(date, m_from) || before(m_to, date))
         return false;
     // Times in the long form are read directly: a memo of them would grow with the rows' seconds.
     std::optional<QTime> rowTime = ReadLongTime(time);
     if (!rowTime)
-        rowTime = m_times.get(QByteArray::fromRawData(time.data(), time.size()), [time] { return ToTime(time); });
+        rowTime = m_times.get(time, [time] { return ToTime(time); });
     return !onDayOutsideHours(date, m_from, rowTime, m_start, true) && !onDayOutsideHours(date, m_to, rowTime, m_end, false);
 }
 
@@ -74,9 +73,7 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
         // is read directly.
         const QByteArrayView price = columns[UnitPrice];
         const std::optional<double> plainPrice = ReadUnsignedDecimal(price, 2);
-        sales.sales += plainPrice ? *plainPrice : roundedPrices.get(QByteArray::fromRawData(price.data(), price.size()), [price] {
-            return FormattedValue(price, "########.##");
-        });
+        sales.sales += plainPrice ? *plainPrice : roundedPrices.get(price, [price] { return FormattedValue(price, "########.##"); });
         sales.units += NumericValue(columns[Quantity]);
         line.clear();
         AppendQuotedLine(line,

@@ -129,29 +129,6 @@ TEST(FormatTest, PlainNumbersAreTheShortestOfFifteenDigits)
     EXPECT_EQ(PlainNumber(1e15), "1e+15");
 }
 
-TEST(FormatTest, APatternKeepsAPlainDecimalOfNoMoreDecimalsAsItReadsDirectly)
-{
-    QRandomGenerator random(20040415);
-    QByteArrayList texts = {"0", "0.", ".5", "-2.5", "-0", "007.10", "2.675", "1.005", "9999999999999.99", "99999999999999.9", "1,234.5"};
-    for (int text = 0; text < 50000; ++text) {
-        QByteArray digits = QByteArray::number(random.bounded(Q_INT64_C(1000000000000000)));
-        digits.insert(qMax(0, int(digits.size()) - random.bounded(5)), '.');
-        texts.append(digits);
-    }
-    int direct = 0;
-    for (const QByteArray &text : texts) {
-        const std::optional<double> value = ReadUnsignedDecimal(text, 2);
-        if (!value)
-            continue;
-        ++direct;
-        ASSERT_EQ(*value, FormattedValue(text, "########.##")) << text.constData();
-        ASSERT_EQ(std::signbit(*value), std::signbit(FormattedValue(text, "########.##"))) << text.constData();
-    }
-    EXPECT_GT(direct, 20000) << "most of the texts must be read directly";
-    EXPECT_FALSE(ReadUnsignedDecimal("2.675", 2)) << "three decimals are rounded by the pattern";
-    EXPECT_FALSE(ReadUnsignedDecimal("-2.5", 2));
-}
-
 TEST(FormatTest, PriceNormalisationKeepsPricesOfUpToThreeDecimals)
 {
     for (const double price : {12.5, 3.125, 0.999, 1234.001, 0.0, 7.0})

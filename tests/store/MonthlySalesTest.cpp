@@ -162,11 +162,12 @@ TEST(MonthlyValuesTest, TypesAndPricesAreNormalised)
     EXPECT_DOUBLE_EQ(NormalizedPrice("$1,078.50"), 1078.5);
 }
 
-// A plain price is read directly, as the pattern reads it.
-TEST(MonthlyValuesTest, PlainPricesReadAsThePatternReadsThem)
+// A plain price is read directly, as the pattern reads it: the prices of a month by "###.###.##",
+// the prices of the sales table by "########.##", which rounds at two decimals.
+TEST(MonthlyValuesTest, PlainPricesReadAsThePatternsReadThem)
 {
     QByteArrayList prices = {"0", "0.", ".5", "0.005", "12.125", "12.1234", "-12.5", "-0", "007.10", "999999999999.999", "9999999999999.99",
-        "99999999999999.9", "1234567890123456", "2.675", "1.0005"};
+        "99999999999999.9", "1234567890123456", "2.675", "1.0005", "1,234.5"};
     for (int cents = 0; cents < 100000; cents += 3)
         prices.append(QByteArray::number(cents / 100) + '.' + QByteArray::number(cents % 100).rightJustified(2, '0'));
     QRandomGenerator random(5);
@@ -175,11 +176,20 @@ TEST(MonthlyValuesTest, PlainPricesReadAsThePatternReadsThem)
         text.insert(random.bounded(int(text.size()) + 1), '.');
         prices.append(text);
     }
+    int readDirectly = 0;
     for (const QByteArray &price : prices) {
         const double patterned = FormattedValue(price, "###.###.##");
         ASSERT_EQ(NormalizedPrice(price), patterned) << price.constData();
         ASSERT_EQ(std::signbit(NormalizedPrice(price)), std::signbit(patterned)) << price.constData();
+        if (const std::optional<double> direct = ReadUnsignedDecimal(price, 2)) {
+            ++readDirectly;
+            ASSERT_EQ(*direct, FormattedValue(price, "########.##")) << price.constData();
+            ASSERT_EQ(std::signbit(*direct), std::signbit(FormattedValue(price, "########.##"))) << price.constData();
+        }
     }
+    EXPECT_GT(readDirectly, 30000) << "most of the prices must be read directly";
+    EXPECT_FALSE(ReadUnsignedDecimal("2.675", 2)) << "three decimals are rounded by the pattern";
+    EXPECT_FALSE(ReadUnsignedDecimal("-2.5", 2));
 }
 
 // A scan reads each distinct text of a month once; line after line, what it reads equals what

@@ -25,13 +25,16 @@ inline bool HoldsUnlessFailed(const std::optional<bool> &test)
     return test.value_or(true);
 }
 
-// A statement that raises a run-time error is left out.
+// A statement that raises a run-time error is left out, unless a station held a file past the
+// program's wait.
 template<typename Statement>
 void SkipOnFailure(Statement &&statement)
 {
     try {
         std::forward<Statement>(statement)();
-    } catch (const RuntimeError &) {
+    } catch (const RuntimeError &error) {
+        if (error.isHeldElsewhere())
+            throw;
     }
 }
 

@@ -45,12 +45,23 @@ public:
     // Where it happened, for standard error: usually the file's path.
     const QString &detail() const { return m_detail; }
 
+    // Marks a file that another program (a station) held for longer than the program waits for
+    // it. No region that passes over failures passes over this one: a report that left the file
+    // out would read as a quiet day, so the program ends and a nightly job can try again.
+    RuntimeError &heldElsewhere()
+    {
+        m_heldElsewhere = true;
+        return *this;
+    }
+    bool isHeldElsewhere() const { return m_heldElsewhere; }
+
     const char *what() const noexcept override { return "qlon::RuntimeError"; }
 
 private:
     qint64 m_number;
     QString m_description;
     QString m_detail;
+    bool m_heldElsewhere = false;
 };
 
 } // namespace qlon

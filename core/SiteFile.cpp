@@ -37,8 +37,8 @@ void SiteFile::failToOpen(QIODevice::OpenMode mode) const
 
 void SiteFile::LockAll()
 {
-    if (!FileLock::lockWhole(m_file))
-        throw RuntimeError(RuntimeError::PermissionDenied, m_file.fileName());
+    if (!FileLock::lockWholeWaiting(m_file))
+        throw RuntimeError(RuntimeError::PermissionDenied, m_file.fileName()).heldElsewhere();
 }
 
 void SiteFile::UnlockAll()

@@ -14,8 +14,8 @@ public:
     SiteFile(const SiteFile &) = delete;
     SiteFile &operator=(const SiteFile &) = delete;
 
-    // A lock on the whole file against all other access; a file held elsewhere fails with
-    // "Permission denied".
+    // A lock on the whole file against all other access. A file held elsewhere is waited for a
+    // moment, then fails with "Permission denied", which no region passing over failures passes over.
     void LockAll();
     void UnlockAll();
     // The platform's error when another open of the file holds a lock on it.

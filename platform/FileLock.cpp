@@ -1,5 +1,10 @@
 #include "platform/FileLock.h"
 
+#include <QDeadlineTimer>
+#include <QThread>
+
+#include <algorithm>
+
 #ifdef Q_OS_WIN
 #include <io.h>
 #include <windows.h>
@@ -8,6 +13,38 @@
 #endif
 
 namespace qlon {
+
+namespace {
+std::chrono::milliseconds stationWait{5000};
+constexpr std::chrono::milliseconds retryPause{20};
+} // namespace
+
+std::chrono::milliseconds StationWait()
+{
+    return stationWait;
+}
+
+void SetStationWait(std::chrono::milliseconds wait)
+{
+    stationWait = wait;
+}
+
+bool RetryForStationWait(const std::function<bool()> &attempt)
+{
+    const QDeadlineTimer deadline(stationWait);
+    for (;;) {
+        if (attempt())
+            return true;
+        if (deadline.hasExpired())
+            return false;
+        QThread::msleep(static_cast<unsigned long>(std::min(retryPause.count(), deadline.remainingTime())));
+    }
+}
+
+bool FileLock::lockWholeWaiting(QFile &file)
+{
+    return RetryForStationWait([&file] { return lockWhole(file); });
+}
 
 #ifdef Q_OS_WIN
 

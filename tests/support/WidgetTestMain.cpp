@@ -2,6 +2,7 @@
 // test starting and ending with every global as a fresh program has it. Message boxes are
 // scripted, so that a handler that shows one never waits for a person: a test reads them with
 // test::ShownMessages().
+#include "platform/FileLock.h"
 #include "store/JetCheck.h"
 #include "tests/support/ShownMessages.h"
 #include "ui/ProgramState.h"
@@ -48,6 +49,8 @@ int main(int argc, char *argv[])
     ::testing::InitGoogleTest(&argc, argv);
     // Jet files are read as the program reads them, their catalogue checked apart first.
     qlon::SetJetChecker(QStringLiteral(QLON_JET_CHECKER));
+    // A file held on purpose fails after a moment, not after a station's few seconds.
+    qlon::SetStationWait(std::chrono::milliseconds(100));
     ::testing::UnitTest::GetInstance()->listeners().Append(new qlon::test::FreshState);
     return RUN_ALL_TESTS();
 }

@@ -51,7 +51,7 @@ void CheckJetFile(const QString &hostPath, QByteArrayView table)
 int CheckJetFileHere(const QString &hostPath, QByteArrayView table)
 {
     try {
-        JetTable(hostPath, table, {});
+        JetTable(hostPath, table, {}, JetTable::Pages::File);
         return 0;
     } catch (const RuntimeError &error) {
         return error.description() == UnrecognizedFormatError(hostPath).description() ? 1 : 2;

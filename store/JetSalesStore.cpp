@@ -2,6 +2,7 @@
 
 #include "core/Ansi.h"
 #include "store/JetCheck.h"
+#include "store/StationFileCopy.h"
 
 // mdbtools.h includes glib.h inside its C block, where glib's C++ templates don't compile.
 #include <glib.h>
@@ -128,7 +129,7 @@ MdbColumn *columnAt(MdbTableDef *table, unsigned int index)
 class JetTable::Reader
 {
 public:
-    Reader(const QString &hostPath, QByteArrayView name, const QByteArrayList &columns);
+    Reader(const QString &hostPath, QByteArrayView name, const QByteArrayList &columns, Pages pages);
 
     void rewind() { mdb_rewind_table(m_table.get()); }
     bool next();
@@ -151,7 +152,7 @@ private:
         int length = 0;
     };
 
-    void open(const QString &hostPath, QByteArrayView name);
+    void open(const QString &hostPath, QByteArrayView name, Pages pages);
     Selected select(QByteArrayView name);
     void bind(unsigned int index);
     bool isNull(const Selected &selected);
@@ -159,6 +160,7 @@ private:
     void crackRow();
     QByteArray text(const MdbColumn &column) const;
 
+    QByteArray m_copy; // the pages that libmdb reads, when read from a copy
     std::unique_ptr<MdbHandle, HandleCloser> m_handle;
     std::unique_ptr<MdbTableDef, TableFreer> m_table;
     std::vector<Selected> m_selected;
@@ -168,9 +170,9 @@ private:
     bool m_rowCracked = false;
 };
 
-JetTable::Reader::Reader(const QString &hostPath, QByteArrayView name, const QByteArrayList &columns)
+JetTable::Reader::Reader(const QString &hostPath, QByteArrayView name, const QByteArrayList &columns, Pages pages)
 {
-    open(hostPath, name);
+    open(hostPath, name, pages);
     m_bindings.resize(m_table->num_cols);
     m_fields.resize(m_table->num_cols);
     m_nullInRow.resize(m_table->num_cols);
@@ -178,11 +180,16 @@ JetTable::Reader::Reader(const QString &hostPath, QByteArrayView name, const QBy
         m_selected.push_back(select(column));
 }
 
-void JetTable::Reader::open(const QString &hostPath, QByteArrayView name)
+void JetTable::Reader::open(const QString &hostPath, QByteArrayView name, Pages pages)
 {
     CheckJetFile(hostPath, name);
+    if (pages == Pages::SettledCopy)
+        m_copy = StationFileCopy(hostPath);
     const StandardOutputSilenced silence; // libmdb prints blank lines on some damaged files
-    m_handle.reset(mdb_open(QFile::encodeName(hostPath).constData(), MDB_NOFLAGS));
+    if (pages == Pages::SettledCopy)
+        m_handle.reset(mdb_open_buffer(m_copy.data(), std::size_t(m_copy.size()), MDB_NOFLAGS));
+    else
+        m_handle.reset(mdb_open(QFile::encodeName(hostPath).constData(), MDB_NOFLAGS));
     if (!m_handle || !mdb_read_catalog(m_handle.get(), MDB_TABLE))
         throw UnrecognizedFormatError(hostPath);
     mdb_set_bind_size(m_handle.get(), bindSize);
@@ -306,8 +313,8 @@ QDateTime JetDateTime(double serial)
     return QDateTime(DayZero.addDays(qint64(days)), QTime(0, 0), Qt::UTC).addSecs(seconds);
 }
 
-JetTable::JetTable(const QString &hostPath, QByteArrayView name, const QByteArrayList &columns)
-    : m_reader(std::make_unique<Reader>(hostPath, name, columns))
+JetTable::JetTable(const QString &hostPath, QByteArrayView name, const QByteArrayList &columns, Pages pages)
+    : m_reader(std::make_unique<Reader>(hostPath, name, columns, pages))
 {
 }
 

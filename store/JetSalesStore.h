@@ -19,10 +19,15 @@ QDateTime JetDateTime(double serial);
 class JetTable
 {
 public:
+    // Where the pages come from: a copy of the file in one state (StationFileCopy), since a station
+    // may write the file while it is read and libmdb takes no lock; or the file itself, for a look
+    // at its catalogue alone.
+    enum class Pages { SettledCopy, File };
+
     // Opens the file and the table, whose name is compared without regard to case. The row gives
     // the named columns in this order, also found without regard to case; a name that the table
     // lacks reads as null.
-    JetTable(const QString &hostPath, QByteArrayView name, const QByteArrayList &columns);
+    JetTable(const QString &hostPath, QByteArrayView name, const QByteArrayList &columns, Pages pages = Pages::SettledCopy);
     ~JetTable();
     JetTable(const JetTable &) = delete;
     JetTable &operator=(const JetTable &) = delete;

@@ -4,14 +4,20 @@
 #include "core/DateText.h"
 #include "core/HostPath.h"
 #include "core/Like.h"
+#include "platform/FileLock.h"
 #include "store/JetSalesStore.h"
 #include "store/SqliteSalesStore.h"
 
 #include <QFile>
 
+#ifndef Q_OS_WIN
+#include <sys/stat.h>
+#endif
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <map>
 
 namespace qlon {
 namespace {
@@ -37,19 +43,13 @@ bool isJetHeader(QByteArrayView header)
 
 QByteArray readHeader(const QString &hostPath, const QString &shownPath)
 {
-    QFile file(hostPath);
-    if (!file.exists())
+    if (!QFile::exists(hostPath))
         throw EngineError(QStringLiteral("Could not find file '%1'.").arg(shownPath), hostPath);
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw EngineError(QStringLiteral("The Microsoft Jet database engine cannot open the file '%1'.  It is "
-                                         "already opened exclusively by another user, or you need permission to "
-                                         "view its data.")
-                              .arg(shownPath),
-            hostPath);
-    }
-    return file.read(jetSignatureOffset + jetSignatures.front().size());
+    const std::optional<QByteArray> header = DatabaseHeader(hostPath, jetSignatureOffset + jetSignatures.front().size());
+    if (!header)
+        throw ExclusivelyOpenedError(shownPath, hostPath);
+    return *header;
 }
-
 template<typename Number>
 QByteArray shortestText(Number value)
 {
@@ -63,6 +63,52 @@ QByteArray shortestText(Number value)
 }
 
 } // namespace
+
+namespace {
+
+#ifndef Q_OS_WIN
+// Whether the open file is still the one the path names, and not one that has taken its place.
+bool isStillAtPath(QFile &file)
+{
+    struct stat atPath = {};
+    struct stat opened = {};
+    return stat(QFile::encodeName(file.fileName()).constData(), &atPath) == 0 && fstat(file.handle(), &opened) == 0 &&
+        atPath.st_dev == opened.st_dev && atPath.st_ino == opened.st_ino;
+}
+#endif
+
+// An SQLite file whose header was read stays open for the life of the program, as SQLite keeps the
+// files it is done with: closing any descriptor of a file drops every lock the process holds on
+// it, SQLite's own among them.
+QFile &keptOpen(const QString &hostPath)
+{
+    static std::map<QString, std::unique_ptr<QFile>> kept;
+    std::unique_ptr<QFile> &file = kept[hostPath];
+#ifndef Q_OS_WIN
+    if (file && file->isOpen() && !isStillAtPath(*file))
+        file.reset();
+#endif
+    if (!file)
+        file = std::make_unique<QFile>(hostPath);
+    return *file;
+}
+
+} // namespace
+
+// A file that a station holds exclusively can't be opened: it is waited for a moment.
+std::optional<QByteArray> DatabaseHeader(const QString &hostPath, qint64 size)
+{
+    QFile &file = keptOpen(hostPath);
+    if (!file.isOpen() && !RetryForStationWait([&file] { return file.open(QIODevice::ReadOnly); }))
+        return std::nullopt;
+    const QByteArray header = file.seek(0) ? file.read(size) : QByteArray();
+#ifndef Q_OS_WIN
+    if (header.startsWith(sqliteSignature))
+        return header;
+#endif
+    file.close();
+    return header;
+}
 
 void AssignValue(SalesValue &value, QByteArrayView bytes)
 {
@@ -157,6 +203,25 @@ RuntimeError MissingTableError(QByteArrayView table, const QString &hostPath)
                        "'%1'.  Make sure it exists and that its name is spelled correctly.")
             .arg(FromAnsi(table)),
         hostPath);
+}
+
+RuntimeError StationHeldError(const QString &description, const QString &hostPath)
+{
+    return EngineError(description, hostPath).heldElsewhere();
+}
+
+RuntimeError ExclusivelyOpenedError(const QString &shownPath, const QString &hostPath)
+{
+    return StationHeldError(QStringLiteral("The Microsoft Jet database engine cannot open the file '%1'.  It is "
+                                           "already opened exclusively by another user, or you need permission to "
+                                           "view its data.")
+                                .arg(shownPath),
+        hostPath);
+}
+
+RuntimeError ChangedWhileReadError(const QString &hostPath)
+{
+    return StationHeldError(QStringLiteral("The database changed while it was read."), hostPath);
 }
 
 } // namespace qlon

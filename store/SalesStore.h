@@ -139,9 +139,19 @@ DateSpan ReadDateSpan(QByteArrayView from, QByteArrayView to);
 
 // An error of the engine under its code of general failure, with the engine's text.
 RuntimeError EngineError(const QString &description, const QString &hostPath);
+// The first bytes of a database file, or none when it can't be opened within a station's wait.
+std::optional<QByteArray> DatabaseHeader(const QString &hostPath, qint64 size);
+
 // The engine's error for a file that is no database of a kind it knows.
 RuntimeError UnrecognizedFormatError(const QString &hostPath);
 // The engine's error for a table or query that the database lacks.
 RuntimeError MissingTableError(QByteArrayView table, const QString &hostPath);
+
+// The errors of a station's file that can't be read now but can be later: one a station holds past
+// the program's wait, and one that kept changing under a read. No region that passes over failures
+// passes over them.
+RuntimeError StationHeldError(const QString &description, const QString &hostPath);
+RuntimeError ExclusivelyOpenedError(const QString &shownPath, const QString &hostPath);
+RuntimeError ChangedWhileReadError(const QString &hostPath);
 
 } // namespace qlon

@@ -1,9 +1,7 @@
 #include "store/SqliteSalesStore.h"
 
 #include "core/Like.h"
-
-#include <QFile>
-#include <QUrl>
+#include "store/SqliteStationFile.h"
 
 #include <sqlite3.h>
 
@@ -130,13 +128,6 @@ private:
     sqlite3_stmt *m_statement;
 };
 
-// Bytes 18 and 19 of the header, the file format's write and read versions, are 2 in WAL mode.
-bool isWalDatabase(const QString &hostPath)
-{
-    QFile file(hostPath);
-    return file.open(QIODevice::ReadOnly) && file.read(20).mid(18, 2) == QByteArrayView("\x02\x02", 2);
-}
-
 QByteArray isoText(QDate date)
 {
     return date.toString(Qt::ISODate).toLatin1();
@@ -198,8 +189,12 @@ SqliteStatement PrepareSqlite(sqlite3 *database, QByteArrayView sql, const QStri
 
 RuntimeError SqliteError(sqlite3 *database, const QString &hostPath)
 {
-    if (sqlite3_errcode(database) == SQLITE_NOTADB)
-        return UnrecognizedFormatError(hostPath);
+    switch (sqlite3_errcode(database)) {
+    case SQLITE_NOTADB: return UnrecognizedFormatError(hostPath);
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED: return StationHeldError(QString::fromUtf8(sqlite3_errmsg(database)), hostPath);
+    default: break;
+    }
     if (isMissingTable(database))
         return MissingTableError(SalesTableName, hostPath);
     return EngineError(QString::fromUtf8(sqlite3_errmsg(database)), hostPath);
@@ -207,8 +202,20 @@ RuntimeError SqliteError(sqlite3 *database, const QString &hostPath)
 
 SqliteSalesStore::SqliteSalesStore(const QString &hostPath)
     : m_hostPath(hostPath)
-    , m_database(openForReading())
+    , m_file(std::make_unique<SqliteStationFile>(hostPath))
 {
+    connect();
+}
+
+SqliteSalesStore::~SqliteSalesStore() = default;
+
+void SqliteSalesStore::connect()
+{
+    m_all = {};
+    m_marked = {};
+    m_span = {};
+    m_like = {};
+    m_database = m_file->open();
     checkSalesTable();
     if (sqlite3_create_function_v2(m_database.get(), "qlon_like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, likeFunction, nullptr,
             nullptr, nullptr) != SQLITE_OK)
@@ -217,20 +224,10 @@ SqliteSalesStore::SqliteSalesStore(const QString &hostPath)
     m_marked = prepareSelect(EverySalesColumn, "rowid <= ?1");
 }
 
-// A database in rollback mode is read as an immutable file, which leaves no journal or lock file
-// beside it. One in WAL mode needs its -wal and -shm files: it is read from a copy of our own.
-SqliteDatabase SqliteSalesStore::openForReading()
+void SqliteSalesStore::startRead()
 {
-    if (!isWalDatabase(m_hostPath)) {
-        const QString uri = QString::fromUtf8(QUrl::fromLocalFile(m_hostPath).toEncoded()) + QStringLiteral("?immutable=1");
-        return OpenSqlite(uri, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_URI);
-    }
-    m_copy = std::make_unique<QTemporaryDir>();
-    const QString copy = m_copy->filePath(QStringLiteral("sales.db"));
-    if (!QFile::copy(m_hostPath, copy))
-        throw RuntimeError(RuntimeError::PermissionDenied, m_hostPath);
-    QFile::copy(m_hostPath + QStringLiteral("-wal"), copy + QStringLiteral("-wal"));
-    return OpenSqlite(copy, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX);
+    if (m_file->needsReopening())
+        connect();
 }
 
 void SqliteSalesStore::checkSalesTable() const
@@ -279,6 +276,7 @@ SqliteSalesStore::Select SqliteSalesStore::prepareSpanSelect(SalesColumns column
 
 void SqliteSalesStore::SelectAll(const SalesVisitor &visit)
 {
+    startRead();
     walk(m_all, visit);
 }
 
@@ -287,6 +285,7 @@ void SqliteSalesStore::SelectAll(const SalesVisitor &visit)
 void SqliteSalesStore::SelectSpan(QByteArrayView from, QByteArrayView to, SalesColumns columns, const SalesVisitor &visit)
 {
     const DateSpan span = ReadDateSpan(from, to);
+    startRead();
     if (!m_span.statement || m_spanColumns != columns) {
         m_span = prepareSpanSelect(columns);
         m_spanColumns = columns;
@@ -300,9 +299,11 @@ void SqliteSalesStore::SelectSpan(QByteArrayView from, QByteArrayView to, SalesC
 // The rowids of the stations' rows only grow: those added later lie past the largest of now.
 SalesRowsMark SqliteSalesStore::MarkRows()
 {
+    startRead();
     const SqliteStatement last = PrepareSqlite(m_database.get(), "SELECT max(rowid) FROM ItemsSold", m_hostPath);
     if (sqlite3_step(last.get()) != SQLITE_ROW)
         throw SqliteError(m_database.get(), m_hostPath);
+    m_file->checkRead();
     if (sqlite3_column_type(last.get(), 0) == SQLITE_NULL)
         return {};
     return {false, sqlite3_column_int64(last.get(), 0)};
@@ -312,6 +313,7 @@ void SqliteSalesStore::SelectMarked(const SalesRowsMark &mark, const SalesVisito
 {
     if (mark.empty)
         return;
+    startRead();
     if (sqlite3_bind_int64(m_marked.statement.get(), 1, mark.last) != SQLITE_OK)
         throw SqliteError(m_database.get(), m_hostPath);
     walk(m_marked, visit);
@@ -323,6 +325,7 @@ void SqliteSalesStore::SelectLike(
 {
     if (mark.empty)
         return;
+    startRead();
     if (!m_like.statement || m_likeColumns != columns || m_likeColumn != column) {
         m_like = prepareSelect(columns, "rowid <= ?1 AND qlon_like(" + SalesColumnNames[column].toByteArray() + ", ?2)");
         m_likeColumns = columns;
@@ -337,9 +340,11 @@ void SqliteSalesStore::SelectLike(
 
 qint64 SqliteSalesStore::CountRows()
 {
+    startRead();
     const SqliteStatement count = PrepareSqlite(m_database.get(), "SELECT count(*) FROM ItemsSold", m_hostPath);
     if (sqlite3_step(count.get()) != SQLITE_ROW)
         throw SqliteError(m_database.get(), m_hostPath);
+    m_file->checkRead();
     return sqlite3_column_int64(count.get(), 0);
 }
 
@@ -357,15 +362,16 @@ void SqliteSalesStore::walk(const Select &select, const SalesVisitor &visit)
     for (;;) {
         const int result = sqlite3_step(statement);
         if (result == SQLITE_DONE)
-            return;
+            break;
         if (result != SQLITE_ROW)
             throw SqliteError(m_database.get(), m_hostPath);
         if (select.isoDateAt && !beginsWithIsoDate(valueBytes(sqlite3_column_value(statement, *select.isoDateAt))))
             continue;
         readRow(select);
         if (!visit(m_row))
-            return;
+            break;
     }
+    m_file->checkRead();
 }
 
 void SqliteSalesStore::readRow(const Select &select)

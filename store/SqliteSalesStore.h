@@ -3,8 +3,6 @@
 #include "core/Memo.h"
 #include "store/SalesStore.h"
 
-#include <QTemporaryDir>
-
 #include <memory>
 #include <vector>
 
@@ -28,9 +26,11 @@ SqliteStatement PrepareSqlite(sqlite3 *database, QByteArrayView sql, const QStri
 // The engine's error for SQLite's last failure on the database.
 RuntimeError SqliteError(sqlite3 *database, const QString &hostPath);
 
+class SqliteStationFile;
+
 // The sales table ItemsSold of an SQLite 3 file, opened read-only, rows in rowid order. The file
-// belongs to the stations: nothing is ever written beside it, and a view of that name is no
-// table, so that a read always ends.
+// belongs to the stations: nothing is ever written beside it, each select sees one committed state
+// of it (see SqliteStationFile), and a view of that name is no table, so that a read always ends.
 // Dates and times stand in the table as ISO texts: "2004-03-31", "2004-03-31 18:05:00" (or with
 // "T" for the blank) and "18:05:00", which come out by DateTimeText as "3/31/2004",
 // "3/31/2004 6:05:00 PM" and "6:05:00 PM"; a text of that shape that is no real date or time comes
@@ -40,6 +40,7 @@ class SqliteSalesStore : public SalesStore
 {
 public:
     explicit SqliteSalesStore(const QString &hostPath);
+    ~SqliteSalesStore() override;
 
     void SelectAll(const SalesVisitor &visit) override;
     // SQLite does the filtering, on the ISO texts: those of the from date and after, up to those
@@ -66,7 +67,9 @@ private:
         QByteArrayList choose(SalesColumns chosen);
     };
 
-    SqliteDatabase openForReading();
+    void connect();
+    // Before each read: a new connection when the file's state asks for one.
+    void startRead();
     void checkSalesTable() const;
     Select prepareSelect(SalesColumns columns, QByteArrayView condition = {}) const;
     Select prepareSpanSelect(SalesColumns columns) const;
@@ -78,9 +81,8 @@ private:
     void readNumber(double number, int column);
     void bindText(int parameter, const QByteArray &text);
 
-    // A private copy of a database in WAL mode, whose newest rows may lie in its -wal file.
-    std::unique_ptr<QTemporaryDir> m_copy;
     QString m_hostPath;
+    std::unique_ptr<SqliteStationFile> m_file;
     SqliteDatabase m_database;
     Select m_all;
     Select m_marked;

@@ -12,6 +12,7 @@
 #include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QThread>
 
 #include <gtest/gtest.h>
@@ -278,7 +279,15 @@ TEST_F(ScriptTest, ASecondInstanceIsRefused)
     first.write("get QLONlistBuilder1.Label11\n");
     ASSERT_TRUE(first.waitForReadyRead(30000)) << "the first instance never came up";
 
-    const Outcome second = run(QStringLiteral("get QLONlistBuilder1.Label11\n"));
+    // The same site through a link, from a program with another temp folder.
+    QTemporaryDir elsewhere;
+    const QString link = elsewhere.filePath(QStringLiteral("site"));
+    ASSERT_TRUE(QFile::link(site.driveFolder(), link));
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("TMPDIR"), elsewhere.path());
+    const Outcome second =
+        runProgram({QStringLiteral("--drive"), QStringLiteral("C=") + link, QStringLiteral("--script"), QStringLiteral("-")},
+            QStringLiteral("get QLONlistBuilder1.Label11\n"), environment);
     EXPECT_EQ(second.status, 1);
     EXPECT_EQ(second.lines(),
         QStringList{

@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <functional>
+#include <optional>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -47,11 +47,17 @@ protected:
         QDir(otherSite.path()).mkpath(QStringLiteral("Quillon/Temp"));
         QFile::link(site.path(), link());
     }
-    void TearDown() override { qputenv("TMPDIR", savedTemp); }
+    void TearDown() override
+    {
+        if (savedTemp)
+            qputenv("TMPDIR", *savedTemp);
+        else
+            qunsetenv("TMPDIR");
+    }
 
     QString link() const { return links.filePath(QStringLiteral("site")); }
 
-    const QByteArray savedTemp = qgetenv("TMPDIR");
+    const std::optional<QByteArray> savedTemp = qEnvironmentVariableIsSet("TMPDIR") ? std::optional(qgetenv("TMPDIR")) : std::nullopt;
     QTemporaryDir site;
     QTemporaryDir otherSite;
     QTemporaryDir links;

@@ -10,7 +10,10 @@
 #include "store/SiteConfig.h"
 
 #include <QDir>
+#include <QFile>
 #include <QRegularExpression>
+
+#include <algorithm>
 
 namespace qlon {
 
@@ -59,6 +62,27 @@ std::optional<double> plainPrice(QByteArrayView price)
     return ReadUnsignedDecimal(price, 3);
 }
 
+// The end of the last line among the file's first `size` bytes, just past its line end ("\n", or
+// "\r" as the reader takes it); 0 when no line has ended. The file is left at its start.
+qint64 endOfLastLine(QFile &file, qint64 size)
+{
+    constexpr qint64 chunk = 4096;
+    qint64 end = size;
+    while (end > 0) {
+        const qint64 start = std::max<qint64>(end - chunk, 0);
+        file.seek(start);
+        const QByteArray bytes = file.read(end - start);
+        const auto lineEnd = std::find_if(bytes.crbegin(), bytes.crend(), [](char byte) { return byte == '\n' || byte == '\r'; });
+        if (lineEnd != bytes.crend()) {
+            end = start + (bytes.crend() - lineEnd);
+            break;
+        }
+        end = start;
+    }
+    file.seek(0);
+    return end;
+}
+
 } // namespace
 
 QByteArray MonthFileName(QDate date)
@@ -83,28 +107,58 @@ QList<QDate> MonthWalk(QByteArrayView fromDate)
     return months;
 }
 
-MonthlySalesFile::MonthlySalesFile(const QString &hostPath, const QString &rejectHostPath)
-    : m_file(hostPath, TextFile::Mode::Input)
-    , m_rejectFile(rejectHostPath, TextFile::Mode::Output)
-    , m_size(m_file.size())
+LockedMonthFile::LockedMonthFile(const QString &hostPath)
+    : SiteFile(hostPath, QIODevice::ReadOnly)
+    , m_size(lockedSize())
+    , m_wholeLines(file(), endOfLastLine(file(), m_size))
+    , m_reader(m_wholeLines)
 {
-    m_file.LockAll();
 }
 
-MonthlySalesFile::~MonthlySalesFile()
+LockedMonthFile::~LockedMonthFile()
 {
-    m_file.UnlockAll();
+    UnlockAll();
+}
+
+qint64 LockedMonthFile::lockedSize()
+{
+    LockAll();
+    return size();
+}
+
+LockedMonthFile::Prefix::Prefix(QFile &file, qint64 end)
+    : m_file(file)
+    , m_end(end)
+{
+    open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+}
+
+qint64 LockedMonthFile::Prefix::readData(char *data, qint64 maxSize)
+{
+    const qint64 wanted = std::min(maxSize, m_end - m_file.pos());
+    return wanted > 0 ? m_file.read(data, wanted) : 0;
+}
+
+qint64 LockedMonthFile::Prefix::writeData(const char *, qint64)
+{
+    return -1;
+}
+
+MonthlySalesFile::MonthlySalesFile(const QString &hostPath, const QString &rejectHostPath)
+    : m_file(hostPath)
+    , m_rejectFile(rejectHostPath, TextFile::Mode::Output)
+{
 }
 
 void MonthlySalesFile::readFields(int count)
 {
     for (int field = 0; field < count; ++field)
-        SkipOnFailure([&] { m_fields[field] = m_file.ReadField(); });
+        SkipOnFailure([&] { m_fields[field] = m_file.reader().ReadField(); });
 }
 
 std::optional<MonthlyRecord> MonthlySalesFile::next()
 {
-    while (!m_file.AtEnd()) {
+    while (!m_file.reader().AtEnd()) {
         readFields(MonthlyFieldCount);
         if (inStep(m_fields[SoldDate]))
             return m_fields;
@@ -122,7 +176,7 @@ std::optional<MonthlyRecord> MonthlySalesFile::next()
 std::optional<MonthlyRecordView> MonthlySalesFile::nextInStep()
 {
     MonthlyRecordView record;
-    const qsizetype count = m_file.ReadFields(record);
+    const qsizetype count = m_file.reader().ReadFields(record);
     if (count == 0)
         return std::nullopt;
     m_outOfStep = count < MonthlyFieldCount || !inStep(record[SoldDate]);

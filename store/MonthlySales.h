@@ -1,10 +1,12 @@
 #pragma once
 
+#include "core/FieldReader.h"
 #include "core/Memo.h"
 #include "core/TextFile.h"
 
 #include <QByteArray>
 #include <QDate>
+#include <QIODevice>
 #include <QList>
 #include <QTime>
 
@@ -32,20 +34,55 @@ using MonthlyRecord = std::array<QByteArray, MonthlyFieldCount>;
 // A record as views of its eight fields in the file's bytes.
 using MonthlyRecordView = std::array<QByteArrayView, MonthlyFieldCount>;
 
-// A month's file read record by record, locked as a whole while it is open so that no station
-// appends in the middle of a read. Fields are taken wherever they stand, across line ends. A
-// record whose date hasn't "/" as its third character is out of step: it is written to the
-// reject file, seven more fields are read and dropped, and reading goes on.
+// A month's file open for reading, locked whole while it is open so that no station appends in
+// the middle of a read; a station that holds it past the program's wait fails the opening with
+// "Permission denied". Only the lines that were whole when it was locked are read: a line a
+// station is still writing at the end has no line end yet and is left for a later reading.
+class LockedMonthFile : public SiteFile
+{
+public:
+    explicit LockedMonthFile(const QString &hostPath);
+    ~LockedMonthFile() override;
+
+    FieldReader &reader() { return m_reader; }
+    // The file's size when it was locked, for the progress figure.
+    qint64 sizeAtOpening() const { return m_size; }
+    qint64 position() const { return m_reader.position(); }
+
+private:
+    // The first bytes of an open file, up to an end, read straight from it.
+    class Prefix final : public QIODevice
+    {
+    public:
+        Prefix(QFile &file, qint64 end);
+        qint64 size() const override { return m_end; }
+
+    protected:
+        qint64 readData(char *data, qint64 maxSize) override;
+        qint64 writeData(const char *data, qint64 maxSize) override;
+
+    private:
+        QFile &m_file;
+        qint64 m_end;
+    };
+
+    qint64 lockedSize();
+
+    qint64 m_size;
+    Prefix m_wholeLines;
+    FieldReader m_reader;
+};
+
+// A month's file read record by record, as a LockedMonthFile. Fields are taken wherever they
+// stand, across line ends. A record whose date hasn't "/" as its third character is out of step:
+// it is written to the reject file, seven more fields are read and dropped, and reading goes on.
 class MonthlySalesFile
 {
 public:
     // The reject file (Items.tmp below the site root) is emptied when the month's file opens.
     MonthlySalesFile(const QString &hostPath, const QString &rejectHostPath);
-    ~MonthlySalesFile();
-    MonthlySalesFile(const MonthlySalesFile &) = delete;
-    MonthlySalesFile &operator=(const MonthlySalesFile &) = delete;
 
-    qint64 size() const { return m_size; }
+    qint64 size() const { return m_file.sizeAtOpening(); }
     qint64 position() const { return m_file.position(); }
     int rejects() const { return m_rejects; }
 
@@ -62,9 +99,8 @@ public:
 private:
     void readFields(int count);
 
-    TextFile m_file;
+    LockedMonthFile m_file;
     TextFile m_rejectFile;
-    qint64 m_size;
     int m_rejects = 0;
     bool m_outOfStep = false;
     MonthlyRecord m_fields;

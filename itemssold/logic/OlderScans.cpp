@@ -7,7 +7,6 @@
 #include "core/FixedField.h"
 #include "core/HostPath.h"
 #include "core/RecordFile.h"
-#include "core/TextFile.h"
 #include "store/MonthlySales.h"
 #include "store/SiteConfig.h"
 
@@ -109,11 +108,12 @@ public:
     bool readMonth(const QString &path)
     {
         CloseAll();
-        TextFile month(path, TextFile::Mode::Input);
-        while (!month.AtEnd()) {
+        LockedMonthFile month(path);
+        FieldReader &fields = month.reader();
+        while (!fields.AtEnd()) {
             MonthlyRecord record;
             for (QByteArray &field : record)
-                field = month.AtEnd() ? QByteArray() : month.ReadField();
+                field = fields.AtEnd() ? QByteArray() : fields.ReadField();
             if (m_progress.stopRequested())
                 return false;
             SkipOnFailure([&] { take(record); });

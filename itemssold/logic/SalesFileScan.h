@@ -39,8 +39,9 @@ struct ScanLimits
 QTime InWholeMinutes(QTime time);
 
 // Walks the monthly files of the span from its from date, telling `progress` of each month and
-// handing `readMonth` the host path of each file there is; a month whose file can't be read, such
-// as one a station holds, is passed over. False when `readMonth` tells of a stop.
+// handing `readMonth` the host path of each file there is; a month whose file can't be read is
+// passed over, but one a station holds past the wait ends the walk with the platform's error, as
+// figures without that month would read as a quiet day. False when `readMonth` tells of a stop.
 bool WalkMonthFiles(const ScanSpan &span, ScanProgress &progress, const std::function<bool(const QString &path)> &readMonth);
 
 // A catalogue row with what the monthly files sold of it.

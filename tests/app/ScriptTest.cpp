@@ -2,6 +2,7 @@
 #include "core/RecordFile.h"
 #include "demo/DemoSite.h"
 #include "store/IniRec2300.h"
+#include "tests/platform/StationHold.h"
 #include "tests/support/TempSite.h"
 
 #include <QDeadlineTimer>
@@ -11,6 +12,7 @@
 #include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QThread>
 
 #include <gtest/gtest.h>
@@ -277,7 +279,15 @@ TEST_F(ScriptTest, ASecondInstanceIsRefused)
     first.write("get QLONlistBuilder1.Label11\n");
     ASSERT_TRUE(first.waitForReadyRead(30000)) << "the first instance never came up";
 
-    const Outcome second = run(QStringLiteral("get QLONlistBuilder1.Label11\n"));
+    // The same site through a link, from a program with another temp folder.
+    QTemporaryDir elsewhere;
+    const QString link = elsewhere.filePath(QStringLiteral("site"));
+    ASSERT_TRUE(QFile::link(site.driveFolder(), link));
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("TMPDIR"), elsewhere.path());
+    const Outcome second =
+        runProgram({QStringLiteral("--drive"), QStringLiteral("C=") + link, QStringLiteral("--script"), QStringLiteral("-")},
+            QStringLiteral("get QLONlistBuilder1.Label11\n"), environment);
     EXPECT_EQ(second.status, 1);
     EXPECT_EQ(second.lines(),
         QStringList{
@@ -299,6 +309,30 @@ TEST_F(ScriptTest, ALockedConfigurationEndsTheProgramWithThePlatformsText)
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.lines(), QStringList{QStringLiteral("message: QLONListBuilder | Run-time error '70':\\r\\n\\r\\nPermission denied")});
     EXPECT_TRUE(result.err.contains(QStringLiteral("Permission denied"))) << result.err.toStdString();
+}
+
+// A nightly job on a month a station holds past the program's wait ends naming the file, to be
+// tried again, rather than print figures without the month; let go within the wait, it is whole.
+TEST_F(ScriptTest, AMonthAStationHoldsEndsTheReportNamingItUnlessReleasedWithinTheWait)
+{
+    writeDemoSite();
+    const QStringList itemsSold{QStringLiteral("items-sold")};
+    const Outcome whole = report(itemsSold);
+    ASSERT_EQ(whole.status, 0) << whole.err.toStdString();
+    const QString month = site.hostPath(QStringLiteral("Quillon/data/ItemsSold112026.DAT"));
+    {
+        const test::StationHold writing(month, std::chrono::seconds(2));
+        ASSERT_TRUE(writing.held());
+        const Outcome released = report(itemsSold);
+        EXPECT_EQ(released.status, 0) << released.err.toStdString();
+        EXPECT_EQ(released.out, whole.out);
+    }
+    const test::StationHold station(month);
+    ASSERT_TRUE(station.held());
+    const Outcome held = report(itemsSold);
+    EXPECT_EQ(held.status, 1);
+    EXPECT_TRUE(held.err.contains(QStringLiteral("Permission denied (C:\\QUILLON\\data\\ItemsSold112026.DAT, ") + month + QLatin1Char(')')))
+        << held.err.toStdString();
 }
 
 // A configuration record whose data root is `dataRoot`, over the demo site's.

@@ -37,7 +37,7 @@ bool RetryForStationWait(const std::function<bool()> &attempt)
             return true;
         if (deadline.hasExpired())
             return false;
-        QThread::msleep(static_cast<unsigned long>(std::min(retryPause.count(), deadline.remainingTime())));
+        QThread::msleep(static_cast<unsigned long>(std::min<qint64>(retryPause.count(), deadline.remainingTime())));
     }
 }
 

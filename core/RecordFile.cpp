@@ -6,8 +6,7 @@ namespace qlon {
 
 namespace {
 
-// A seek hands buffered writes to the system at once; the record right after the last one read or
-// written needs none, so a run that writes record after record writes them in blocks.
+// The record right after the last one read or written needs no seek.
 bool moveTo(QFile &file, qint64 position)
 {
     return file.pos() == position || file.seek(position);
@@ -65,7 +64,8 @@ void RecordFile::GetRecords(qint64 first, int count, QByteArray &records)
 
 void RecordFile::PutRecords(qint64 first, QByteArrayView records)
 {
-    if (!moveTo(file(), positionOf(first)) || file().write(records.data(), records.size()) != records.size())
+    // Handed to the system at once and whole, in one write: a crash leaves a record old or new.
+    if (!moveTo(file(), positionOf(first)) || file().write(records.data(), records.size()) != records.size() || !file().flush())
         throw RuntimeError(RuntimeError::PermissionDenied, hostPath());
 }
 

@@ -21,12 +21,14 @@ public:
     // Past the end of the file the record reads as blanks; a record cut short by the end of
     // the file is filled up with blanks.
     QByteArray GetRecord(qint64 number);
-    // Past the end the file grows. The record is cut or filled up to the record size.
+    // Past the end the file grows. The record is cut or filled up to the record size. It reaches
+    // the file in one write before the call returns.
     void PutRecord(qint64 number, QByteArrayView record);
     // `count` records from `first` on in one read, into `records`, whose buffer serves again: what
     // GetRecord gives for each, one after another.
     void GetRecords(qint64 first, int count, QByteArray &records);
-    // Whole records one after another from `first` on, in one write: what PutRecord does for each.
+    // Whole records one after another from `first` on, in one write before the call returns: what
+    // PutRecord does for each.
     void PutRecords(qint64 first, QByteArrayView records);
 
 private:

@@ -1,5 +1,6 @@
 #include "core/SiteFile.h"
 
+#include "core/FileReplace.h"
 #include "platform/FileLock.h"
 
 #include <QDir>
@@ -61,11 +62,7 @@ void FileCopy(const QString &fromHostPath, const QString &toHostPath)
     QFile source(fromHostPath);
     if (!source.open(QIODevice::ReadOnly))
         throw RuntimeError(RuntimeError::FileNotFound, fromHostPath);
-    const QByteArray bytes = source.readAll();
-    QFile target(toHostPath);
-    if (!target.open(QIODevice::ReadWrite) || FileLock::isLockedElsewhere(target) || !target.resize(0) ||
-        target.write(bytes) != bytes.size())
-        throw RuntimeError(RuntimeError::PermissionDenied, toHostPath);
+    ReplaceFile(toHostPath, source.readAll());
 }
 
 } // namespace qlon

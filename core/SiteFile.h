@@ -43,8 +43,9 @@ private:
 
 namespace qlon {
 
-// Copies a file byte for byte over the target, as the platform's file copy does: a missing
-// source fails with "File not found", a target held elsewhere with "Permission denied".
+// Copies a file byte for byte over the target, as the platform's file copy does, saving it as
+// ReplaceFile does: a missing source fails with "File not found", a target held elsewhere with
+// "Permission denied".
 void FileCopy(const QString &fromHostPath, const QString &toHostPath);
 
 } // namespace qlon

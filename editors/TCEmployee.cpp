@@ -2,10 +2,10 @@
 
 #include "core/Ansi.h"
 #include "core/Conversions.h"
-#include "core/FileTable.h"
 #include "core/FixedField.h"
 #include "core/HostPath.h"
 #include "core/RecordFile.h"
+#include "editors/logic/EmployeeDelete.h"
 #include "store/Departments.h"
 #include "store/EmployeeRec1000.h"
 #include "store/SiteConfig.h"
@@ -14,7 +14,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFile>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -499,27 +498,12 @@ void TCEmployee::SaveNew_Click()
     cmdDelete->setEnabled(true);
 }
 
-// The file is written anew without the record and without any record whose name is empty; the
-// records behind move up. Data\Zemployee.tmp stays behind.
+// Data\Zemployee.tmp stays behind.
 void TCEmployee::Delete_Click()
 {
     const int deleted = int(NumericValue(ansi(txtRecord)));
-    if (deleted >= 1) {
-        const QString temporary = listPath(employeeTemp);
-        QFile::remove(temporary);
-        {
-            RecordFile source(employeePath(), EmployeeRec1000::size);
-            RecordFile kept(temporary, EmployeeRec1000::size);
-            int next = 0;
-            for (int number = 1; number <= source.CountRecords(); ++number) {
-                const QByteArray record = source.GetRecord(number);
-                if (number != deleted && !EmployeeRec1000(record).trimmedField(EmployeeRec1000::EmployeeName).isEmpty())
-                    kept.PutRecord(++next, record);
-            }
-        }
-        CloseAll();
-        FileCopy(temporary, employeePath());
-    }
+    if (deleted >= 1)
+        DeleteEmployeeRecord(employeePath(), listPath(employeeTemp), deleted);
     clearFields();
     Command1_Click(0);
     txtRecord->setText(QStringLiteral("0"));

@@ -1,5 +1,6 @@
 #include "store/Departments.h"
 
+#include "core/FileReplace.h"
 #include "core/HostPath.h"
 #include "core/TextFile.h"
 
@@ -44,9 +45,10 @@ QByteArrayList ReadDepartmentNames(const QString &hostPath, qsizetype limit)
 
 void WriteDepartmentNames(const QString &hostPath, const QByteArrayList &rows)
 {
-    TextFile file(hostPath, TextFile::Mode::Output);
+    QByteArray lines;
     for (const QByteArray &row : rows)
-        file.WriteFields({row});
+        AppendQuotedLine(lines, {row});
+    ReplaceFile(hostPath, lines);
 }
 
 } // namespace qlon

@@ -1,16 +1,12 @@
 #include "store/SqliteStationFile.h"
 
 #include "platform/FileLock.h"
+#include "platform/FileStamp.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QUrl>
 
 #include <sqlite3.h>
-
-#ifndef Q_OS_WIN
-#include <sys/stat.h>
-#endif
 
 namespace qlon {
 namespace {
@@ -21,18 +17,6 @@ constexpr qint64 headerSize = 20;
 bool isWalHeader(const QByteArray &header)
 {
     return header.mid(18, 2) == QByteArrayView("\x02\x02", 2);
-}
-
-qint64 modifiedNanoseconds(const QString &hostPath)
-{
-#ifdef Q_OS_WIN
-    return QFileInfo(hostPath).lastModified().toMSecsSinceEpoch() * 1000000;
-#else
-    struct stat status = {};
-    if (stat(QFile::encodeName(hostPath).constData(), &status) != 0)
-        return 0;
-    return qint64(status.st_mtim.tv_sec) * 1000000000 + status.st_mtim.tv_nsec;
-#endif
 }
 
 } // namespace
@@ -46,8 +30,7 @@ SqliteStationFile::SqliteStationFile(const QString &hostPath)
 SqliteStationFile::Stamp SqliteStationFile::stamp() const
 {
     Stamp state;
-    state.size = QFileInfo(m_hostPath).size();
-    state.modified = modifiedNanoseconds(m_hostPath);
+    state.file = StampOf(m_hostPath);
     state.walBeside = QFileInfo::exists(m_hostPath + QStringLiteral("-wal"));
     state.shmBeside = QFileInfo::exists(m_hostPath + QStringLiteral("-shm"));
     return state;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/FileStamp.h"
 #include "store/SqliteSalesStore.h"
 
 #include <QByteArray>
@@ -33,8 +34,7 @@ private:
     // What tells one state of the file from another, without a lock.
     struct Stamp
     {
-        qint64 size = -1;
-        qint64 modified = 0; // nanoseconds
+        FileStamp file;
         bool walBeside = false;
         bool shmBeside = false;
 

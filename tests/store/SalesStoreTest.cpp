@@ -16,6 +16,7 @@
 #include <QTemporaryDir>
 
 #include <map>
+#include <thread>
 
 namespace qlon {
 namespace {
@@ -419,7 +420,65 @@ TEST_F(SqliteSalesStoreTest, ReadingLeavesNothingBesideTheStationsFileAndSeesIts
     station.reset();
     ASSERT_EQ(QDir(folder.path()).entryList(QDir::Files), alone) << "the station's last close folds the -wal file in";
     EXPECT_EQ(selectAll(), (std::vector<SalesValue>{"1", "2"}));
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), alone) << "a database in WAL mode is read from a copy";
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), alone) << "a database in WAL mode that no station has open is read as it stands";
+}
+
+void expectStationError(const RuntimeError &error, const QString &path, const QString &description)
+{
+    EXPECT_TRUE(error.isHeldElsewhere()) << "a report never passes over it";
+    EXPECT_EQ(error.detail(), path);
+    EXPECT_EQ(error.description(), description);
+}
+
+TEST_F(SqliteSalesStoreTest, AStationsCommitIsWaitedForAndAStationHoldingTheFileEndsTheReadNamingIt)
+{
+    writeDates({"2004-03-31"});
+    SqliteDatabase station = OpenSqlite(path, SQLITE_OPEN_READWRITE);
+    ASSERT_EQ(
+        sqlite3_exec(station.get(), "BEGIN EXCLUSIVE; INSERT INTO ItemsSold (OrderID) VALUES (2)", nullptr, nullptr, nullptr), SQLITE_OK);
+    expectStationError(ErrorOf([&] { selectAll(); }), path, QStringLiteral("database is locked"));
+    ASSERT_EQ(sqlite3_exec(station.get(), "COMMIT; BEGIN EXCLUSIVE; INSERT INTO ItemsSold (OrderID) VALUES (3)", nullptr, nullptr, nullptr),
+        SQLITE_OK);
+    std::thread commitSoon([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(30));
+        sqlite3_exec(station.get(), "COMMIT", nullptr, nullptr, nullptr);
+    });
+    EXPECT_EQ(selectAll(), (std::vector<SalesValue>{"1", "2", "3"})) << "a commit within the wait is waited for";
+    commitSoon.join();
+}
+
+// A station that opens the database, writes and closes it, leaving no -wal or -shm file behind.
+void stationWritesAndCloses(const QString &path, int orderId)
+{
+    SqliteDatabase station = OpenSqlite(path, SQLITE_OPEN_READWRITE);
+    const QByteArray insert = "PRAGMA journal_mode=WAL; INSERT INTO ItemsSold (OrderID) VALUES (" + QByteArray::number(orderId) + ")";
+    ASSERT_EQ(sqlite3_exec(station.get(), insert.constData(), nullptr, nullptr, nullptr), SQLITE_OK);
+}
+
+TEST_F(SqliteSalesStoreTest, AnUnlockedReadOfAWalDatabaseSeesTheFileChangeAndNeverReadsItsWalFileAlone)
+{
+    writeDates({"2004-03-31"});
+    stationWritesAndCloses(path, 2);
+    SqliteSalesStore store(path);
+    stationWritesAndCloses(path, 3);
+    EXPECT_EQ(Collect([&](const SalesVisitor &visit) { store.SelectAll(visit); }), (std::vector<SalesValue>{"1", "2", "3"}))
+        << "a store kept open reads the state of each read";
+
+    const RuntimeError changed = ErrorOf([&] {
+        store.SelectAll([&](const SalesRow &) {
+            stationWritesAndCloses(path, 4);
+            return true;
+        });
+    });
+    expectStationError(changed, path, QStringLiteral("The database changed while it was read."));
+
+    // A station that ended without closing leaves commits in the -wal file and no -shm file.
+    SqliteDatabase station = stationConnection(path);
+    QFile::copy(path + QStringLiteral("-wal"), folder.filePath(QStringLiteral("kept-wal")));
+    station.reset();
+    QFile::rename(folder.filePath(QStringLiteral("kept-wal")), path + QStringLiteral("-wal"));
+    expectStationError(ErrorOf([&] { selectAll(); }), path, QStringLiteral("The database's -wal file stands without its -shm file."));
+    EXPECT_FALSE(QFileInfo::exists(path + QStringLiteral("-shm")));
 }
 
 TEST_F(SqliteSalesStoreTest, AViewNamedItemsSoldIsNoSalesTable)

@@ -8,7 +8,7 @@ packages=(
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libgl-dev
   mdbtools-dev libsqlite3-dev libcups2-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  poppler-utils clang-format clang-tidy
+  poppler-utils clang-format clang-tidy python3
   onboard
 )
 

@@ -44,6 +44,7 @@ TEST(ItemEditingTest, TheViewFillsBlanksAndTheStoreKeepsWhatTheEditorDoesntShow)
     ItemRec500 saved = stored;
     view.buttonTitle = "A title of nineteen";
     view.kitPrinter = false;
+    view.barPrinter = true;
     view.kitchenPrinter = 0;
     StoreView(saved, view);
     EXPECT_EQ(saved.field(ItemRec500::ButtonTitle), "A title of ninetee") << "cut to its field";
@@ -51,6 +52,7 @@ TEST(ItemEditingTest, TheViewFillsBlanksAndTheStoreKeepsWhatTheEditorDoesntShow)
     EXPECT_EQ(saved.trimmedField(ItemRec500::HappyHourPrice), "12.00");
     EXPECT_EQ(saved.field(ItemRec500::KitchenRoute), "0");
     EXPECT_EQ(saved.field(ItemRec500::KitPrinterFlag), "N");
+    EXPECT_EQ(saved.field(ItemRec500::BarPrinterFlag), "1");
     EXPECT_EQ(saved.field(ItemRec500::TaxableFlag), "N");
     EXPECT_EQ(saved.field(ItemRec500::PizzaFlag), "1    ");
     EXPECT_EQ(saved.trimmedField(ItemRec500::RecordTail), "");
@@ -88,6 +90,8 @@ TEST(ItemEditingTest, FileOperationsStayWithinTheRecordsAndAppendAfterTheLast)
     site.write(QStringLiteral("Quillon/ini/Button0.dat"), twelve);
     EXPECT_EQ(ItemFile::Read(path, 13), std::nullopt);
     EXPECT_FALSE(ItemFile::Write(path, 0, storedItem()));
+    ASSERT_TRUE(ItemFile::Write(path, 12, storedItem())) << "the last record is within the file";
+    EXPECT_EQ(ItemFile::Read(path, 12)->bytes(), storedItem().bytes());
     ASSERT_TRUE(ItemFile::Write(path, 3, FreedSlot(*ItemFile::Read(path, 3))));
     EXPECT_EQ(ItemFile::Count(path), 12);
     EXPECT_EQ(ItemFile::Append(path, storedItem()), 13) << "after the last record, not in the free slot 3";

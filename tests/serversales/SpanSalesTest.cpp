@@ -156,13 +156,18 @@ TEST(SpanSalesTest, APriceIsAddedAsItStandsAndANullKeepsTheValueBefore)
     SalesRow late = first;
     late[Time] = "5:00:00 PM";
     late[ReceiptID] = "R9";
-    RowsStore store({first, second, late});
+    SalesRow padded = first;
+    padded[Item] = "  Steak ";
+    padded[Quantity] = " 2 ";
+    padded[ReceiptID] = " R10 ";
+    RowsStore store({first, second, late, padded});
     const SpanSales sales(store, evening);
     const ItemSales &steak = sales.of("Steak");
-    EXPECT_EQ(steak.sales, 13.0);
-    EXPECT_EQ(steak.units, 6.0) << "the second row's null quantity counts the first row's again";
-    EXPECT_EQ(steak.trace.joined().count('\n'), 2);
-    EXPECT_EQ(steak.lastReceipt, "R9") << "the last row read with the name, counted or not";
+    EXPECT_EQ(steak.sales, 25.0);
+    EXPECT_EQ(steak.units, 8.0) << "the second row's null quantity counts the first row's again";
+    EXPECT_EQ(steak.trace.joined().count('\n'), 3);
+    EXPECT_TRUE(steak.trace.joined().endsWith("\"Steak\",\"\",\"2\",\"1/1/2004\",\"R10\",\"\",\"\"\r\n")) << "each column is read trimmed";
+    EXPECT_EQ(steak.lastReceipt, "R10") << "the last row read with the name, counted or not, trimmed";
 }
 
 } // namespace

@@ -412,15 +412,23 @@ TEST_F(SqliteSalesStoreTest, ReadingLeavesNothingBesideTheStationsFileAndSeesIts
     EXPECT_EQ(selectAll(), std::vector<SalesValue>{"1"});
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), alone);
 
+    // The folder is looked at while the store is still open, too: SQLite removes its own files on closing.
+    const auto readAndLook = [&](const QStringList &expected) {
+        SqliteSalesStore store(path);
+        const std::vector<SalesValue> read = Collect([&](const SalesVisitor &visit) { store.SelectAll(visit); });
+        EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), expected);
+        return read;
+    };
     SqliteDatabase station = stationConnection(path);
     const QStringList withStation = QDir(folder.path()).entryList(QDir::Files);
-    EXPECT_EQ(selectAll(), (std::vector<SalesValue>{"1", "2"})) << "the row still in the -wal file counts";
+    EXPECT_EQ(readAndLook(withStation), (std::vector<SalesValue>{"1", "2"})) << "the row still in the -wal file counts";
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), withStation);
 
     station.reset();
     ASSERT_EQ(QDir(folder.path()).entryList(QDir::Files), alone) << "the station's last close folds the -wal file in";
-    EXPECT_EQ(selectAll(), (std::vector<SalesValue>{"1", "2"}));
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), alone) << "a database in WAL mode that no station has open is read as it stands";
+    EXPECT_EQ(readAndLook(alone), (std::vector<SalesValue>{"1", "2"}))
+        << "a database in WAL mode that no station has open is read as it stands";
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), alone);
 }
 
 void expectStationError(const RuntimeError &error, const QString &path, const QString &description)
@@ -544,6 +552,8 @@ TEST_F(SqliteSalesStoreTest, NumbersComeOutInTheirShortestForms)
         {Quantity, "12.50", "12.5"},
         {Quantity, "-0.25", "-0.25"},
         {UnitPrice, "0.1", "0.1"},
+        {UnitPrice, "6.50", "6.5"},
+        {UnitPrice, "6.75", "6.75"},
         {UnitPrice, "1000000", "1000000"},
         {UnitPrice, "1e15", "1E+15"},
         {UnitPrice, "abc", "abc"},

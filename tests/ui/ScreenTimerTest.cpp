@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 namespace qlon {
 namespace {
 
@@ -66,6 +68,15 @@ TEST(YieldClockTest, YieldsOnTheFirstCallAndThenOncePerInterval)
     EXPECT_EQ(served, 2) << "between two readings of the clock";
     eager();
     EXPECT_EQ(served, 3);
+
+    // The interval counts milliseconds: twice the default has passed, and the next reading yields.
+    YieldClock brisk;
+    brisk();
+    post();
+    std::this_thread::sleep_for(std::chrono::milliseconds(2 * YieldClock::defaultIntervalMilliseconds));
+    for (int call = 0; call < 64; ++call)
+        brisk();
+    EXPECT_EQ(served, 4);
 }
 
 } // namespace

@@ -33,7 +33,8 @@ void readReport(const QCommandLineParser &parser, CommandLine &commandLine)
         return;
     }
     ReportRequest request;
-    commandLine.error = ReadReportRequest(parser, request);
+    if (const QString misfit = ReadReportRequest(parser, request); !misfit.isEmpty())
+        commandLine.error = QStringLiteral("report: ") + misfit;
     commandLine.report = request;
 }
 

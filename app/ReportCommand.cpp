@@ -2,12 +2,19 @@
 
 #include "app/ControlKinds.h"
 #include "app/ScriptRunner.h"
+#include "core/Ansi.h"
 #include "core/Clock.h"
+#include "core/DateText.h"
 #include "core/DateWords.h"
+#include "core/FileTable.h"
+#include "core/HostPath.h"
+#include "store/Departments.h"
+#include "store/SiteConfig.h"
 #include "ui/ScreenRegistry.h"
 
 #include <QBuffer>
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QWidget>
 
 #include <ctime>
@@ -32,8 +39,10 @@ const QCommandLineOption toOption(QStringLiteral("to"), QStringLiteral("report: 
 const QCommandLineOption startOption(
     QStringLiteral("start-time"), QStringLiteral("report: the first time of each day, such as 11:00 am."), QStringLiteral("T"));
 const QCommandLineOption endOption(QStringLiteral("end-time"), QStringLiteral("report: the last time of each day."), QStringLiteral("T"));
-const QCommandLineOption categoryOption(QStringLiteral("category"),
-    QStringLiteral("report: food, bar, both, retail, all or a department (main, items-sold)."), QStringLiteral("C"));
+const QCommandLineOption categoryOption(
+    QStringLiteral("category"), QStringLiteral("report: food, bar, both, retail or all (main, items-sold)."), QStringLiteral("C"));
+const QCommandLineOption departmentOption(QStringLiteral("department"),
+    QStringLiteral("report: one of the site's departments, in any case (main, items-sold)."), QStringLiteral("NAME"));
 const QCommandLineOption serverOption(
     QStringLiteral("server"), QStringLiteral("report: the server's number (server)."), QStringLiteral("N"));
 const QCommandLineOption pdfOption(
@@ -52,19 +61,111 @@ QString scriptDate(const QString &text)
     return iso.isValid() ? iso.toString(QStringLiteral("MM/dd/yyyy")) : QString();
 }
 
+// A time as the pickers take it, such as 11:00 am.
+bool isPickerTime(const QString &text)
+{
+    return ToTime(ToAnsi(text)).has_value();
+}
+
+// The day a date of the request stands for.
+QDate dayOf(const QString &scriptDate)
+{
+    const QDate word = DateFromWord(scriptDate, Today());
+    return word.isValid() ? word : QDate::fromString(scriptDate, QStringLiteral("MM/dd/yyyy"));
+}
+
+QString misfitOfSpan(const ReportRequest &request)
+{
+    for (const auto &[time, option] : {std::pair{request.startTime, "--start-time"}, std::pair{request.endTime, "--end-time"}}) {
+        if (!time.isEmpty() && !isPickerTime(time))
+            return QStringLiteral("%1 '%2' is no time of day (such as 11:00 am or 6:30 pm)").arg(QLatin1String(option), time);
+    }
+    if (!request.from.isEmpty() && !request.to.isEmpty() && dayOf(request.to) < dayOf(request.from))
+        return QStringLiteral("--to %1 lies before --from %2").arg(request.to, request.from);
+    return {};
+}
+
+QString misfitOfCategory(const ReportRequest &request)
+{
+    if (!request.category.isEmpty() && !categoryWords.contains(request.category.toLower())) {
+        return QStringLiteral("unknown category '%1' (%2; a department goes with --department)")
+            .arg(request.category, categoryWords.join(QStringLiteral(", ")));
+    }
+    if (request.name == mainReport && !request.category.isEmpty() && !request.department.isEmpty())
+        return QStringLiteral("the main report takes --category or --department, not both");
+    return {};
+}
+
 // What the request asks that its report can't do; empty when nothing.
 QString misfit(const ReportRequest &request)
 {
     if (!ReportNames().contains(request.name))
-        return QStringLiteral("report takes one of ") + ReportNames().join(QStringLiteral(", "));
+        return QStringLiteral("unknown report '%1' (%2)").arg(request.name, ReportNames().join(QStringLiteral(", ")));
     if (request.name == serverReport && request.server.isEmpty())
         return QStringLiteral("the server report needs --server N");
     if (request.name != serverReport && !request.server.isEmpty())
         return QStringLiteral("--server is for the server report");
-    if (request.name == serverReport && !request.category.isEmpty())
-        return QStringLiteral("the server report takes no --category");
+    if (request.name == serverReport && !(request.category.isEmpty() && request.department.isEmpty()))
+        return QStringLiteral("the server report takes no --category or --department");
     if (request.name != mainReport && !request.csv.isEmpty())
         return QStringLiteral("--csv is for the main report: the others print their rows on standard output");
+    if (const QString category = misfitOfCategory(request); !category.isEmpty())
+        return category;
+    return misfitOfSpan(request);
+}
+
+// The departments the report's screen lists: the site's file, or the names the screen writes into
+// it when it is missing.
+QStringList siteDepartments(const QString &report)
+{
+    const QByteArray file = report == mainReport ? DataPath("data\\Departments.dat") : Site().DataRoot + "data\\Departments.dat";
+    const QString hostPath = HostPath(file);
+    const QByteArrayList names = QFileInfo::exists(hostPath) ? ReadDepartmentNames(hostPath)
+        : report == mainReport                               ? MainScreenDepartments()
+                                                             : ItemsSoldDepartments();
+    QStringList departments;
+    for (const QByteArray &name : names) {
+        const QString trimmed = FromAnsi(TrimBlanks(name));
+        if (!trimmed.isEmpty() && !departments.contains(trimmed))
+            departments.append(trimmed);
+    }
+    return departments;
+}
+
+ReportRefusal checkDepartment(ReportRequest &request)
+{
+    if (request.department.isEmpty())
+        return {};
+    // The configuration tells where the site's data lies; a file that can't be read now is left to
+    // the screens, which end on it as they always do.
+    try {
+        ReadConfiguration();
+    } catch (const RuntimeError &) {
+        CloseAll();
+        return {};
+    }
+    CloseAll();
+    const QStringList departments = siteDepartments(request.name);
+    for (const QString &department : departments) {
+        if (department.compare(request.department, Qt::CaseInsensitive) == 0) {
+            request.department = department;
+            return {};
+        }
+    }
+    return {2, QStringLiteral("unknown department '%1' (the site's: %2)").arg(request.department, departments.join(QStringLiteral(", ")))};
+}
+
+// A file the report writes: its folder must be there, and writable.
+ReportRefusal checkOutputFile(const QString &pattern, const char *option)
+{
+    if (pattern.isEmpty())
+        return {};
+    const QFileInfo file(DatedName(pattern));
+    const QFileInfo folder(file.absolutePath());
+    if (!folder.isDir())
+        return {2, QStringLiteral("%1: folder %2 does not exist").arg(QLatin1String(option), folder.filePath())};
+    if (!folder.isWritable() || (file.exists() && !file.isWritable()))
+        return {1, QStringLiteral("%1: %2 can't be written").arg(QLatin1String(option), file.filePath())};
     return {};
 }
 
@@ -124,11 +225,11 @@ void writeMainReport(ScriptWriter &script, const ReportRequest &request, const Q
     script.line(QStringLiteral("wait"));
     setMainSpan(script, request, from, to);
     const qsizetype word = categoryWords.indexOf(request.category.isEmpty() ? QStringLiteral("all") : request.category.toLower());
-    if (word >= 0) {
-        script.line(QStringLiteral("click QLONlistBuilder1.") + categoryOptions[word]);
-    } else {
-        script.line(QStringLiteral("pick QLONlistBuilder1.Combo1 ") + request.category);
+    if (!request.department.isEmpty()) {
+        script.line(QStringLiteral("pick QLONlistBuilder1.Combo1 ") + request.department);
         script.line(QStringLiteral("click QLONlistBuilder1.SSOption7"));
+    } else {
+        script.line(QStringLiteral("click QLONlistBuilder1.") + categoryOptions[word]);
     }
     script.line(QStringLiteral("click QLONlistBuilder1.SSCommand2"));
     script.line(QStringLiteral("click QLONlistBuilder1.SSCommand4"));
@@ -148,8 +249,8 @@ void writeItemsSoldReport(ScriptWriter &script, const ReportRequest &request, co
         script.line(QStringLiteral("click QlonItemsSold.") + categoryOptions[word]);
     script.line(QStringLiteral("click QlonItemsSold.SSCommand4"));
     script.line(QStringLiteral("wait"));
-    if (word < 0 && !request.category.isEmpty()) {
-        script.line(QStringLiteral("set QlonItemsSold.Combo2 ") + request.category);
+    if (!request.department.isEmpty()) {
+        script.line(QStringLiteral("set QlonItemsSold.Combo2 ") + request.department);
         script.line(QStringLiteral("click QlonItemsSold.SSCommand9"));
     }
     printSpanAndRows(script, QStringLiteral("QlonItemsSold"));
@@ -182,8 +283,8 @@ QStringList ReportNames()
 
 void AddReportOptions(QCommandLineParser &parser)
 {
-    parser.addOptions(
-        {fromOption, toOption, startOption, endOption, categoryOption, serverOption, pdfOption, csvOption, printScriptOption});
+    parser.addOptions({fromOption, toOption, startOption, endOption, categoryOption, departmentOption, serverOption, pdfOption, csvOption,
+        printScriptOption});
     parser.addPositionalArgument(QStringLiteral("report"),
         QStringLiteral("report NAME runs one of the reports (%1) without a window and prints its figures.")
             .arg(ReportNames().join(QStringLiteral(", "))),
@@ -194,18 +295,22 @@ QString ReadReportRequest(const QCommandLineParser &parser, ReportRequest &reque
 {
     const QStringList words = parser.positionalArguments();
     if (words.size() != 2)
-        return QStringLiteral("report takes one name: ") + ReportNames().join(QStringLiteral(", "));
+        return QStringLiteral("one report name, of ") + ReportNames().join(QStringLiteral(", "));
     request.name = words[1];
     request.from = parser.value(fromOption);
     request.to = parser.value(toOption);
-    for (QString *date : {&request.from, &request.to}) {
-        if (!date->isEmpty() && scriptDate(*date).isEmpty())
-            return QStringLiteral("--from and --to take YYYY-MM-DD, MM/DD/YYYY or a word such as yesterday");
+    for (const auto &[date, option] : {std::pair{&request.from, &fromOption}, std::pair{&request.to, &toOption}}) {
+        // An empty value, as an unset shell variable gives, is no call for the site's dates.
+        if ((parser.isSet(*option) && date->isEmpty()) || (!date->isEmpty() && scriptDate(*date).isEmpty())) {
+            return QStringLiteral("--%1 '%2' is no date (YYYY-MM-DD, MM/DD/YYYY or a word such as yesterday)")
+                .arg(option->names().constFirst(), *date);
+        }
         *date = scriptDate(*date);
     }
     request.startTime = parser.value(startOption);
     request.endTime = parser.value(endOption);
     request.category = parser.value(categoryOption);
+    request.department = parser.value(departmentOption);
     request.server = parser.value(serverOption);
     request.pdf = parser.value(pdfOption);
     request.csv = parser.value(csvOption);
@@ -225,6 +330,16 @@ QString ReportScript(const ReportRequest &request, const QString &siteFrom, cons
     else
         writeServerReport(script, request, from, to);
     return script.script();
+}
+
+ReportRefusal CheckReportOnSite(ReportRequest &request)
+{
+    for (const ReportRefusal &refusal :
+        {checkOutputFile(request.pdf, "--pdf"), checkOutputFile(request.csv, "--csv"), checkDepartment(request)}) {
+        if (refusal.status != 0)
+            return refusal;
+    }
+    return {};
 }
 
 int RunReport(const ReportRequest &request, QTextStream &out, QTextStream &err)

@@ -17,7 +17,8 @@ struct ReportRequest
     QString to;
     QString startTime; // empty: the whole day
     QString endTime;
-    QString category; // food, bar, both, retail, all or a department; empty: all
+    QString category; // food, bar, both, retail or all, in any case; empty: all
+    QString department; // a department of the site, in any case; empty: none
     QString server; // the server report's employee number
     QString pdf; // host paths, with strftime-like %Y, %m, %d of today
     QString csv;
@@ -31,6 +32,16 @@ void AddReportOptions(QCommandLineParser &parser);
 // The request of a parsed command line whose first word is "report"; an error text when it
 // can't be run.
 QString ReadReportRequest(const QCommandLineParser &parser, ReportRequest &request);
+
+// What the site has to say against a request, asked before any screen runs, so that a refused line
+// changes no file: a department the site hasn't (status 2), an output folder that isn't there (2)
+// or can't be written (1). The department takes the site's own spelling.
+struct ReportRefusal
+{
+    int status = 0; // 0: the request can run
+    QString text;
+};
+ReportRefusal CheckReportOnSite(ReportRequest &request);
 
 // The script of the request. `siteFrom` and `siteTo` stand for dates the request leaves open.
 QString ReportScript(const ReportRequest &request, const QString &siteFrom, const QString &siteTo);

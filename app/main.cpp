@@ -165,13 +165,22 @@ int main(int argc, char *argv[])
     const QString jetChecker = QCoreApplication::applicationDirPath() + QStringLiteral("/qlon-jet-check");
     if (QFileInfo::exists(jetChecker))
         qlon::SetJetChecker(jetChecker);
+    // A report's whole line is checked against the site before any screen runs: a refused line
+    // changes no file.
+    std::optional<qlon::ReportRequest> report = commandLine.report;
+    if (report) {
+        if (const qlon::ReportRefusal refusal = qlon::CheckReportOnSite(*report); refusal.status != 0) {
+            err << "qlon: report: " << refusal.text << Qt::endl;
+            return refusal.status;
+        }
+    }
     // The program starts by loading its main screen, shown unless other screens were asked for.
     qlon::TouchScreen(mainScreen);
     showStartScreens(commandLine.openScreens.isEmpty() && interactive ? QStringList{mainScreen} : commandLine.openScreens);
 
     int status = 0;
-    if (commandLine.report)
-        status = qlon::RunReport(*commandLine.report, out, err);
+    if (report)
+        status = qlon::RunReport(*report, out, err);
     else if (commandLine.scripted())
         status = runScript(commandLine.scriptPath, out, err);
     if (status == 0 && !saveScreenshots(commandLine.screenshots, err))

@@ -1,9 +1,9 @@
 // The golden sites of tests/data/sites: each one's script run on a copy of its site, its output
 // and files compared byte for byte with those it must give.
 #include "tests/support/Printers.h"
+#include "tests/support/TempSite.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -29,20 +29,9 @@ void writeFile(const QString &path, const QByteArray &bytes)
     file.write(bytes);
 }
 
-// The paths of the files below the folder, relative to it.
-QStringList filesBelow(const QString &folder)
-{
-    QStringList paths;
-    QDirIterator walk(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-    while (walk.hasNext())
-        paths.append(QDir(folder).relativeFilePath(walk.next()));
-    paths.sort();
-    return paths;
-}
-
 void copyFolder(const QString &from, const QString &to)
 {
-    for (const QString &path : filesBelow(from))
+    for (const QString &path : test::FilesBelow(from))
         writeFile(to + QLatin1Char('/') + path, contentsOf(from + QLatin1Char('/') + path));
 }
 
@@ -75,14 +64,14 @@ TEST_P(GoldenSiteTest, TheRunGivesItsOutputAndFilesAndChangesNoStationFile)
 
     if (qEnvironmentVariableIsSet("QLON_UPDATE_GOLDEN")) {
         writeFile(golden(QStringLiteral("expected/stdout.txt")), output);
-        for (const QString &path : filesBelow(expected))
+        for (const QString &path : test::FilesBelow(expected))
             writeFile(expected + QLatin1Char('/') + path, contentsOf(drive.filePath(path)));
         GTEST_SKIP() << "expected output written";
     }
     EXPECT_EQ(output, contentsOf(golden(QStringLiteral("expected/stdout.txt"))));
-    for (const QString &path : filesBelow(expected))
+    for (const QString &path : test::FilesBelow(expected))
         EXPECT_EQ(contentsOf(drive.filePath(path)), contentsOf(expected + QLatin1Char('/') + path)) << path.toStdString();
-    for (const QString &path : filesBelow(site))
+    for (const QString &path : test::FilesBelow(site))
         EXPECT_EQ(contentsOf(drive.filePath(path)), contentsOf(site + QLatin1Char('/') + path)) << path.toStdString() << " changed";
 }
 

@@ -598,7 +598,7 @@ TEST_F(ScriptTest, ReportsGiveTheFiguresOfTheHandScript)
         QStringList words;
         QString handScript;
     } cases[] = {
-        {{QStringLiteral("main"), QStringLiteral("--category"), QStringLiteral("Wine")},
+        {{QStringLiteral("main"), QStringLiteral("--department"), QStringLiteral("wINE")},
             QStringLiteral("click QLONlistBuilder1.SSCommand8\nwait\npick QLONlistBuilder1.Combo1 Wine\n"
                            "click QLONlistBuilder1.SSOption7\nclick QLONlistBuilder1.SSCommand2\nclick QLONlistBuilder1.SSCommand4\n"
                            "get QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\nrows QLONlistBuilder1.MList1\n")},
@@ -631,6 +631,40 @@ TEST_F(ScriptTest, ReportsGiveTheFiguresOfTheHandScript)
     }
     EXPECT_TRUE(site.read(QStringLiteral("items-2026-11-23.pdf")).startsWith("%PDF"));
     EXPECT_EQ(site.read(QStringLiteral("items-2026-11-23.csv")), site.read(QStringLiteral("Quillon/TempItems.dat")));
+
+    // Each file of the site with its size and the time it was last written.
+    const auto siteState = [&] {
+        QStringList state;
+        for (const QString &path : test::FilesBelow(site.driveFolder())) {
+            const QFileInfo file(site.driveFolder() + QLatin1Char('/') + path);
+            state.append(QStringLiteral("%1 %2 %3").arg(path).arg(file.size()).arg(file.lastModified().toMSecsSinceEpoch()));
+        }
+        return state;
+    };
+    const QStringList stateBefore = siteState();
+    const struct
+    {
+        QStringList words;
+        int status;
+        QString printed;
+    } refusals[] = {
+        {{QStringLiteral("main"), QStringLiteral("--department"), QStringLiteral("Nope")}, 2,
+            QStringLiteral("qlon: report: unknown department 'Nope' (the site's: Food, Beverage, Liquor, ")},
+        {{QStringLiteral("items-sold"), QStringLiteral("--department"), QStringLiteral("Nope"), QStringLiteral("--pdf"), pdf}, 2,
+            QStringLiteral("qlon: report: unknown department 'Nope'")},
+        {{QStringLiteral("main"), QStringLiteral("--pdf"), site.hostPath(QStringLiteral("no-folder/items.pdf"))}, 2,
+            QStringLiteral("qlon: report: --pdf: folder ") + site.hostPath(QStringLiteral("no-folder")) +
+                QStringLiteral(" does not exist")},
+        {{QStringLiteral("main"), QStringLiteral("--csv"), site.hostPath(QStringLiteral("no-folder/items.csv"))}, 2,
+            QStringLiteral("qlon: report: --csv: folder ")},
+    };
+    for (const auto &refusal : refusals) {
+        const Outcome refused = report(refusal.words);
+        EXPECT_EQ(refused.status, refusal.status) << refused.err.toStdString();
+        EXPECT_TRUE(refused.err.startsWith(refusal.printed)) << refused.err.toStdString();
+        EXPECT_EQ(refused.out, QString()) << "refused before any screen ran";
+    }
+    EXPECT_EQ(siteState(), stateBefore) << "a refused line writes no file";
 
     const Outcome script = report({QStringLiteral("items-sold"), QStringLiteral("--print-script")});
     EXPECT_EQ(script.status, 0);

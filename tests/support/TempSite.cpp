@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 
@@ -41,6 +42,16 @@ QByteArray TempSite::read(const QString &relative) const
 {
     QFile file(hostPath(relative));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QStringList FilesBelow(const QString &folder)
+{
+    QStringList paths;
+    QDirIterator walk(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (walk.hasNext())
+        paths.append(QDir(folder).relativeFilePath(walk.next()));
+    paths.sort();
+    return paths;
 }
 
 } // namespace qlon::test

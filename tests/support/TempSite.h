@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 namespace qlon::test {
@@ -26,5 +27,8 @@ public:
 private:
     QTemporaryDir m_folder;
 };
+
+// The paths of the files below the folder, relative to it, sorted.
+QStringList FilesBelow(const QString &folder);
 
 } // namespace qlon::test

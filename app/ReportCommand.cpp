@@ -9,6 +9,7 @@
 #include "core/FileTable.h"
 #include "core/HostPath.h"
 #include "store/Departments.h"
+#include "store/ReportTemplate.h"
 #include "store/SiteConfig.h"
 #include "ui/ScreenRegistry.h"
 
@@ -354,6 +355,7 @@ int RunReport(const ReportRequest &request, QTextStream &out, QTextStream &err)
     }
     QBuffer lines(&script);
     lines.open(QIODevice::ReadOnly);
+    UseDefaultTemplateWhenMissing(true);
     return ScriptRunner(out, err).run(lines);
 }
 

@@ -2,7 +2,10 @@
 
 #include "core/Ansi.h"
 #include "core/HostPath.h"
+#include "store/ReportTemplate.h"
 #include "store/SiteConfig.h"
+
+#include <QFileInfo>
 
 namespace qlon {
 
@@ -13,7 +16,10 @@ ItemsSoldEngine::ItemsSoldEngine(const QString &pdfName)
     m_report = std::make_unique<Report>(ChooseReportOutput(HostPath(DataPath(ToAnsi(pdfName))), &m_pdfPath));
     m_report->onNewPage = [this] { newPage(); };
     m_report->onPrintFooter = [this] { printFooter(); };
-    m_loaded = m_report->LoadTemplate(HostPath(Site().DataRoot + "ItemsSold.vrd"));
+    const QString templatePath = HostPath(Site().DataRoot + "ItemsSold.vrd");
+    m_loaded = m_report->LoadTemplate(templatePath);
+    if (!m_loaded && UsesDefaultTemplateWhenMissing() && !QFileInfo::exists(templatePath))
+        m_loaded = m_report->LoadTemplateText(ItemsSoldTemplateText());
     m_report->setFooterSection(QStringLiteral("Footer"));
     m_report->setMargins(0, 0);
 }

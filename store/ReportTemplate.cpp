@@ -5,12 +5,34 @@
 
 namespace qlon {
 
+namespace {
+bool defaultWhenMissing = false;
+} // namespace
+
+void UseDefaultTemplateWhenMissing(bool use)
+{
+    defaultWhenMissing = use;
+}
+
+bool UsesDefaultTemplateWhenMissing()
+{
+    return defaultWhenMissing;
+}
+
 bool WriteItemsSoldTemplate(const QString &hostPath)
 {
     QFile file(hostPath);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text))
         return false;
     QTextStream out(&file);
+    out << ItemsSoldTemplateText();
+    return out.status() == QTextStream::Ok;
+}
+
+QString ItemsSoldTemplateText()
+{
+    QString text;
+    QTextStream out(&text);
     out << "# The Items Sold report: the span on top, the items three across (units, name,\n"
            "# volume), the grand total, and the page number at the foot of each page.\n"
            "# section NAME HEIGHT / cell NAME X Y WIDTH HEIGHT SIZE bold|plain left|center|right\n"
@@ -35,7 +57,7 @@ bool WriteItemsSoldTemplate(const QString &hostPath)
            "section Footer 24\n"
            "label - 256 4 40 16 9 plain right Page\n"
            "cell T13 300 4 40 16 9 plain left\n";
-    return out.status() == QTextStream::Ok;
+    return text;
 }
 
 } // namespace qlon

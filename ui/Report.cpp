@@ -181,6 +181,18 @@ bool Report::LoadTemplate(const QString &hostPath)
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return false;
     QTextStream lines(&file);
+    return readTemplate(lines);
+}
+
+bool Report::LoadTemplateText(QString text)
+{
+    m_sections.clear();
+    QTextStream lines(&text);
+    return readTemplate(lines);
+}
+
+bool Report::readTemplate(QTextStream &lines)
+{
     while (!lines.atEnd()) {
         const QString line = lines.readLine().trimmed();
         const QStringList words = line.split(QLatin1Char(' '), Qt::SkipEmptyParts);

@@ -14,6 +14,8 @@ class QPainter;
 class QPagedPaintDevice;
 class QWidget;
 
+class QTextStream;
+
 namespace qlon {
 
 // A named place on a section that prints a value.
@@ -99,6 +101,8 @@ public:
 
     // False when the file can't be read or holds no section.
     bool LoadTemplate(const QString &hostPath);
+    // The same, from a template's text.
+    bool LoadTemplateText(QString text);
     void setFooterSection(const QString &name) { m_footerName = name; }
     void setMargins(int top, int bottom);
 
@@ -117,6 +121,7 @@ public:
     std::function<void()> onPrintFooter;
 
 private:
+    bool readTemplate(QTextStream &lines);
     void startPage();
     void endPage();
     double footerHeight();

@@ -666,6 +666,13 @@ TEST_F(ScriptTest, ReportsGiveTheFiguresOfTheHandScript)
     }
     EXPECT_EQ(siteState(), stateBefore) << "a refused line writes no file";
 
+    // A site that never had a template of its own prints through the program's, and still has none.
+    const QString templatePath = site.hostPath(QStringLiteral("Quillon/ItemsSold.vrd"));
+    ASSERT_TRUE(QFile::remove(templatePath));
+    EXPECT_EQ(report({QStringLiteral("main"), QStringLiteral("--pdf"), site.hostPath(QStringLiteral("untemplated.pdf"))}).status, 0);
+    EXPECT_TRUE(site.read(QStringLiteral("untemplated.pdf")).startsWith("%PDF"));
+    EXPECT_FALSE(QFile::exists(templatePath));
+
     const Outcome script = report({QStringLiteral("items-sold"), QStringLiteral("--print-script")});
     EXPECT_EQ(script.status, 0);
     EXPECT_TRUE(script.out.startsWith(QStringLiteral("# The Items Sold analysis"))) << script.out.toStdString();

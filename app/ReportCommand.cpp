@@ -248,6 +248,8 @@ void writeItemsSoldReport(ScriptWriter &script, const ReportRequest &request, co
     const qsizetype word = categoryWords.indexOf(request.category.toLower());
     if (word >= 0)
         script.line(QStringLiteral("click QlonItemsSold.") + categoryOptions[word]);
+    // The run asks whether to show the sold items the catalogue lacks; the report prints their count.
+    script.line(QStringLiteral("answer No"));
     script.line(QStringLiteral("click QlonItemsSold.SSCommand4"));
     script.line(QStringLiteral("wait"));
     if (!request.department.isEmpty()) {
@@ -256,6 +258,7 @@ void writeItemsSoldReport(ScriptWriter &script, const ReportRequest &request, co
     }
     printSpanAndRows(script, QStringLiteral("QlonItemsSold"));
     script.line(QStringLiteral("get QlonItemsSold.Label7"));
+    script.line(QStringLiteral("get QlonItemsSold.List4 count"));
     script.writeFile(QStringLiteral("print-to-pdf"), request.pdf, QStringLiteral("QlonItemsSold.SSCommand6"));
 }
 

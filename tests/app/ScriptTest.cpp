@@ -604,8 +604,8 @@ TEST_F(ScriptTest, ReportsGiveTheFiguresOfTheHandScript)
                            "get QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\nrows QLONlistBuilder1.MList1\n")},
         {{QStringLiteral("items-sold")},
             QStringLiteral("show QlonItemsSold\nset QlonItemsSold.MonthView1 11/16/2026\nset QlonItemsSold.MonthView2 11/22/2026\n"
-                           "click QlonItemsSold.SSCommand4\nwait\nget QlonItemsSold.Label2\nget QlonItemsSold.Label3\n"
-                           "rows QlonItemsSold.MList1\nget QlonItemsSold.Label7\n")},
+                           "answer No\nclick QlonItemsSold.SSCommand4\nwait\nget QlonItemsSold.Label2\nget QlonItemsSold.Label3\n"
+                           "rows QlonItemsSold.MList1\nget QlonItemsSold.Label7\nget QlonItemsSold.List4 count\n")},
         {{QStringLiteral("server"), QStringLiteral("--server"), QStringLiteral("1005"), QStringLiteral("--end-time"),
              QStringLiteral("9:00 pm")},
             QStringLiteral(

@@ -30,6 +30,7 @@ INSTANTIATE_TEST_SUITE_P(AroundMonthAndYearEnds, DateWordsTest,
         WordCase{"2026-01-05", "today-10", "2025-12-26"}, WordCase{"2026-01-05", "today-0", "2026-01-05"},
         // 2026-01-01 is a Thursday; a Monday is its own week's Monday.
         WordCase{"2026-01-01", "monday", "2025-12-29"}, WordCase{"2025-12-29", "monday", "2025-12-29"},
+        WordCase{"2026-01-04", "monday", "2025-12-29"},
         WordCase{"2026-01-04", "last-monday", "2025-12-22"}, WordCase{"2026-01-15", "first-of-month", "2026-01-01"},
         WordCase{"2026-01-15", "first-of-last-month", "2025-12-01"}, WordCase{"2026-01-15", "last-of-last-month", "2025-12-31"},
         WordCase{"2024-03-31", "last-of-last-month", "2024-02-29"}, WordCase{"2026-03-31", "first-of-last-month", "2026-02-01"},

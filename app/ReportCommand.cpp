@@ -10,6 +10,7 @@
 #include "core/HostPath.h"
 #include "store/Departments.h"
 #include "store/ReportTemplate.h"
+#include "store/SalesStore.h"
 #include "store/SiteConfig.h"
 #include "ui/ScreenRegistry.h"
 
@@ -133,19 +134,36 @@ QStringList siteDepartments(const QString &report)
     return departments;
 }
 
-ReportRefusal checkDepartment(ReportRequest &request)
+// The configuration tells where the site's data lies; a file that can't be read now is left to the
+// screens, which end on it as they always do.
+bool readSiteConfiguration()
 {
-    if (request.department.isEmpty())
-        return {};
-    // The configuration tells where the site's data lies; a file that can't be read now is left to
-    // the screens, which end on it as they always do.
     try {
         ReadConfiguration();
     } catch (const RuntimeError &) {
         CloseAll();
-        return {};
+        return false;
     }
     CloseAll();
+    return true;
+}
+
+// A report of the sales database on a site without one would end on a knock-on error of the
+// screens; the missing file is the error to tell.
+ReportRefusal checkDatabase(const ReportRequest &request)
+{
+    if (request.name == itemsSoldReport)
+        return {};
+    const QByteArray database = DataPath(SalesDatabaseFile);
+    if (FileExists(HostPath(database)))
+        return {};
+    return {1, QStringLiteral("Could not find file '%1'.").arg(FromAnsi(database))};
+}
+
+ReportRefusal checkDepartment(ReportRequest &request)
+{
+    if (request.department.isEmpty())
+        return {};
     const QStringList departments = siteDepartments(request.name);
     for (const QString &department : departments) {
         if (department.compare(request.department, Qt::CaseInsensitive) == 0) {
@@ -338,12 +356,15 @@ QString ReportScript(const ReportRequest &request, const QString &siteFrom, cons
 
 ReportRefusal CheckReportOnSite(ReportRequest &request)
 {
-    for (const ReportRefusal &refusal :
-        {checkOutputFile(request.pdf, "--pdf"), checkOutputFile(request.csv, "--csv"), checkDepartment(request)}) {
+    for (const ReportRefusal &refusal : {checkOutputFile(request.pdf, "--pdf"), checkOutputFile(request.csv, "--csv")}) {
         if (refusal.status != 0)
             return refusal;
     }
-    return {};
+    if (!readSiteConfiguration())
+        return {};
+    if (const ReportRefusal department = checkDepartment(request); department.status != 0)
+        return department;
+    return checkDatabase(request);
 }
 
 int RunReport(const ReportRequest &request, QTextStream &out, QTextStream &err)

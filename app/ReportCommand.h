@@ -35,7 +35,8 @@ QString ReadReportRequest(const QCommandLineParser &parser, ReportRequest &reque
 
 // What the site has to say against a request, asked before any screen runs, so that a refused line
 // changes no file: a department the site hasn't (status 2), an output folder that isn't there (2)
-// or can't be written (1). The department takes the site's own spelling.
+// or can't be written (1), a sales database that isn't there (1). The department takes the site's
+// own spelling.
 struct ReportRefusal
 {
     int status = 0; // 0: the request can run

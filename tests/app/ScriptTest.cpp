@@ -677,6 +677,12 @@ TEST_F(ScriptTest, ReportsGiveTheFiguresOfTheHandScript)
     EXPECT_EQ(script.status, 0);
     EXPECT_TRUE(script.out.startsWith(QStringLiteral("# The Items Sold analysis"))) << script.out.toStdString();
     EXPECT_TRUE(script.out.contains(QStringLiteral("set QlonItemsSold.MonthView1 11/16/2026\n"))) << "the site's start date";
+
+    // Without the sales database, the missing file is what a report of it tells, and all it tells.
+    ASSERT_TRUE(QFile::rename(site.hostPath(QStringLiteral("Quillon/data/Quillon.mdb")), site.hostPath(QStringLiteral("sales.bak"))));
+    const Outcome withoutDatabase = report({QStringLiteral("server"), QStringLiteral("--server"), QStringLiteral("1005")});
+    EXPECT_EQ(withoutDatabase.status, 1);
+    EXPECT_EQ(withoutDatabase.err, QStringLiteral("qlon: report: Could not find file 'C:\\QUILLON\\data\\Quillon.mdb'.\n"));
 }
 
 } // namespace

@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMetaMethod>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QRadioButton>
@@ -39,6 +40,22 @@ template<typename Control>
 Control *as(QWidget *control)
 {
     return static_cast<Control *>(control);
+}
+
+// isSignalConnected is protected; a pointer to it taken through a public using-declaration
+// calls it on any object.
+struct SignalProbe : QObject
+{
+    using QObject::isSignalConnected;
+};
+
+// Whether the screen acts on a control's signal: a command that only sends a signal nothing
+// receives would do nothing, and the script is told so instead.
+template<typename Control, typename Signal>
+bool heard(QWidget *control, Signal signal)
+{
+    constexpr auto isConnected = &SignalProbe::isSignalConnected;
+    return is<Control>(control) && (control->*isConnected)(QMetaMethod::fromSignal(signal));
 }
 
 QDate scriptDate(const QString &text)
@@ -72,6 +89,11 @@ void moveDataControl(QWidget *control, const QString &move)
         emit data->moveLast();
     else
         throw ControlError{QStringLiteral("has no move ") + move + QStringLiteral(" (first, previous, next, last)")};
+}
+
+QString dataControlCaption(QWidget *control)
+{
+    return as<DataControl>(control)->caption();
 }
 
 QString selectedListRow(QWidget *control)
@@ -210,10 +232,12 @@ const std::array kinds = {
         .is = is<QCalendarWidget>,
         .text = [](QWidget *control) { return as<QCalendarWidget>(control)->selectedDate().toString(scriptDateForm); },
         .setText = setCalendarDate},
+    // A screen that moves its recordset acts on every move; one that holds no recordset on none.
     ControlKind{.name = QStringLiteral("data control"),
-        .is = is<DataControl>,
-        .text = [](QWidget *control) { return as<DataControl>(control)->caption(); },
+        .is = [](QWidget *control) { return heard<DataControl>(control, &DataControl::moveFirst); },
+        .text = dataControlCaption,
         .pick = moveDataControl},
+    ControlKind{.name = QStringLiteral("data control"), .is = is<DataControl>, .text = dataControlCaption},
     ControlKind{.name = QStringLiteral("list"),
         .is = is<MList>,
         .text = selectedListRow,
@@ -246,12 +270,13 @@ const std::array kinds = {
         .pick = pickGridRow,
         .count = gridRowCount,
         .row = gridRow},
-    // The text boxes that tell of clicks, such as the server screen's dates and times.
+    // The text boxes whose clicks a screen acts on, such as the server screen's dates and times.
     ControlKind{.name = QStringLiteral("text box"),
-        .is = is<VbTextBox>,
+        .is = [](QWidget *control) { return heard<VbTextBox>(control, &VbTextBox::Click); },
         .text = lineText,
         .setText = setTextBoxText,
         .click = [](QWidget *control) { as<VbTextBox>(control)->click(); }},
+    ControlKind{.name = QStringLiteral("text box"), .is = is<VbTextBox>, .text = lineText, .setText = setTextBoxText},
     ControlKind{.name = QStringLiteral("plain text box"), .is = is<QLineEdit>, .text = lineText, .setText = setLineText},
     ControlKind{.name = QStringLiteral("text area"),
         .is = is<QPlainTextEdit>,

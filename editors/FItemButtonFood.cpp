@@ -260,7 +260,7 @@ void FItemButtonFood::fillDepartments()
 {
     EnsureDataRoot();
     const QString path = HostPath(DataPath(departmentsFile));
-    EnsureDepartmentsFile(path, DepartmentsEditorDepartments());
+    EnsureDepartmentsFile(path, ItemEditorDepartments());
     const QByteArray shown = cboDepartment->text();
     cboDepartment->clearEntries();
     for (const QByteArray &name : ReadDepartmentNames(path))
@@ -464,6 +464,7 @@ void FItemButtonFood::Delete()
     if (const std::optional<qint32> recipes = ItemFile::ClearRecipe(m_path, m_number))
         prgDeleting->setValue(qBound(0, *recipes, prgDeleting->maximum()));
     showItem(m_buffer);
+    FoodCost();
     if (ButtonViewCompanion *view = shownCompanion<ButtonViewCompanion>(QStringLiteral("ButtonView"))) {
         view->Fill_data();
         view->SSCommand1_Click();

@@ -4,6 +4,7 @@
 #include "core/FixedField.h"
 #include "core/Format.h"
 #include "core/HostPath.h"
+#include "core/Money.h"
 #include "core/RecordFile.h"
 #include "core/RuntimeError.h"
 #include "store/CatalogueFiles.h"
@@ -79,12 +80,6 @@ std::optional<IvmRec1000> readRecipe(QByteArrayView itemPath, qint32 record)
     return IvmRec1000(file.GetRecord(record));
 }
 
-// The money type of the old platform holds four decimals.
-double toMoney(double value)
-{
-    return std::nearbyint(value * 10000.0) / 10000.0;
-}
-
 double unitCostOf(const StockEntry &stock, const RecipeRow &row, const UnitTable &units)
 {
     // Deliberately in this order: a row in another unit than ounces whose stock is stated in
@@ -107,12 +102,13 @@ double rowCost(const RecipeRow &row, const StockScan &stock, const UnitTable &un
     return article ? amount * unitCostOf(*article, row, units) : 0.0;
 }
 
-QByteArray percentageOf(double total, QByteArrayView priceText)
+QByteArray percentageOf(Money total, QByteArrayView priceText)
 {
     const double price = NumericValue(Format(NumericValue(priceText), "#####.##"));
-    if (total <= 0 || price <= 0)
+    if (total <= Money() || price <= 0)
         return "0%";
-    return QByteArray::number(qint64(std::trunc(100 * total / price))) + '%';
+    // 100 x total stays exact money, so that 2.30 on a price of 10 is 23 and not 22.99... cut to 22.
+    return QByteArray::number(qint64(std::trunc((total * 100).toDouble() / price))) + '%';
 }
 
 } // namespace
@@ -123,10 +119,11 @@ FoodCostTexts FoodCost(QByteArrayView itemPath, qint32 record, QByteArrayView pr
     if (!recipe)
         return {"$ 0.00", "0%"};
     const StockScan stock;
-    double total = 0;
+    Money total;
+    // Each row's cost is a double; the running total is rounded back to money after each addition.
     for (const RecipeRow &row : recipe->rows())
-        total = toMoney(total + rowCost(row, stock, units));
-    return {Currency(total), percentageOf(total, priceText)};
+        total = Money::FromDouble(total.toDouble() + rowCost(row, stock, units));
+    return {Currency(total.toDouble()), percentageOf(total, priceText)};
 }
 
 } // namespace qlon

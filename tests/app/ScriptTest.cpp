@@ -244,6 +244,8 @@ TEST_F(ScriptTest, ABadLineStopsTheScriptNamingTheLine)
         {"get QLONlistBuilder1.SSCommand2 count", "has no count"},
         {"rows QLONlistBuilder1.Label2", "is no list"},
         {"pick QLONlistBuilder2.datPrimaryRS sideways", "has no move"},
+        {"pick QLONserverLiquor.datPrimaryRS last", "QLONserverLiquor.datPrimaryRS has no entries to pick"},
+        {"click QLONserverLiquor.Text2", "QLONserverLiquor.Text2 can't be clicked"},
         {"set QLONlistBuilder1.MonthView1 someday", "takes a date"},
     };
     for (const auto &test : cases) {
@@ -584,6 +586,16 @@ TEST(ListControlsTest, EveryScreenListsItsControlsWithoutASite)
              "TCEmployee.chkInactive\tcheck box\tIN-Active\tclick, get, get checked", "QLONserverLiquor.Text2\ttext box",
              "PrinterStatus.List1\tplain list"})
         EXPECT_EQ(listed.filter(QLatin1String(expected)).size(), 1) << expected;
+    // Only what the screen acts on: the server screen neither moves its data control nor hears a click on Text2.
+    const auto commandsOf = [&listed](const char *control) {
+        return listed.filter(QRegularExpression(QLatin1Char('^') + QLatin1String(control) + QLatin1Char('\t')))
+            .value(0)
+            .section(QLatin1Char('\t'), 3);
+    };
+    EXPECT_EQ(commandsOf("QLONlistBuilder2.datPrimaryRS"), QStringLiteral("pick, get"));
+    EXPECT_EQ(commandsOf("QLONserverLiquor.datPrimaryRS"), QStringLiteral("get"));
+    EXPECT_EQ(commandsOf("QLONserverLiquor.Text6"), QStringLiteral("click, set, get"));
+    EXPECT_EQ(commandsOf("QLONserverLiquor.Text2"), QStringLiteral("set, get"));
 }
 
 // The figures a report prints: its standard output, with our own notes on standard error.

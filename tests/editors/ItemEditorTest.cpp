@@ -2,6 +2,7 @@
 #include "editors/FItemButtonFood.h"
 #include "editors/ItemCompanions.h"
 #include "store/IvmRec1000.h"
+#include "store/StockRec1000.h"
 #include "tests/support/CatalogueItem.h"
 #include "tests/support/ScreenTest.h"
 #include "ui/ScreenTimer.h"
@@ -82,6 +83,10 @@ TEST_F(ItemEditorTest, ARecordShowsByTheEditorsRulesAndSavesOnlyWhatTheEditorOwn
     EXPECT_EQ(editor->txtButtonNumber->text(), QString());
     EXPECT_EQ(editor->lblRecord->text(), QStringLiteral("2"));
     EXPECT_EQ(editor->lblFoodCost->text() + editor->lblFoodPercent->text(), QStringLiteral("$0.000%"));
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/data/Departments.dat")),
+        "\"Food\"\r\n\"Beverage\"\r\n\"Catering\"\r\n\"Speicals\"\r\n\"Retail\"\r\n\"Gift Card\"\r\n\"All\"\r\n")
+        << "the editor's own defaults";
+    EXPECT_EQ(editor->cboDepartment->entryCount(), 7);
     EXPECT_TRUE(editor->chkPizza->isChecked());
     EXPECT_FALSE(editor->cboModifier->isEnabled());
     EXPECT_TRUE(editor->fraKitchen->isEnabled());
@@ -112,9 +117,20 @@ TEST_F(ItemEditorTest, ARecordShowsByTheEditorsRulesAndSavesOnlyWhatTheEditorOwn
 
 TEST_F(ItemEditorTest, DeleteFreesTheSlotAndANewItemGoesAfterTheLast)
 {
+    IvmRec1000 recipe = IvmRec1000::Cleared();
+    recipe.setRow(1, {"Beef", "2", "Ounce"});
+    site.write(QStringLiteral("Quillon/ini/Button0.IVM"),
+        site.read(QStringLiteral("Quillon/ini/Button0.IVM")).replace(2000, 1000, recipe.bytes()));
+    StockRec1000 beef;
+    beef.setField(StockRec1000::StockName, "Beef");
+    beef.setField(StockRec1000::UnitCost, "0.25");
+    beef.setField(StockRec1000::CostUnit, "Ounce");
+    site.write(QStringLiteral("Quillon/data/LiqInventory.dat"), beef.bytes());
     editor->setItem(view->path, 3);
     editor->LoadItem();
+    EXPECT_EQ(editor->lblFoodCost->text() + editor->lblFoodPercent->text(), QStringLiteral("$0.5012%"));
     editor->cmdDelete->click();
+    EXPECT_EQ(editor->lblFoodCost->text() + editor->lblFoodPercent->text(), QStringLiteral("$0.000%")) << "the freed record's cost";
     EXPECT_EQ(stored(3).trimmedField(ItemRec500::ButtonTitle), "Avaliable");
     EXPECT_EQ(site.read(QStringLiteral("Quillon/ini/Button0.IVM")).mid(2000, 1000), IvmRec1000::Cleared().bytes());
     EXPECT_FALSE(editor->pnlDeleting->isVisible());

@@ -128,6 +128,21 @@ TEST_F(FoodCostTest, CostsARecipeAgainstThePrice)
     EXPECT_EQ(costOfSecondItem("").percentage, "0%");
 }
 
+TEST_F(FoodCostTest, ThePercentageOfAnExactTotalIsCutTowardsZero)
+{
+    writeStock({{"Salt", "0.10", "Ounce"}, {"Beef", "0.40", "Ounce"}});
+    IvmRec1000 recipe = IvmRec1000::Cleared();
+    recipe.setRow(1, {"Salt", "3", "Ounce"});
+    recipe.setRow(2, {"Beef", "5", "Ounce"});
+    writeRecipe(recipe);
+    EXPECT_EQ(costOfSecondItem("10").cost, "$2.30");
+    // price, percentage: 230 over the price, where 100 x 2.3 in a double is 229.99999999999997.
+    const std::pair<const char *, const char *> cases[] = {
+        {"10", "23%"}, {"4.60", "50%"}, {"10.01", "22%"}, {"9.99", "23%"}, {"0", "0%"}, {"-10", "0%"}};
+    for (const auto &[price, percentage] : cases)
+        EXPECT_EQ(costOfSecondItem(price).percentage, percentage) << price;
+}
+
 TEST_F(FoodCostTest, TheOddOrderOfUnitTestsIsKept)
 {
     writeStock({{"Vodka", "25.40", "Bottle"}, {"Lime", "0.20", "Ounce"}});

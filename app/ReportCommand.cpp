@@ -1,6 +1,7 @@
 #include "app/ReportCommand.h"
 
 #include "app/ControlKinds.h"
+#include "app/ReportJson.h"
 #include "app/ScriptRunner.h"
 #include "core/Ansi.h"
 #include "core/Clock.h"
@@ -51,6 +52,8 @@ const QCommandLineOption pdfOption(
     QStringLiteral("pdf"), QStringLiteral("report: prints to FILE, a PDF; %Y, %m, %d stand for today."), QStringLiteral("FILE"));
 const QCommandLineOption csvOption(
     QStringLiteral("csv"), QStringLiteral("report: exports the list to FILE (main)."), QStringLiteral("FILE"));
+const QCommandLineOption formatOption(QStringLiteral("format"),
+    QStringLiteral("report: text (the screens' lines, the default) or json (one object of the figures)."), QStringLiteral("F"));
 const QCommandLineOption printScriptOption(
     QStringLiteral("print-script"), QStringLiteral("report: prints the script instead of running it."));
 
@@ -306,7 +309,7 @@ QStringList ReportNames()
 void AddReportOptions(QCommandLineParser &parser)
 {
     parser.addOptions({fromOption, toOption, startOption, endOption, categoryOption, departmentOption, serverOption, pdfOption, csvOption,
-        printScriptOption});
+        formatOption, printScriptOption});
     parser.addPositionalArgument(QStringLiteral("report"),
         QStringLiteral("report NAME runs one of the reports (%1) without a window and prints its figures.")
             .arg(ReportNames().join(QStringLiteral(", "))),
@@ -337,6 +340,10 @@ QString ReadReportRequest(const QCommandLineParser &parser, ReportRequest &reque
     request.pdf = parser.value(pdfOption);
     request.csv = parser.value(csvOption);
     request.printScript = parser.isSet(printScriptOption);
+    const QString format = parser.value(formatOption);
+    if (!format.isEmpty() && format != QLatin1String("text") && format != QLatin1String("json"))
+        return QStringLiteral("--format takes text or json");
+    request.json = format == QLatin1String("json");
     return misfit(request);
 }
 
@@ -380,7 +387,14 @@ int RunReport(const ReportRequest &request, QTextStream &out, QTextStream &err)
     QBuffer lines(&script);
     lines.open(QIODevice::ReadOnly);
     UseDefaultTemplateWhenMissing(true);
-    return ScriptRunner(out, err).run(lines);
+    if (!request.json)
+        return ScriptRunner(out, err).run(lines);
+    QString printed;
+    QTextStream figures(&printed);
+    const int status = ScriptRunner(figures, err).run(lines);
+    figures.flush();
+    out << ReportJson(request, printed, status);
+    return status;
 }
 
 QString DatedName(const QString &pattern)

@@ -23,6 +23,7 @@ struct ReportRequest
     QString pdf; // host paths, with strftime-like %Y, %m, %d of today
     QString csv;
     bool printScript = false;
+    bool json = false; // the figures as one JSON object in place of the screens' text
 };
 
 QStringList ReportNames();

@@ -10,6 +10,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -599,6 +602,49 @@ TEST(ListControlsTest, EveryScreenListsItsControlsWithoutASite)
 }
 
 // The figures a report prints: its standard output, with our own notes on standard error.
+// The JSON form holds the figures the text form prints, with numbers as numbers.
+TEST_F(ScriptTest, ReportsInJsonHoldTheFiguresOfTheText)
+{
+    writeDemoSite();
+    const auto json = [&](QStringList words) {
+        const Outcome run = report(words << QStringLiteral("--format") << QStringLiteral("json"));
+        EXPECT_EQ(run.status, 0) << run.err.toStdString();
+        return QJsonDocument::fromJson(run.out.toUtf8()).object();
+    };
+    const QStringList text = report({QStringLiteral("main")}).lines();
+    const QJsonObject main = json({QStringLiteral("main")});
+    EXPECT_EQ(main[QStringLiteral("report")].toString(), QStringLiteral("main"));
+    EXPECT_EQ(main[QStringLiteral("exit")].toString(), QStringLiteral("done"));
+    EXPECT_EQ(main[QStringLiteral("span")][QStringLiteral("from")].toString(), text[0]);
+    const QJsonArray rows = main[QStringLiteral("rows")].toArray();
+    ASSERT_GT(rows.size(), 100);
+    const QStringList first = text[2].section(QLatin1Char('\t'), 0, 0).split(QLatin1Char('|'));
+    EXPECT_EQ(rows[0][QStringLiteral("name")].toString(), first[0]);
+    EXPECT_EQ(rows[0][QStringLiteral("units")].toDouble(), first[3].toDouble());
+    EXPECT_TRUE(rows[0][QStringLiteral("volume")].isDouble());
+    const QJsonArray departments = main[QStringLiteral("departments")].toArray();
+    ASSERT_FALSE(departments.isEmpty());
+    const QString food = text.filter(QStringLiteral("**Food|Total|")).constFirst();
+    EXPECT_EQ(departments[0][QStringLiteral("volume")].toDouble(),
+        food.section(QLatin1Char('|'), 4, 4).remove(QRegularExpression(QStringLiteral("[$,]"))).toDouble());
+
+    QStringList soldText = report({QStringLiteral("items-sold")}).lines();
+    const QJsonObject sold = json({QStringLiteral("items-sold")});
+    EXPECT_EQ(sold[QStringLiteral("notReported")].toInt(), soldText.last().toInt());
+    EXPECT_EQ(sold[QStringLiteral("total")].toDouble(),
+        soldText[soldText.size() - 2].remove(QRegularExpression(QStringLiteral("[$,]"))).toDouble());
+    EXPECT_EQ(sold[QStringLiteral("messages")].toArray().size(), 1) << "the Items Not Reported question";
+
+    const QJsonObject server = json({QStringLiteral("server"), QStringLiteral("--server"), QStringLiteral("1005")});
+    const QJsonArray sales = server[QStringLiteral("sales")].toArray();
+    ASSERT_FALSE(sales.isEmpty());
+    double notLiquor = 0;
+    for (const QJsonValue &sale : sales)
+        notLiquor += sale[QStringLiteral("class")].toString() == QLatin1String("L") ? 0 : sale[QStringLiteral("price")].toDouble();
+    EXPECT_NEAR(server[QStringLiteral("food")].toDouble(), notLiquor, 0.005)
+        << "the food figure is the sum of the sales that aren't liquor";
+}
+
 TEST_F(ScriptTest, ReportsGiveTheFiguresOfTheHandScript)
 {
     writeDemoSite();

@@ -96,6 +96,16 @@ protected:
         site.write(QStringLiteral("Quillon/ini/Button0.IVM"), IvmRec1000::Cleared().bytes() + recipe.bytes());
     }
 
+    // The second item's recipe, of these rows from the first on.
+    void writeRecipeRows(std::initializer_list<RecipeRow> rows)
+    {
+        IvmRec1000 recipe = IvmRec1000::Cleared();
+        int number = 0;
+        for (const RecipeRow &row : rows)
+            recipe.setRow(++number, row);
+        writeRecipe(recipe);
+    }
+
     void writeStock(std::initializer_list<std::tuple<QByteArray, QByteArray, QByteArray>> articles)
     {
         QByteArray bytes;
@@ -118,10 +128,7 @@ protected:
 TEST_F(FoodCostTest, CostsARecipeAgainstThePrice)
 {
     writeStock({{"Ground Beef", "0.25", "Ounce"}, {"Bun", "0.50", "Each"}});
-    IvmRec1000 recipe = IvmRec1000::Cleared();
-    recipe.setRow(1, {"Ground Beef", "4", "Ounce"});
-    recipe.setRow(2, {"Bun", "1", "Each"});
-    writeRecipe(recipe);
+    writeRecipeRows({{"Ground Beef", "4", "Ounce"}, {"Bun", "1", "Each"}});
     // 4 x 0.25, and 1 Each = 4 ounces at the Each price: 4 x 0.50, together 3.00.
     EXPECT_EQ(costOfSecondItem("8.00").cost, "$3.00");
     EXPECT_EQ(costOfSecondItem("8.00").percentage, "37%") << "37.5 is cut, not rounded";
@@ -131,10 +138,7 @@ TEST_F(FoodCostTest, CostsARecipeAgainstThePrice)
 TEST_F(FoodCostTest, ThePercentageOfAnExactTotalIsCutTowardsZero)
 {
     writeStock({{"Salt", "0.10", "Ounce"}, {"Beef", "0.40", "Ounce"}});
-    IvmRec1000 recipe = IvmRec1000::Cleared();
-    recipe.setRow(1, {"Salt", "3", "Ounce"});
-    recipe.setRow(2, {"Beef", "5", "Ounce"});
-    writeRecipe(recipe);
+    writeRecipeRows({{"Salt", "3", "Ounce"}, {"Beef", "5", "Ounce"}});
     EXPECT_EQ(costOfSecondItem("10").cost, "$2.30");
     // price, percentage: 230 over the price, where 100 x 2.3 in a double is 229.99999999999997.
     const std::pair<const char *, const char *> cases[] = {
@@ -146,11 +150,7 @@ TEST_F(FoodCostTest, ThePercentageOfAnExactTotalIsCutTowardsZero)
 TEST_F(FoodCostTest, TheOddOrderOfUnitTestsIsKept)
 {
     writeStock({{"Vodka", "25.40", "Bottle"}, {"Lime", "0.20", "Ounce"}});
-    IvmRec1000 recipe = IvmRec1000::Cleared();
-    recipe.setRow(1, {"Lime", "1.5", "Ounce"});
-    recipe.setRow(2, {"Vodka", "2", "Ounce"});
-    recipe.setRow(3, {"Vodka", "0.1", "Bottle"});
-    writeRecipe(recipe);
+    writeRecipeRows({{"Lime", "1.5", "Ounce"}, {"Vodka", "2", "Ounce"}, {"Vodka", "0.1", "Bottle"}});
     // 1.5 x 0.20 + 2 x 25.40 / 25.4 + (0.1 x 25.4 ounces) x 25.40 unconverted
     EXPECT_EQ(costOfSecondItem("9.00").cost, "$66.82");
 }

@@ -1,8 +1,5 @@
 #include "app/ReportCommand.h"
 
-#include "app/ControlKinds.h"
-#include "app/ReportJson.h"
-#include "app/ScriptRunner.h"
 #include "core/Ansi.h"
 #include "core/Clock.h"
 #include "core/DateText.h"
@@ -10,15 +7,11 @@
 #include "core/FileTable.h"
 #include "core/HostPath.h"
 #include "store/Departments.h"
-#include "store/ReportTemplate.h"
 #include "store/SalesStore.h"
 #include "store/SiteConfig.h"
-#include "ui/ScreenRegistry.h"
 
-#include <QBuffer>
 #include <QCommandLineParser>
 #include <QFileInfo>
-#include <QWidget>
 
 #include <ctime>
 
@@ -72,20 +65,13 @@ bool isPickerTime(const QString &text)
     return ToTime(ToAnsi(text)).has_value();
 }
 
-// The day a date of the request stands for.
-QDate dayOf(const QString &scriptDate)
-{
-    const QDate word = DateFromWord(scriptDate, Today());
-    return word.isValid() ? word : QDate::fromString(scriptDate, QStringLiteral("MM/dd/yyyy"));
-}
-
 QString misfitOfSpan(const ReportRequest &request)
 {
     for (const auto &[time, option] : {std::pair{request.startTime, "--start-time"}, std::pair{request.endTime, "--end-time"}}) {
         if (!time.isEmpty() && !isPickerTime(time))
             return QStringLiteral("%1 '%2' is no time of day (such as 11:00 am or 6:30 pm)").arg(QLatin1String(option), time);
     }
-    if (!request.from.isEmpty() && !request.to.isEmpty() && dayOf(request.to) < dayOf(request.from))
+    if (!request.from.isEmpty() && !request.to.isEmpty() && ReportDay(request.to) < ReportDay(request.from))
         return QStringLiteral("--to %1 lies before --from %2").arg(request.to, request.from);
     return {};
 }
@@ -182,7 +168,7 @@ ReportRefusal checkOutputFile(const QString &pattern, const char *option)
 {
     if (pattern.isEmpty())
         return {};
-    const QFileInfo file(DatedName(pattern));
+    const QFileInfo file(pattern);
     const QFileInfo folder(file.absolutePath());
     if (!folder.isDir())
         return {2, QStringLiteral("%1: folder %2 does not exist").arg(QLatin1String(option), folder.filePath())};
@@ -201,12 +187,12 @@ public:
         if (!value.isEmpty())
             line(command + QLatin1Char(' ') + value);
     }
-    // A file the request names, dated, then the button that writes it.
+    // A file the request names, then the button that writes it.
     void writeFile(const QString &command, const QString &file, const QString &button)
     {
         if (file.isEmpty())
             return;
-        line(command + QLatin1Char(' ') + DatedName(file));
+        line(command + QLatin1Char(' ') + file);
         line(QStringLiteral("click ") + button);
     }
     QString script() const { return m_script; }
@@ -232,14 +218,6 @@ void setMainSpan(ScriptWriter &script, const ReportRequest &request, const QStri
     setSpan(script, QStringLiteral("QLONlistBuilder1"), {QStringLiteral("Combo2"), QStringLiteral("Combo3")}, request, from, to);
 }
 
-// What the main screen and Items Sold show of a run: the span's dates and every row.
-void printSpanAndRows(ScriptWriter &script, const QString &screen)
-{
-    script.line(QStringLiteral("get %1.Label2").arg(screen));
-    script.line(QStringLiteral("get %1.Label3").arg(screen));
-    script.line(QStringLiteral("rows %1.MList1").arg(screen));
-}
-
 void writeMainReport(ScriptWriter &script, const ReportRequest &request, const QString &from, const QString &to)
 {
     script.line(QStringLiteral("# The main list: the category's items with their units, sales volume and department totals"));
@@ -256,7 +234,7 @@ void writeMainReport(ScriptWriter &script, const ReportRequest &request, const Q
     script.line(QStringLiteral("click QLONlistBuilder1.SSCommand2"));
     script.line(QStringLiteral("click QLONlistBuilder1.SSCommand4"));
     script.line(QStringLiteral("wait"));
-    printSpanAndRows(script, QStringLiteral("QLONlistBuilder1"));
+    script.line(QStringLiteral("rows QLONlistBuilder1.MList1"));
     script.writeFile(QStringLiteral("print-to-pdf"), request.pdf, QStringLiteral("QLONlistBuilder1.SSCommand6"));
     script.writeFile(QStringLiteral("save-as"), request.csv, QStringLiteral("QLONlistBuilder1.SSCommand7"));
 }
@@ -277,7 +255,7 @@ void writeItemsSoldReport(ScriptWriter &script, const ReportRequest &request, co
         script.line(QStringLiteral("set QlonItemsSold.Combo2 ") + request.department);
         script.line(QStringLiteral("click QlonItemsSold.SSCommand9"));
     }
-    printSpanAndRows(script, QStringLiteral("QlonItemsSold"));
+    script.line(QStringLiteral("rows QlonItemsSold.MList1"));
     script.line(QStringLiteral("get QlonItemsSold.Label7"));
     script.line(QStringLiteral("get QlonItemsSold.List4 count"));
     script.writeFile(QStringLiteral("print-to-pdf"), request.pdf, QStringLiteral("QlonItemsSold.SSCommand6"));
@@ -374,27 +352,10 @@ ReportRefusal CheckReportOnSite(ReportRequest &request)
     return checkDatabase(request);
 }
 
-int RunReport(const ReportRequest &request, QTextStream &out, QTextStream &err)
+QDate ReportDay(const QString &scriptDate)
 {
-    // Dates left open are those the main screen started with: the site's start dates.
-    QWidget *main = Screens().existing(QStringLiteral("QLONlistBuilder1"));
-    const auto started = [main](const char *calendar) { return CaptionOf(main->findChild<QWidget *>(QLatin1String(calendar))); };
-    QByteArray script = ReportScript(request, started("MonthView1"), started("MonthView2")).toUtf8();
-    if (request.printScript) {
-        out << script;
-        return 0;
-    }
-    QBuffer lines(&script);
-    lines.open(QIODevice::ReadOnly);
-    UseDefaultTemplateWhenMissing(true);
-    if (!request.json)
-        return ScriptRunner(out, err).run(lines);
-    QString printed;
-    QTextStream figures(&printed);
-    const int status = ScriptRunner(figures, err).run(lines);
-    figures.flush();
-    out << ReportJson(request, printed, status);
-    return status;
+    const QDate word = DateFromWord(scriptDate, Today());
+    return word.isValid() ? word : QDate::fromString(scriptDate, QStringLiteral("MM/dd/yyyy"));
 }
 
 QString DatedName(const QString &pattern)

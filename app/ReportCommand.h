@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
@@ -37,7 +38,7 @@ QString ReadReportRequest(const QCommandLineParser &parser, ReportRequest &reque
 // What the site has to say against a request, asked before any screen runs, so that a refused line
 // changes no file: a department the site hasn't (status 2), an output folder that isn't there (2)
 // or can't be written (1), a sales database that isn't there (1). The department takes the site's
-// own spelling.
+// own spelling. The output files are named as they will be written, their dates filled.
 struct ReportRefusal
 {
     int status = 0; // 0: the request can run
@@ -45,12 +46,12 @@ struct ReportRefusal
 };
 ReportRefusal CheckReportOnSite(ReportRequest &request);
 
-// The script of the request. `siteFrom` and `siteTo` stand for dates the request leaves open.
+// The script of the request. `siteFrom` and `siteTo` stand for dates the request leaves open; the
+// output files are named as they will be written.
 QString ReportScript(const ReportRequest &request, const QString &siteFrom, const QString &siteTo);
 
-// Runs the report's script on the screens, the main screen being loaded; or prints the script.
-// The status of the run.
-int RunReport(const ReportRequest &request, QTextStream &out, QTextStream &err);
+// The day a date of a request, as the script takes it, stands for.
+QDate ReportDay(const QString &scriptDate);
 
 // A file name with the date fields of strftime filled from today: items-%Y-%m-%d.pdf.
 QString DatedName(const QString &pattern);

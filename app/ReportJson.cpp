@@ -1,6 +1,7 @@
 #include "app/ReportJson.h"
 
 #include "app/ReportCommand.h"
+#include "app/ReportRun.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -32,7 +33,7 @@ QJsonObject mainReport(const QStringList &lines)
 {
     QJsonArray rows;
     QJsonArray departments;
-    for (const QString &line : lines.mid(2)) {
+    for (const QString &line : lines) {
         const QStringList fields = fieldsOf(line);
         if (fields.size() < 5 || fields[0].startsWith(QLatin1String("****")))
             continue;
@@ -52,7 +53,7 @@ QJsonObject itemsSoldReport(const QStringList &lines)
 {
     QJsonObject report;
     QJsonArray rows;
-    const QStringList listed = lines.mid(2, qMax(0, lines.size() - 4));
+    const QStringList listed = lines.mid(0, qMax(0, lines.size() - 2));
     for (const QString &line : listed) {
         const QStringList fields = fieldsOf(line);
         if (fields.size() == 3) {
@@ -65,7 +66,7 @@ QJsonObject itemsSoldReport(const QStringList &lines)
         }
     }
     report[QStringLiteral("rows")] = rows;
-    if (lines.size() >= 4) {
+    if (lines.size() >= 2) {
         report[QStringLiteral("total")] = amountOf(lines[lines.size() - 2]);
         report[QStringLiteral("notReported")] = lines.last().toInt();
     }
@@ -106,7 +107,8 @@ QString exitReason(int status)
 
 } // namespace
 
-QByteArray ReportJson(const ReportRequest &request, const QString &printed, int status)
+QByteArray ReportJson(
+    const ReportRequest &request, const ReportHeading &heading, const QString &printed, int status, const QString &failure)
 {
     QStringList lines;
     QJsonArray messages;
@@ -122,12 +124,12 @@ QByteArray ReportJson(const ReportRequest &request, const QString &printed, int 
     report[QStringLiteral("report")] = request.name;
     report[QStringLiteral("status")] = status;
     report[QStringLiteral("exit")] = exitReason(status);
-    QJsonObject span{{QStringLiteral("startTime"), request.startTime}, {QStringLiteral("endTime"), request.endTime}};
-    if (request.name != QLatin1String("server") && lines.size() >= 2) {
-        span[QStringLiteral("from")] = lines[0];
-        span[QStringLiteral("to")] = lines[1];
-    }
-    report[QStringLiteral("span")] = span;
+    if (!failure.isEmpty())
+        report[QStringLiteral("error")] = failure;
+    report[QStringLiteral("site")] = heading.site;
+    report[QStringLiteral("span")] =
+        QJsonObject{{QStringLiteral("from"), heading.from.toString(Qt::ISODate)}, {QStringLiteral("to"), heading.to.toString(Qt::ISODate)},
+            {QStringLiteral("startTime"), heading.startTime}, {QStringLiteral("endTime"), heading.endTime}};
     report[QStringLiteral("messages")] = messages;
     return QJsonDocument(report).toJson(QJsonDocument::Indented);
 }

@@ -1,6 +1,6 @@
 #include "app/CommandLine.h"
 #include "app/ControlList.h"
-#include "app/ReportCommand.h"
+#include "app/ReportRun.h"
 #include "app/Screens.h"
 #include "app/ScriptRunner.h"
 #include "core/Clock.h"
@@ -167,12 +167,11 @@ int main(int argc, char *argv[])
         qlon::SetJetChecker(jetChecker);
     // A report's whole line is checked against the site before any screen runs: a refused line
     // changes no file.
-    std::optional<qlon::ReportRequest> report = commandLine.report;
-    if (report) {
-        if (const qlon::ReportRefusal refusal = qlon::CheckReportOnSite(*report); refusal.status != 0) {
-            err << "qlon: report: " << refusal.text << Qt::endl;
-            return refusal.status;
-        }
+    std::optional<qlon::ReportRun> report;
+    if (commandLine.report) {
+        report.emplace(*commandLine.report, out, err);
+        if (const int refused = report->refusalOnSite(); refused != 0)
+            return refused;
     }
     // The program starts by loading its main screen, shown unless other screens were asked for.
     qlon::TouchScreen(mainScreen);
@@ -180,7 +179,7 @@ int main(int argc, char *argv[])
 
     int status = 0;
     if (report)
-        status = qlon::RunReport(*report, out, err);
+        status = report->run();
     else if (commandLine.scripted())
         status = runScript(commandLine.scriptPath, out, err);
     if (status == 0 && !saveScreenshots(commandLine.screenshots, err))

@@ -19,14 +19,27 @@ namespace qlon {
 namespace {
 int runningHandlers = 0;
 int pendingTimers = 0;
-} // namespace
+ProgramEndHook endHook;
 
-void EndProgram(int status)
+[[noreturn]] void endProgram(int status, const RuntimeError *failure)
 {
+    if (ProgramEndHook hook = std::exchange(endHook, {}))
+        hook(status, failure);
     CloseAll();
     std::fflush(stdout);
     std::fflush(stderr);
     std::_Exit(status);
+}
+} // namespace
+
+void EndProgram(int status)
+{
+    endProgram(status, nullptr);
+}
+
+void SetProgramEndHook(ProgramEndHook hook)
+{
+    endHook = std::move(hook);
 }
 
 QString WhereItHappened(const RuntimeError &error)
@@ -41,7 +54,7 @@ void EndWithError(const RuntimeError &error)
     QTextStream(stderr) << "qlon: " << error.message().simplified()
                         << (where.isEmpty() ? QString() : QStringLiteral(" (") + where + QLatin1Char(')')) << Qt::endl;
     Dialogs::showError(ProgramTitle, error.message(), where);
-    EndProgram(1);
+    endProgram(1, &error);
 }
 
 void RunHandler(const std::function<void()> &handler)

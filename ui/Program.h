@@ -4,17 +4,24 @@
 
 #include <QObject>
 
-class QWidget;
-
 #include <functional>
+
+class QWidget;
 
 namespace qlon {
 
 // The program's title, on its error messages.
 inline const QString ProgramTitle = QStringLiteral("QLONListBuilder");
 
-// Ends the program at once: open files are closed, nothing is asked, nothing else runs.
+// Ends the program at once: open files are closed, nothing is asked, nothing else runs but the
+// ending's hook.
 [[noreturn]] void EndProgram(int status);
+
+// Runs as the program ends early, from a failure no one handles or a screen's own ending, with the
+// status and the failure (none for an ending that isn't one): a run that prints one document at
+// its end prints it then.
+using ProgramEndHook = std::function<void(int status, const RuntimeError *failure)>;
+void SetProgramEndHook(ProgramEndHook hook);
 
 // Where an error happened, for a user: a file as the site names it and where it lies on this host.
 QString WhereItHappened(const RuntimeError &error);

@@ -3,6 +3,8 @@
 #include "ui/Dialogs.h"
 #include "ui/LinePrinter.h"
 
+#include "core/RuntimeError.h"
+
 #include <QDesktopServices>
 #include <QFile>
 #include <QFileInfo>
@@ -75,7 +77,12 @@ public:
     void beginPage(int number) override
     {
         if (number == 1) {
-            m_painter.begin(m_printer);
+            // A file that can't be opened now (a folder by that name, a full disk) ends the run
+            // naming it, rather than printing nothing.
+            if (!m_painter.begin(m_printer)) {
+                const QString where = m_printer->outputFileName().isEmpty() ? m_printer->printerName() : m_printer->outputFileName();
+                throw RuntimeError(RuntimeError::PathFileAccessError, where);
+            }
             m_painter.scale(m_printer->logicalDpiX() / pointsPerInch, m_printer->logicalDpiY() / pointsPerInch);
         } else {
             m_printer->newPage();

@@ -615,10 +615,16 @@ TEST_F(ScriptTest, ReportsInJsonHoldTheFiguresOfTheText)
     const QJsonObject main = json({QStringLiteral("main")});
     EXPECT_EQ(main[QStringLiteral("report")].toString(), QStringLiteral("main"));
     EXPECT_EQ(main[QStringLiteral("exit")].toString(), QStringLiteral("done"));
-    EXPECT_EQ(main[QStringLiteral("span")][QStringLiteral("from")].toString(), text[0]);
+    const QJsonObject span = main[QStringLiteral("span")].toObject();
+    EXPECT_EQ(QStringLiteral("Site: %1").arg(main[QStringLiteral("site")].toString()), text[0]);
+    EXPECT_EQ(
+        QStringLiteral("Span: %1 to %2").arg(span[QStringLiteral("from")].toString(), span[QStringLiteral("to")].toString()), text[1]);
+    EXPECT_EQ(
+        QStringLiteral("Hours: %1 to %2").arg(span[QStringLiteral("startTime")].toString(), span[QStringLiteral("endTime")].toString()),
+        text[2]);
     const QJsonArray rows = main[QStringLiteral("rows")].toArray();
     ASSERT_GT(rows.size(), 100);
-    const QStringList first = text[2].section(QLatin1Char('\t'), 0, 0).split(QLatin1Char('|'));
+    const QStringList first = text[3].section(QLatin1Char('\t'), 0, 0).split(QLatin1Char('|'));
     EXPECT_EQ(rows[0][QStringLiteral("name")].toString(), first[0]);
     EXPECT_EQ(rows[0][QStringLiteral("units")].toDouble(), first[3].toDouble());
     EXPECT_TRUE(rows[0][QStringLiteral("volume")].isDouble());
@@ -643,6 +649,22 @@ TEST_F(ScriptTest, ReportsInJsonHoldTheFiguresOfTheText)
         notLiquor += sale[QStringLiteral("class")].toString() == QLatin1String("L") ? 0 : sale[QStringLiteral("price")].toDouble();
     EXPECT_NEAR(server[QStringLiteral("food")].toDouble(), notLiquor, 0.005)
         << "the food figure is the sum of the sales that aren't liquor";
+
+    // A PDF that can't be opened when the report prints, here a folder by its name: the run that
+    // ends on it, and the one whose screen passes over it, both end with 1 naming the file.
+    const QString blocked = site.hostPath(QStringLiteral("blocked.pdf"));
+    ASSERT_TRUE(QDir().mkpath(blocked));
+    const Outcome failed =
+        report({QStringLiteral("main"), QStringLiteral("--pdf"), blocked, QStringLiteral("--format"), QStringLiteral("json")});
+    EXPECT_EQ(failed.status, 1);
+    const QJsonObject failure = QJsonDocument::fromJson(failed.out.toUtf8()).object();
+    EXPECT_EQ(failure[QStringLiteral("exit")].toString(), QStringLiteral("error"));
+    EXPECT_EQ(failure[QStringLiteral("error")].toString(), QStringLiteral("Run-time error '75': Path/File access error"));
+    EXPECT_TRUE(failed.err.contains(blocked)) << failed.err.toStdString();
+    const Outcome passedOver = report({QStringLiteral("items-sold"), QStringLiteral("--pdf"), blocked});
+    EXPECT_EQ(passedOver.status, 1);
+    EXPECT_TRUE(passedOver.err.endsWith(QStringLiteral("qlon: report: %1 was not written\n").arg(blocked))) << passedOver.err.toStdString();
+    EXPECT_FALSE(passedOver.err.contains(QStringLiteral("Painter not active"))) << "the print stops at the file";
 }
 
 TEST_F(ScriptTest, ReportsGiveTheFiguresOfTheHandScript)
@@ -650,33 +672,39 @@ TEST_F(ScriptTest, ReportsGiveTheFiguresOfTheHandScript)
     writeDemoSite();
     const QString pdf = site.hostPath(QStringLiteral("items-%Y-%m-%d.pdf"));
     const QString csv = site.hostPath(QStringLiteral("items-%Y-%m-%d.csv"));
-    // The last writes its files, which no later run overwrites.
+    // The last writes its files, which no later run overwrites. Every report's text starts with
+    // the site, the span and the hours in one form.
     const struct
     {
         QStringList words;
         QString handScript;
+        QString spanAndHours;
     } cases[] = {
         {{QStringLiteral("main"), QStringLiteral("--department"), QStringLiteral("wINE")},
             QStringLiteral("click QLONlistBuilder1.SSCommand8\nwait\npick QLONlistBuilder1.Combo1 Wine\n"
                            "click QLONlistBuilder1.SSOption7\nclick QLONlistBuilder1.SSCommand2\nclick QLONlistBuilder1.SSCommand4\n"
-                           "get QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\nrows QLONlistBuilder1.MList1\n")},
+                           "rows QLONlistBuilder1.MList1\n"),
+            QStringLiteral("Span: 2026-11-16 to 2026-11-22\nHours: 12:00 am to 11:59 pm\n")},
         {{QStringLiteral("items-sold")},
             QStringLiteral("show QlonItemsSold\nset QlonItemsSold.MonthView1 11/16/2026\nset QlonItemsSold.MonthView2 11/22/2026\n"
-                           "answer No\nclick QlonItemsSold.SSCommand4\nwait\nget QlonItemsSold.Label2\nget QlonItemsSold.Label3\n"
-                           "rows QlonItemsSold.MList1\nget QlonItemsSold.Label7\nget QlonItemsSold.List4 count\n")},
+                           "answer No\nclick QlonItemsSold.SSCommand4\nwait\n"
+                           "rows QlonItemsSold.MList1\nget QlonItemsSold.Label7\nget QlonItemsSold.List4 count\n"),
+            QStringLiteral("Span: 2026-11-16 to 2026-11-22\nHours: 12:00 am to 11:59 pm\n")},
         {{QStringLiteral("server"), QStringLiteral("--server"), QStringLiteral("1005"), QStringLiteral("--end-time"),
              QStringLiteral("9:00 pm")},
             QStringLiteral(
                 "set QLONlistBuilder1.Combo3 9:00 pm\nclick QLONlistBuilder1.SSCommand9\nwait\n"
                 "pick QLONserverLiquor.Combo1 1005\nclick QLONserverLiquor.Command1\nget QLONserverLiquor.Label2\n"
-                "get QLONserverLiquor.Text3\nget QLONserverLiquor.Text4\nget QLONserverLiquor.Text5\nrows QLONserverLiquor.MList1\n")},
+                "get QLONserverLiquor.Text3\nget QLONserverLiquor.Text4\nget QLONserverLiquor.Text5\nrows QLONserverLiquor.MList1\n"),
+            QStringLiteral("Span: 2026-11-16 to 2026-11-22\nHours: 12:00 am to 9:00 pm\n")},
         {{QStringLiteral("main"), QStringLiteral("--from"), QStringLiteral("2026-11-17"), QStringLiteral("--to"),
              QStringLiteral("yesterday"), QStringLiteral("--category"), QStringLiteral("food"), QStringLiteral("--start-time"),
              QStringLiteral("11:00 am"), QStringLiteral("--pdf"), pdf, QStringLiteral("--csv"), csv},
             QStringLiteral("click QLONlistBuilder1.SSCommand8\nwait\nset QLONlistBuilder1.MonthView1 11/17/2026\n"
                            "set QLONlistBuilder1.MonthView2 11/22/2026\nset QLONlistBuilder1.Combo2 11:00 am\n"
                            "click QLONlistBuilder1.SSOption1\nclick QLONlistBuilder1.SSCommand2\nclick QLONlistBuilder1.SSCommand4\n"
-                           "get QLONlistBuilder1.Label2\nget QLONlistBuilder1.Label3\nrows QLONlistBuilder1.MList1\n")},
+                           "rows QLONlistBuilder1.MList1\n"),
+            QStringLiteral("Span: 2026-11-17 to 2026-11-22\nHours: 11:00 am to 11:59 pm\n")},
     };
     for (const auto &test : cases) {
         const Outcome byHand = run(test.handScript);
@@ -684,7 +712,8 @@ TEST_F(ScriptTest, ReportsGiveTheFiguresOfTheHandScript)
         ASSERT_EQ(byHand.status, 0) << byHand.err.toStdString();
         EXPECT_EQ(byReport.status, 0) << byReport.err.toStdString();
         EXPECT_GT(byHand.lines().size(), 5);
-        EXPECT_EQ(byReport.out, byHand.out) << test.words.join(QLatin1Char(' ')).toStdString();
+        EXPECT_EQ(byReport.out, QStringLiteral("Site: Harbour Lights Grill & Bar\n") + test.spanAndHours + byHand.out)
+            << test.words.join(QLatin1Char(' ')).toStdString();
         EXPECT_FALSE(byReport.err.contains(QStringLiteral("propagateSizeHints"))) << "only our own notes";
     }
     EXPECT_TRUE(site.read(QStringLiteral("items-2026-11-23.pdf")).startsWith("%PDF"));

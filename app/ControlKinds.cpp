@@ -305,7 +305,7 @@ QStringList ControlKind::commands() const
 {
     QStringList commands = ownCommands;
     if (click)
-        commands.append(QStringLiteral("click"));
+        commands += {QStringLiteral("click"), QStringLiteral("start")};
     if (setText)
         commands.append(QStringLiteral("set"));
     if (pick)

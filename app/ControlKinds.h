@@ -21,7 +21,7 @@ struct ControlKind
     bool (*is)(QWidget *control);
     QString (*text)(QWidget *control) = nullptr; // get: the caption or text
     void (*setText)(QWidget *control, const QString &text) = nullptr; // set
-    void (*click)(QWidget *control) = nullptr; // click
+    void (*click)(QWidget *control) = nullptr; // click, start
     void (*pick)(QWidget *control, const QString &entry) = nullptr; // pick
     int (*count)(QWidget *control) = nullptr; // get count, and with row: rows
     QString (*row)(QWidget *control, int index) = nullptr; // get row N
@@ -30,7 +30,7 @@ struct ControlKind
     QStringList ownCommands = {}; // commands of this kind alone, such as a screen's show
 
     // The script commands a control of this kind takes beside those every control takes
-    // (focus, get enabled, get visible, get focus).
+    // (focus, get enabled, get visible, get focus, wait-until).
     QStringList commands() const;
 };
 

@@ -10,11 +10,15 @@
 #include "ui/ScreenTimer.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QFocusEvent>
 #include <QLayout>
+#include <QProgressBar>
 #include <QRegularExpression>
 #include <QTimer>
 
+#include <functional>
+#include <memory>
 #include <optional>
 
 namespace qlon {
@@ -105,18 +109,34 @@ QString advance(const QString &seconds)
     return {};
 }
 
-// Sleeps until the next event rather than polling: processEvents with a time limit never waits.
-// The beat wakes it to look again at least every 50 ms.
-void waitUntilIdle()
+bool idle()
 {
-    QTimer beat;
-    beat.start(50);
-    while (RunningHandlers() > 0 || PendingTimers() > 0)
-        QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-    QApplication::processEvents();
+    return RunningHandlers() == 0 && PendingTimers() == 0;
 }
 
+// A progress bar may step over a value: its value is reached once it is there or past it.
+bool reaches(QWidget *control, const QString &now, const QString &wanted)
+{
+    bool isNumber = false;
+    const int target = wanted.toInt(&isNumber);
+    if (qobject_cast<QProgressBar *>(control) && isNumber)
+        return now.toInt() >= target;
+    return now == wanted;
+}
+
+// How often a script that waits looks again.
+constexpr int beatMilliseconds = 5;
+constexpr double defaultWaitSeconds = 60;
+
 } // namespace
+
+// What the script waits for before its next line: a condition, and what to say if it never holds.
+struct ScriptRunner::Waiting
+{
+    std::function<bool()> isOver;
+    QDeadlineTimer deadline = QDeadlineTimer(QDeadlineTimer::Forever);
+    std::function<QString()> inVain = {}; // the line's problem once the deadline passes
+};
 
 ScriptRunner::ScriptRunner(QTextStream &out, QTextStream &err)
     : m_out(out)
@@ -124,27 +144,80 @@ ScriptRunner::ScriptRunner(QTextStream &out, QTextStream &err)
 {
 }
 
+ScriptRunner::~ScriptRunner() = default;
+
+// Lines run from a beat of the event loop, not from a loop of their own: after `start`, the line
+// that follows runs while the started command's long run yields, as a user's next click would.
+// A plain `click` runs its handler to the end first, its yields passing the beat by.
 ScriptRunner::Status ScriptRunner::run(QIODevice &script)
 {
     Dialogs::useScriptedAnswers(&m_out);
-    int number = 0;
+    m_script = &script;
+    QTimer beat;
+    QObject::connect(&beat, &QTimer::timeout, [this] { step(); });
+    beat.start(beatMilliseconds);
+    step();
+    // A script that ends while a started run goes on ends with that run.
+    if (!m_status)
+        m_loop.exec();
+    return *m_status;
+}
+
+void ScriptRunner::step()
+{
+    if (m_stepping || m_status || (m_waiting && !waitIsOver()))
+        return;
+    m_stepping = true;
     // Read until the end, waiting for each line: a script may come through a pipe.
-    for (QByteArray text = script.readLine(); !text.isEmpty(); text = script.readLine()) {
+    while (!m_waiting && !m_status) {
+        const QByteArray text = m_script->readLine();
+        if (text.isEmpty()) {
+            end(Completed);
+            break;
+        }
         const QString line = QString::fromUtf8(text).trimmed();
-        ++number;
+        ++m_lineNumber;
         if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
             continue;
+        m_line = line;
         const QString problem = execute(line);
         // Between two commands, as between two clicks of a user, a screen closed for good goes.
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        if (!problem.isEmpty()) {
-            m_out.flush();
-            m_err << "qlon: script line " << number << ": " << problem << " (" << line << ")" << Qt::endl;
-            return BadLine;
-        }
         m_out.flush();
+        if (!problem.isEmpty())
+            fail(BadLine, problem);
     }
-    return Completed;
+    m_stepping = false;
+}
+
+bool ScriptRunner::waitIsOver()
+{
+    if (m_waiting->isOver()) {
+        m_waiting.reset();
+        // What the run posted as it ended is handled before the next line, as a user's next click
+        // comes after it.
+        QApplication::processEvents();
+        return true;
+    }
+    if (!m_waiting->deadline.hasExpired())
+        return false;
+    const QString problem = m_waiting->inVain();
+    m_waiting.reset();
+    fail(WaitedInVain, problem);
+    return false;
+}
+
+void ScriptRunner::fail(Status status, const QString &problem)
+{
+    m_out.flush();
+    m_err << "qlon: script line " << m_lineNumber << ": " << problem << " (" << m_line << ")" << Qt::endl;
+    end(status);
+}
+
+void ScriptRunner::end(Status status)
+{
+    m_status = status;
+    m_loop.exit();
 }
 
 QString ScriptRunner::execute(const QString &line)
@@ -156,9 +229,11 @@ QString ScriptRunner::execute(const QString &line)
     const QString rest = parts.captured(3);
 
     if (command == QLatin1String("wait") && target.isEmpty()) {
-        waitUntilIdle();
+        m_waiting = std::make_unique<Waiting>(Waiting{idle});
         return {};
     }
+    if (command == QLatin1String("wait-until") && !target.isEmpty())
+        return waitUntil(target, rest);
     if (command == QLatin1String("advance") && rest.isEmpty())
         return advance(target);
     if (command == QLatin1String("answer")) {
@@ -182,8 +257,8 @@ QString ScriptRunner::execute(const QString &line)
 
 QString ScriptRunner::executeOnControl(const QString &command, const QString &target, const QString &rest)
 {
-    static const QStringList commands = {QStringLiteral("click"), QStringLiteral("set"), QStringLiteral("pick"), QStringLiteral("get"),
-        QStringLiteral("rows"), QStringLiteral("show"), QStringLiteral("screenshot"), QStringLiteral("focus")};
+    static const QStringList commands = {QStringLiteral("click"), QStringLiteral("start"), QStringLiteral("set"), QStringLiteral("pick"),
+        QStringLiteral("get"), QStringLiteral("rows"), QStringLiteral("show"), QStringLiteral("screenshot"), QStringLiteral("focus")};
     if (!commands.contains(command) || target.isEmpty())
         return QStringLiteral("unknown command");
 
@@ -207,6 +282,8 @@ QString ScriptRunner::executeOnControl(const QString &command, const QString &ta
         const ControlKind &kind = KindOf(control);
         if (command == QLatin1String("click"))
             operationOf(kind.click, "can't be clicked")(control);
+        else if (command == QLatin1String("start"))
+            start(control, operationOf(kind.click, "can't be clicked"));
         else if (command == QLatin1String("set"))
             operationOf(kind.setText, "takes no text")(control, rest);
         else if (command == QLatin1String("pick"))
@@ -226,6 +303,62 @@ QString ScriptRunner::executeOnControl(const QString &command, const QString &ta
         // own read of the control, such as a row past the end.
         return target + QLatin1Char(' ') + error.description();
     }
+    return {};
+}
+
+// The click is posted, and the script waits only until it has begun: the next line runs at the
+// started run's first yield, or after it if it never yields.
+void ScriptRunner::start(QWidget *control, void (*click)(QWidget *))
+{
+    auto begun = std::make_shared<bool>(false);
+    QTimer::singleShot(0, control, [control, click, begun] {
+        *begun = true;
+        click(control);
+    });
+    const QPointer<QWidget> started(control);
+    m_waiting = std::make_unique<Waiting>(Waiting{[begun, started] { return *begun || !started; }});
+}
+
+// wait-until SCREEN.CONTROL PROPERTY VALUE [SECONDS]: VALUE is one word or "a quoted text".
+QString ScriptRunner::waitUntil(const QString &target, const QString &rest)
+{
+    static const QRegularExpression form(QStringLiteral("^(\\S+)\\s+(?:\"([^\"]*)\"|([^\"\\s]\\S*))(?:\\s+(\\S+))?$"));
+    static const QStringList properties = {
+        QStringLiteral("text"), QStringLiteral("enabled"), QStringLiteral("visible"), QStringLiteral("checked"), QStringLiteral("count")};
+    const QRegularExpressionMatch parts = form.match(rest.trimmed());
+    const QString name = parts.captured(1);
+    bool isNumber = true;
+    const double seconds = parts.captured(4).isEmpty() ? defaultWaitSeconds : parts.captured(4).toDouble(&isNumber);
+    if (!parts.hasMatch() || !properties.contains(name) || !isNumber || !(seconds > 0 && seconds <= 86400))
+        return QStringLiteral("wait-until takes a control, text|enabled|visible|checked|count, a value and seconds up to 86400");
+    const QString wanted = parts.captured(2).isEmpty() ? parts.captured(3) : parts.captured(2);
+    const QString screenName = target.section(QLatin1Char('.'), 0, 0);
+    const QString controlName = target.section(QLatin1Char('.'), 1);
+    const QString asked = name == QLatin1String("text") ? QString() : name;
+    const auto current = [screenName, controlName, asked]() -> std::optional<std::pair<QWidget *, QString>> {
+        QWidget *screen = Screens().existing(screenName);
+        QWidget *control = screen && !controlName.isEmpty() ? screen->findChild<QWidget *>(controlName) : screen;
+        if (!control)
+            return std::nullopt;
+        return std::pair{control, property(control, asked)};
+    };
+    try {
+        if (!current())
+            return QStringLiteral("unknown control ") + target;
+    } catch (const ControlError &error) {
+        return target + QLatin1Char(' ') + error.text;
+    }
+    const auto inVain = [current, target, name, wanted, seconds] {
+        const auto now = current();
+        return QStringLiteral("waited %1 s for %2 %3 to be %4; it is %5")
+            .arg(seconds)
+            .arg(target, name, wanted, now ? now->second : QStringLiteral("gone"));
+    };
+    const auto isOver = [current, wanted] {
+        const auto now = current();
+        return now && reaches(now->first, now->second, wanted);
+    };
+    m_waiting = std::make_unique<Waiting>(Waiting{isOver, QDeadlineTimer(qint64(seconds * 1000)), inVain});
     return {};
 }
 

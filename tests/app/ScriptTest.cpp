@@ -249,6 +249,10 @@ TEST_F(ScriptTest, ABadLineStopsTheScriptNamingTheLine)
         {"pick QLONlistBuilder2.datPrimaryRS sideways", "has no move"},
         {"pick QLONserverLiquor.datPrimaryRS last", "QLONserverLiquor.datPrimaryRS has no entries to pick"},
         {"click QLONserverLiquor.Text2", "QLONserverLiquor.Text2 can't be clicked"},
+        {"start QLONlistBuilder1.Label2", "can't be clicked"},
+        {"wait-until QLONlistBuilder1.Label2 colour red", "wait-until takes"},
+        {"wait-until QLONlistBuilder1.Label2 text \"unclosed 5", "wait-until takes"},
+        {"wait-until QLONlistBuilder1.NoSuchControl text x", "unknown control"},
         {"set QLONlistBuilder1.MonthView1 someday", "takes a date"},
     };
     for (const auto &test : cases) {
@@ -421,6 +425,52 @@ TEST_F(ScriptTest, RebuildThenLoadEachCategoryOfTheDemoSite)
     EXPECT_EQ(retail.filter(QStringLiteral("Logo Koozie|")).size(), 1) << "an item in the retail file, under its kitchen text";
 }
 
+// `start` clicks and lets the script go on while the run yields, so Stop can be pressed half-way,
+// and the run leaves what a user's Stop leaves.
+TEST_F(ScriptTest, AStartedRunIsStoppedHalfWay)
+{
+    writeDemoSite();
+    // Stop at the first yield of Calculate Sales: the row in work is finished, and no more.
+    const Outcome sales = run(QStringLiteral(
+        "click QLONlistBuilder1.SSCommand8\nwait\n"
+        "click QLONlistBuilder1.SSOption6\nclick QLONlistBuilder1.SSCommand2\n"
+        "start QLONlistBuilder1.SSCommand4\nget QLONlistBuilder1.SSCommand5 visible\nclick QLONlistBuilder1.SSCommand5\nwait\n"
+        "get QLONlistBuilder1.Label7\nget QLONlistBuilder1.SSCommand5 visible\nget QLONlistBuilder1.SSCommand4 enabled\n"
+        "rows QLONlistBuilder1.MList1\n"));
+    ASSERT_EQ(sales.status, 0) << sales.err.toStdString();
+    const QStringList lines = sales.lines();
+    ASSERT_GT(lines.size(), 300);
+    EXPECT_EQ(
+        lines.mid(0, 4), (QStringList{QStringLiteral("true"), QStringLiteral("Stop"), QStringLiteral("false"), QStringLiteral("true")}))
+        << "Stop shows during the run and goes with it";
+    EXPECT_EQ(lines.filter(QStringLiteral("**")).size(), 0) << "no total rows";
+    EXPECT_EQ(lines.mid(5).filter(QRegularExpression(QStringLiteral("^([^|]*\\|){3}0\\|"))).size(), lines.size() - 5)
+        << "the rows not reached keep their 0";
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/TempItems.dat")).count('\n'), 2) << "the heading and the one row's line";
+
+    // Items Sold heard half-way through the sales files shows nothing of them.
+    const QString span =
+        QStringLiteral("show QlonItemsSold\nset QlonItemsSold.MonthView1 08/01/2026\nset QlonItemsSold.MonthView2 11/22/2026\n");
+    const Outcome stopped = run(span +
+        QStringLiteral("answer No\nstart QlonItemsSold.SSCommand4\nwait-until QlonItemsSold.ProgressBar1 text 5\n"
+                       "click QlonItemsSold.SSCommand11\nwait\nget QlonItemsSold.SSPanel1\n"
+                       "get QlonItemsSold.MList1 count\nget QlonItemsSold.SSCommand11 visible\n"
+                       "get QlonItemsSold.ProgressBar1 visible\nget QlonItemsSold.SSCommand4 enabled\n"));
+    ASSERT_EQ(stopped.status, 0) << stopped.err.toStdString();
+    EXPECT_EQ(stopped.lines(),
+        (QStringList{QStringLiteral("User Stopped"), QStringLiteral("0"), QStringLiteral("false"), QStringLiteral("false"),
+            QStringLiteral("true")}));
+
+    // A wait that never ends ends the script, naming what it waited for and what it found.
+    const Outcome inVain =
+        run(span + QStringLiteral("wait-until QlonItemsSold.SSPanel1 text \"Report Complete\" 0.2\nget QlonItemsSold\n"));
+    EXPECT_EQ(inVain.status, 1);
+    EXPECT_EQ(inVain.out, QString());
+    EXPECT_TRUE(
+        inVain.err.contains(QStringLiteral("line 4: waited 0.2 s for QlonItemsSold.SSPanel1 text to be Report Complete; it is Items Sold")))
+        << inVain.err.toStdString();
+}
+
 TEST_F(ScriptTest, TheMainJobPrintsAReadablePdfAndExportsTheRun)
 {
     writeDemoSite();
@@ -583,10 +633,10 @@ TEST(ListControlsTest, EveryScreenListsItsControlsWithoutASite)
             listed.append(screen + QLatin1Char('.') + line);
         }
     }
-    for (const char *expected : {"QLONlistBuilder1.SSCommand2\tbutton\tLoad List\tclick, get",
+    for (const char *expected : {"QLONlistBuilder1.SSCommand2\tbutton\tLoad List\tclick, start, get",
              "QLONlistBuilder1.MList1\tlist\t\tpick, rows, get, get count, get row N, get tag N", "QLONlistBuilder1.MonthView1\tcalendar",
              "QLONlistBuilder2.datPrimaryRS\tdata control", "TCEmployee.List1\tplain list\t\tpick, rows, get, get count, get row N",
-             "TCEmployee.chkInactive\tcheck box\tIN-Active\tclick, get, get checked", "QLONserverLiquor.Text2\ttext box",
+             "TCEmployee.chkInactive\tcheck box\tIN-Active\tclick, start, get, get checked", "QLONserverLiquor.Text2\ttext box",
              "PrinterStatus.List1\tplain list"})
         EXPECT_EQ(listed.filter(QLatin1String(expected)).size(), 1) << expected;
     // Only what the screen acts on: the server screen neither moves its data control nor hears a click on Text2.
@@ -597,7 +647,7 @@ TEST(ListControlsTest, EveryScreenListsItsControlsWithoutASite)
     };
     EXPECT_EQ(commandsOf("QLONlistBuilder2.datPrimaryRS"), QStringLiteral("pick, get"));
     EXPECT_EQ(commandsOf("QLONserverLiquor.datPrimaryRS"), QStringLiteral("get"));
-    EXPECT_EQ(commandsOf("QLONserverLiquor.Text6"), QStringLiteral("click, set, get"));
+    EXPECT_EQ(commandsOf("QLONserverLiquor.Text6"), QStringLiteral("click, start, set, get"));
     EXPECT_EQ(commandsOf("QLONserverLiquor.Text2"), QStringLiteral("set, get"));
 }
 

@@ -11,13 +11,16 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QGuiApplication>
+#include <QPageSize>
 #include <QPainter>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QScreen>
 #include <QTextStream>
 #include <QUrl>
 
+#include <algorithm>
 #include <cmath>
 
 namespace qlon {
@@ -58,21 +61,43 @@ std::optional<ReportCell> cellOf(const QStringList &words)
     return cell;
 }
 
+// Reports are laid out in points on a page as wide as Letter, the site's paper. A narrower paper,
+// such as A4, takes the page scaled to its width, and longer in proportion.
+constexpr double layoutWidth = 612;
+
+QSizeF layoutPageOf(const QPrinter &printer)
+{
+    const QSizeF paper = printer.pageLayout().fullRectPoints().size();
+    return paper.width() < layoutWidth ? paper * (layoutWidth / paper.width()) : paper;
+}
+
+// Letter, unless the printer's own paper is A4; the whole sheet, the template keeping its own
+// margins, as on every road a report takes.
+void choosePaper(QPrinter &printer, QPageSize::PageSizeId printersPaper)
+{
+    printer.setPageSize(QPageSize(printersPaper == QPageSize::A4 ? QPageSize::A4 : QPageSize::Letter));
+    printer.setFullPage(true);
+    printer.setPageMargins(QMarginsF(0, 0, 0, 0), QPageLayout::Point);
+}
+
 class PrinterOutput : public ReportOutput
 {
 public:
     explicit PrinterOutput(std::unique_ptr<QPrinter> printer)
         : m_owned(std::move(printer))
         , m_printer(m_owned.get())
+        , m_layoutPage(layoutPageOf(*m_printer))
     {
     }
-    // Prints on a printer that someone else keeps, such as a print preview's.
-    explicit PrinterOutput(QPrinter *printer)
+    // Prints pages laid out for `layoutPage` on a printer that someone else keeps, such as a print
+    // preview's: each page fits the paper chosen there, whatever it is.
+    PrinterOutput(QPrinter *printer, QSizeF layoutPage)
         : m_printer(printer)
+        , m_layoutPage(layoutPage)
     {
     }
 
-    double pageHeight() const override { return m_printer->pageLayout().paintRectPoints().height(); }
+    double pageHeight() const override { return m_layoutPage.height(); }
 
     void beginPage(int number) override
     {
@@ -83,7 +108,9 @@ public:
                 const QString where = m_printer->outputFileName().isEmpty() ? m_printer->printerName() : m_printer->outputFileName();
                 throw RuntimeError(RuntimeError::PathFileAccessError, where);
             }
-            m_painter.scale(m_printer->logicalDpiX() / pointsPerInch, m_printer->logicalDpiY() / pointsPerInch);
+            const QSizeF paper = m_printer->pageLayout().fullRectPoints().size();
+            const double fit = std::min(paper.width() / m_layoutPage.width(), paper.height() / m_layoutPage.height());
+            m_painter.scale(fit * m_printer->logicalDpiX() / pointsPerInch, fit * m_printer->logicalDpiY() / pointsPerInch);
         } else {
             m_printer->newPage();
         }
@@ -124,6 +151,7 @@ private:
 
     std::unique_ptr<QPrinter> m_owned;
     QPrinter *m_printer;
+    QSizeF m_layoutPage; // points
     QPainter m_painter;
 };
 
@@ -133,8 +161,9 @@ class PreviewOutput : public ReportRecording
 {
 public:
     explicit PreviewOutput(std::unique_ptr<QPrinter> printer)
-        : ReportRecording(printer->pageLayout().paintRectPoints().height())
+        : ReportRecording(layoutPageOf(*printer).height())
         , m_printer(std::move(printer))
+        , m_layoutPage(layoutPageOf(*m_printer))
     {
     }
 
@@ -142,14 +171,18 @@ public:
     {
         QPrintPreviewDialog preview(m_printer.get());
         QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [this](QPrinter *printer) {
-            PrinterOutput output(printer);
+            PrinterOutput output(printer, m_layoutPage);
             replay(output);
         });
+        // Large enough that its tool bar shows every command, Print among them.
+        const QRect screen = preview.screen()->availableGeometry();
+        preview.resize(QSize(1000, 800).boundedTo(screen.size()));
         preview.exec();
     }
 
 private:
     std::unique_ptr<QPrinter> m_printer;
+    QSizeF m_layoutPage;
 };
 
 } // namespace
@@ -314,7 +347,7 @@ std::unique_ptr<ReportOutput> pdfOutput(const QString &pdfPath)
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     printer->setOutputFormat(QPrinter::PdfFormat);
     printer->setOutputFileName(pdfPath);
-    printer->setPageSize(QPageSize(QPageSize::Letter));
+    choosePaper(*printer, QPageSize::Letter);
     // The document's title, which a PDF viewer shows: "ItemsSold" for ItemsSold.pdf.
     printer->setDocName(QFileInfo(pdfPath).completeBaseName());
     return std::make_unique<PrinterOutput>(std::move(printer));
@@ -334,6 +367,7 @@ std::unique_ptr<ReportOutput> printerOutput()
     if (printer.isNull())
         return nullptr;
     auto output = std::make_unique<QPrinter>(printer, QPrinter::HighResolution);
+    choosePaper(*output, printer.defaultPageSize().id());
     if (previewsReports())
         return std::make_unique<PreviewOutput>(std::move(output));
     return std::make_unique<PrinterOutput>(std::move(output));

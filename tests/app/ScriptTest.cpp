@@ -3,6 +3,7 @@
 #include "demo/DemoSite.h"
 #include "store/IniRec2300.h"
 #include "tests/platform/StationHold.h"
+#include "tests/support/PrivateCups.h"
 #include "tests/support/TempSite.h"
 
 #include <QDeadlineTimer>
@@ -508,6 +509,89 @@ TEST_F(ScriptTest, TheMainJobPrintsAReadablePdfAndExportsTheRun)
     ASSERT_TRUE(information.waitForFinished(60000));
     EXPECT_TRUE(QString::fromUtf8(information.readAllStandardOutput()).contains(QRegularExpression(QStringLiteral("Title: +report\n"))))
         << "the document is titled by its name";
+}
+
+// A printed document's page size in points and the boxes of its words, as poppler reads them.
+struct PrintedDocument
+{
+    QSizeF page;
+    int pages = 0;
+    QString text;
+    QList<QRectF> words;
+};
+
+PrintedDocument readPrinted(const QString &path)
+{
+    PrintedDocument document;
+    QProcess bbox;
+    bbox.start(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), path, QStringLiteral("-")});
+    bbox.waitForFinished(60000);
+    const QString html = QString::fromUtf8(bbox.readAllStandardOutput());
+    static const QRegularExpression page(QStringLiteral("<page width=\"([\\d.]+)\" height=\"([\\d.]+)\""));
+    static const QRegularExpression word(
+        QStringLiteral("<word xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\" xMax=\"([\\d.]+)\" yMax=\"([\\d.]+)\">"));
+    for (const QRegularExpressionMatch &match : page.globalMatch(html)) {
+        document.page = QSizeF(match.captured(1).toDouble(), match.captured(2).toDouble());
+        ++document.pages;
+    }
+    for (const QRegularExpressionMatch &match : word.globalMatch(html)) {
+        document.words.append(QRectF(QPointF(match.captured(1).toDouble(), match.captured(2).toDouble()),
+            QPointF(match.captured(3).toDouble(), match.captured(4).toDouble())));
+    }
+    // The text as laid out, so that a name in a column stays whole; the font's ligatures ("ﬀ") as
+    // their letters.
+    QProcess layout;
+    layout.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
+    layout.waitForFinished(60000);
+    document.text = QString::fromUtf8(layout.readAllStandardOutput()).normalized(QString::NormalizationForm_KC);
+    return document;
+}
+
+// Printed to a print service's queue of each paper, a report is laid out for that paper: every
+// row and every page's footer on it, nothing past an edge.
+TEST_F(ScriptTest, ReportsPrintWholeOnTheQueuesPaper)
+{
+    test::PrivateCups cups;
+    ASSERT_TRUE(cups.start()) << cups.error().toStdString();
+    ASSERT_TRUE(cups.addQueue(QStringLiteral("Letter"), QStringLiteral("Letter"))) << cups.error().toStdString();
+    ASSERT_TRUE(cups.addQueue(QStringLiteral("A4"), QStringLiteral("A4"))) << cups.error().toStdString();
+    writeDemoSite();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("CUPS_SERVER"), cups.server());
+    const QString script =
+        QStringLiteral("click QLONlistBuilder1.SSCommand8\nwait\nclick QLONlistBuilder1.SSOption6\n"
+                       "click QLONlistBuilder1.SSCommand2\nclick QLONlistBuilder1.SSCommand4\nwait\n"
+                       "rows QLONlistBuilder1.MList1\nclick QLONlistBuilder1.SSCommand6\n"
+                       "click QLONlistBuilder1.SSCommand9\nwait\npick QLONserverLiquor.Combo1 1005\n"
+                       "click QLONserverLiquor.Command1\nrows QLONserverLiquor.MList1\nclick QLONserverLiquor.SSCommand3\n");
+    for (const auto &[queue, paper] : {std::pair{"Letter", QSizeF(612, 792)}, std::pair{"A4", QSizeF(595, 842)}}) {
+        ASSERT_TRUE(cups.setDefault(QLatin1String(queue))) << cups.error().toStdString();
+        const qsizetype before = cups.jobDocuments().size();
+        const Outcome printed = run(script, {}, environment);
+        ASSERT_EQ(printed.status, 0) << printed.err.toStdString();
+        const QStringList jobs = cups.jobDocuments().mid(before);
+        ASSERT_EQ(jobs.size(), 2) << queue << ": the report and the server's paper";
+        const QStringList rows = printed.lines();
+        const QStringList items = rows.filter(QRegularExpression(QStringLiteral("^[^*|\t][^|]*\\|[^|]*\\|[^|]*\\|[1-9]")));
+        const QStringList sales = rows.filter(QRegularExpression(QStringLiteral("^1005,")));
+        ASSERT_GT(items.size(), 100);
+        ASSERT_GT(sales.size(), 5);
+        for (int job = 0; job < 2; ++job) {
+            const PrintedDocument document = readPrinted(jobs[job]);
+            EXPECT_EQ(document.page, paper) << queue << " job " << job;
+            for (const QRectF &word : document.words)
+                ASSERT_TRUE(QRectF(QPointF(0, 0), paper).contains(word)) << queue << " job " << job << ": a word past the edge";
+            for (const QString &row : job == 0 ? items : sales) {
+                const QString name = job == 0 ? row.section(QLatin1Char('|'), 0, 0) : row.section(QLatin1Char(','), 2, -4);
+                EXPECT_TRUE(document.text.contains(name.simplified())) << queue << ": " << name.toStdString();
+            }
+        }
+        const PrintedDocument report = readPrinted(jobs[0]);
+        EXPECT_GT(report.pages, 1);
+        for (int page = 1; page <= report.pages; ++page)
+            EXPECT_TRUE(report.text.contains(QRegularExpression(QStringLiteral("Page %1\\s").arg(page))))
+                << queue << ": the footer of page " << page;
+    }
 }
 
 TEST_F(ScriptTest, IndividualSalesFindsOneServersSalesOfTheWeek)

@@ -21,6 +21,7 @@ BackOffice::BackOffice(QWidget *parent)
     : QWidget(parent)
 {
     setWindowTitle(QStringLiteral("Back Office"));
+    HostScreensInBackOffice();
     lblSite = MakeLabel(this, QStringLiteral("lblSite"));
     cmdListBuilder = MakeButton(this, QStringLiteral("cmdListBuilder"), QStringLiteral("&List Builder"),
         QStringLiteral("The items sold by department, and the server sales"));

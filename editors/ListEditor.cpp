@@ -8,6 +8,7 @@
 #include "ui/Program.h"
 #include "ui/ScreenRegistry.h"
 
+#include <QCloseEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -67,10 +68,17 @@ void ListEditor::Fill_List()
 {
     List1->clear();
     Text1->clear();
-    if (!FileExists(hostPath()))
-        return;
-    for (const QByteArray &name : ReadDepartmentNames(hostPath()))
+    m_saved = FileExists(hostPath()) ? ReadDepartmentNames(hostPath()) : QByteArrayList();
+    for (const QByteArray &name : m_saved)
         List1->addItem(FromAnsi(name));
+}
+
+QByteArrayList ListEditor::listedNames() const
+{
+    QByteArrayList names;
+    for (int row = 0; row < List1->count(); ++row)
+        names.append(ToAnsi(List1->item(row)->text()));
+    return names;
 }
 
 // A quote would end the name in the file: it is left out.
@@ -100,12 +108,17 @@ void ListEditor::removeName()
 
 void ListEditor::saveList()
 {
-    QByteArrayList names;
-    for (int row = 0; row < List1->count(); ++row)
-        names.append(ToAnsi(List1->item(row)->text()));
+    const QByteArrayList names = listedNames();
     WriteDepartmentNames(hostPath(), names);
+    m_saved = names;
     if (auto *employees = qobject_cast<TCEmployee *>(Screens().existing(QStringLiteral("TCEmployee"))))
         employees->reloadLists();
+}
+
+void ListEditor::closeEvent(QCloseEvent *event)
+{
+    if (!MayCloseWithEdits(this, listedNames() != m_saved, [this] { saveList(); }))
+        event->ignore();
 }
 
 } // namespace qlon

@@ -34,13 +34,19 @@ public:
     QPushButton *cmdSave;
     QPushButton *cmdClose;
 
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
 private:
     QString hostPath() const;
     QString typedName() const;
+    QByteArrayList listedNames() const;
     void addName();
     void changeName();
     void removeName();
     void saveList();
+
+    QByteArrayList m_saved; // the names as the file holds them
 };
 
 } // namespace qlon

@@ -126,7 +126,7 @@ QGroupBox *PrinterStatus::makePanel(int panel, const QString &heading)
 void PrinterStatus::connectHandlers()
 {
     OnEvent(m_timer, &ScreenTimer::timeout, this, [this] { Timer1_Timer(); });
-    OnEvent(cmdDone, &QPushButton::clicked, this, [] { EndProgram(0); });
+    OnEvent(cmdDone, &QPushButton::clicked, this, [this] { DoneWithScreen(this); });
     OnEvent(cmdAllPrinters, &QPushButton::clicked, this, [this] {
         if (PrinterCompanion *list = showCompanion(PrinterListCompanion))
             list->Command1_Click();

@@ -9,6 +9,7 @@
 #include "ui/Program.h"
 #include "ui/ScreenRegistry.h"
 
+#include <QCloseEvent>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -81,24 +82,36 @@ void RecipeView::GetINVinfo()
     grdRecipe->setEnabled(m_recipe.has_value());
 }
 
-void RecipeView::Save_INVdata()
+IvmRec1000 RecipeView::editedRecipe() const
 {
-    if (!m_recipe)
-        return;
-    IvmRec1000 changed = *m_recipe;
+    IvmRec1000 edited = *m_recipe;
     for (int row = 0; row < IvmRec1000::rowCount; ++row) {
         std::array<QByteArray, 3> cells;
         for (int column = 0; column < 3; ++column)
             cells[column] = ToAnsi(grdRecipe->item(row, column) ? grdRecipe->item(row, column)->text() : QString());
         if (cells != cellsOf(m_recipe->row(row + 1)))
-            changed.setRow(row + 1, {cells[0], cells[1], cells[2]});
+            edited.setRow(row + 1, {cells[0], cells[1], cells[2]});
     }
-    if (changed == *m_recipe)
+    return edited;
+}
+
+void RecipeView::Save_INVdata()
+{
+    if (!m_recipe)
+        return;
+    const IvmRec1000 edited = editedRecipe();
+    if (edited == *m_recipe)
         return;
     RecordFile file(HostPath(recipePath()), IvmRec1000::size);
     file.RefuseIfHeldElsewhere();
-    file.PutRecord(Label3->text().toInt(), changed.bytes());
-    m_recipe = changed;
+    file.PutRecord(Label3->text().toInt(), edited.bytes());
+    m_recipe = edited;
+}
+
+void RecipeView::closeEvent(QCloseEvent *event)
+{
+    if (!MayCloseWithEdits(this, m_recipe && editedRecipe() != *m_recipe, [this] { Save_INVdata(); }))
+        event->ignore();
 }
 
 } // namespace qlon

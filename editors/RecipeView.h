@@ -32,8 +32,13 @@ public:
     QPushButton *cmdSave;
     QPushButton *cmdClose;
 
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
 private:
     QByteArray recipePath() const;
+    // The recipe with the grid's rows, a row nobody changed keeping its bytes.
+    IvmRec1000 editedRecipe() const;
 
     std::optional<IvmRec1000> m_recipe; // as read; none when the item has no recipe
 };

@@ -687,7 +687,7 @@ void QLONlistBuilder1::Command3_Click()
 
 void QLONlistBuilder1::SSCommand1_Click()
 {
-    EndProgram(0);
+    DoneWithScreen(this);
 }
 
 } // namespace qlon

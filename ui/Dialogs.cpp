@@ -14,7 +14,7 @@ QString shownOnOneLine(QString text)
 
 MessageAnswer defaultAnswer(MessageButtons buttons)
 {
-    return buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok;
+    return buttons == MessageButtons::YesNo || buttons == MessageButtons::YesNoCancel ? MessageAnswer::Yes : MessageAnswer::Ok;
 }
 
 QMessageBox::StandardButtons standardButtons(MessageButtons buttons)
@@ -22,6 +22,7 @@ QMessageBox::StandardButtons standardButtons(MessageButtons buttons)
     switch (buttons) {
     case MessageButtons::YesNo: return QMessageBox::Yes | QMessageBox::No;
     case MessageButtons::OkCancel: return QMessageBox::Ok | QMessageBox::Cancel;
+    case MessageButtons::YesNoCancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
     case MessageButtons::Ok: break;
     }
     return QMessageBox::Ok;

@@ -9,7 +9,7 @@ class QWidget;
 
 namespace qlon {
 
-enum class MessageButtons { Ok, YesNo, OkCancel };
+enum class MessageButtons { Ok, YesNo, OkCancel, YesNoCancel };
 enum class MessageAnswer { Ok, Yes, No, Cancel };
 
 // The program's message boxes and file dialogs. On a screen they are Qt's dialogs; when a

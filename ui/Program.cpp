@@ -109,6 +109,33 @@ void ShowInFront(QWidget *screen)
     screen->activateWindow();
 }
 
+namespace {
+bool hostedInBackOffice = false;
+} // namespace
+
+void HostScreensInBackOffice()
+{
+    hostedInBackOffice = true;
+}
+
+void DoneWithScreen(QWidget *screen)
+{
+    if (!hostedInBackOffice)
+        EndProgram(0);
+    screen->close();
+}
+
+bool MayCloseWithEdits(QWidget *view, bool hasUnsavedEdits, const std::function<void()> &save)
+{
+    if (!hasUnsavedEdits)
+        return true;
+    switch (Dialogs::showMessage(view, view->windowTitle(), QStringLiteral("Save changes?"), MessageButtons::YesNoCancel)) {
+    case MessageAnswer::Yes: RunHandler(save); return true;
+    case MessageAnswer::No: return true;
+    default: return false;
+    }
+}
+
 void RequireCompanion(QWidget *command, const QString &companion)
 {
     if (Screens().knows(companion))

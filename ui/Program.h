@@ -43,6 +43,17 @@ void ShowInFront(QWidget *screen);
 // The screen of that name, touched, then shown above the others.
 void ShowScreenInFront(const QString &name);
 
+// A screen's "Done": started alone, the program ends, as it always did; opened from the back
+// office, that screen closes, and the program ends with its last window.
+void DoneWithScreen(QWidget *screen);
+// From here on the back office hosts the other screens.
+void HostScreensInBackOffice();
+
+// Whether a view of our own that holds unsaved edits may close: "Save changes?", Yes saving them
+// first (as a handler: a failure ends the program with the platform's error), No dropping them,
+// Cancel staying.
+bool MayCloseWithEdits(QWidget *view, bool hasUnsavedEdits, const std::function<void()> &save);
+
 // A command that shows a companion screen of another program is disabled, with a tip saying so,
 // when this program has no screen of that name.
 void RequireCompanion(QWidget *command, const QString &companion);

@@ -10,11 +10,15 @@
 #include "editors/RecipeView.h"
 #include "editors/TCEmployee.h"
 #include "itemssold/QlonItemsSold.h"
+#include "listbuilder/QLONlistBuilder1.h"
 #include "platform/spooler/PrintSpooler.h"
 #include "store/EmployeeRec1000.h"
 #include "store/IvmRec1000.h"
 #include "tests/support/CatalogueItem.h"
 #include "tests/support/ScreenTest.h"
+#include "tests/support/ShownMessages.h"
+#include "ui/Dialogs.h"
+#include "ui/Program.h"
 #include "ui/VbTextBox.h"
 
 #include <QComboBox>
@@ -113,6 +117,26 @@ TEST_F(BackOfficeTest, TheHostOpensEachScreen)
     }
 }
 
+// Opened from the back office, a screen's Done closes that screen, not the program.
+TEST_F(BackOfficeTest, DoneClosesOnlyItsOwnScreen)
+{
+    SetProgramEndHook([](int, const RuntimeError *) {
+        std::fputs("Done ended the program\n", stderr);
+        std::_Exit(3);
+    });
+    host->cmdListBuilder->click();
+    host->cmdPrinters->click();
+    auto *main = qobject_cast<QLONlistBuilder1 *>(Screens().existing(QStringLiteral("QLONlistBuilder1")));
+    auto *printers = qobject_cast<PrinterStatus *>(Screens().existing(QStringLiteral("PrinterStatus")));
+    ASSERT_TRUE(main && printers);
+    printers->cmdDone->click();
+    main->SSCommand1->click();
+    EXPECT_FALSE(printers->isVisible());
+    EXPECT_FALSE(main->isVisible());
+    EXPECT_TRUE(host->isVisible());
+    SetProgramEndHook({});
+}
+
 TEST_F(BackOfficeTest, AnItemPickedInTheButtonViewIsEditedSavedAndDeletedThere)
 {
     ButtonView *view = openButtonView();
@@ -160,6 +184,17 @@ TEST_F(BackOfficeTest, TheRecipeViewShowsTheTwentyRowsAndWritesBackOnlyWhatChang
     EXPECT_EQ(after.left(changedRow), before.left(changedRow));
     EXPECT_EQ(after.mid(changedRow + 50), before.mid(changedRow + 50)) << "the other rows keep their bytes";
     EXPECT_EQ(IvmRec1000(after.mid(2000)).row(4).IngredientAmount, "2");
+
+    // Closing with an edit asks first: Cancel stays, Yes saves.
+    recipe->grdRecipe->item(3, 1)->setText(QStringLiteral("5"));
+    Dialogs::queueAnswer(MessageAnswer::Cancel);
+    recipe->cmdClose->click();
+    EXPECT_TRUE(recipe->isVisible());
+    Dialogs::queueAnswer(MessageAnswer::Yes);
+    recipe->cmdClose->click();
+    EXPECT_FALSE(recipe->isVisible());
+    EXPECT_EQ(IvmRec1000(site.read(QStringLiteral("Quillon/ini/Button0.IVM")).mid(2000)).row(4).IngredientAmount, "5");
+    EXPECT_EQ(test::ShownMessages().count(QStringLiteral("| Save changes?")), 2);
 
     view->lstRecords->setCurrentRow(0);
     view->cmdRecipe->click();
@@ -226,6 +261,15 @@ TEST_F(BackOfficeTest, EmployeeCompanionsEditAListFileAndListThePhones)
     EXPECT_EQ(site.read(QStringLiteral("Quillon/data/Jobs1.dat")), "\"Cook\"\r\n\"Host ess\"\r\n");
     EXPECT_EQ(employees->cmbJob[1]->count(), 2) << "the pickers offer the saved list";
     EXPECT_EQ(employees->cmbJob[0]->currentText(), QStringLiteral("Cook")) << "and keep what they showed";
+    lists->Text1->setText(QStringLiteral("Runner"));
+    lists->cmdAdd->click();
+    Dialogs::queueAnswer(MessageAnswer::No);
+    lists->cmdClose->click();
+    EXPECT_FALSE(lists->isVisible());
+    EXPECT_EQ(site.read(QStringLiteral("Quillon/data/Jobs1.dat")), "\"Cook\"\r\n\"Host ess\"\r\n") << "No drops the edit";
+    employees->findChild<QPushButton *>(QStringLiteral("cmdEdit(0)Job"))->click();
+    lists->cmdClose->click();
+    EXPECT_EQ(test::ShownMessages(), QStringLiteral("message: List Editor | Save changes?\n")) << "asked once: the second close had nothing to save";
 
     employees->cmdPhoneList->click();
     auto *phones = dynamic_cast<PhoneList *>(Screens().existing(QStringLiteral("PhoneList")));

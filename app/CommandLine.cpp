@@ -48,7 +48,8 @@ CommandLine ParseCommandLine(const QStringList &arguments)
     parser.addVersionOption();
     const QCommandLineOption drive(QStringLiteral("drive"),
         QStringLiteral("Maps a drive letter of the site's paths to a host folder, such as C=/srv/pos. "
-                       "Without it, drive X: stands for /mnt/x."),
+                       "Without it, the site chosen at the first start, remembered in ~/.config/qlon/qlon.ini; "
+                       "otherwise drive X: stands for /mnt/x."),
         QStringLiteral("LETTER=FOLDER"));
     const QCommandLineOption script(QStringLiteral("script"),
         QStringLiteral("Runs without a window, driving the screens by the commands of FILE "

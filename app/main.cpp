@@ -7,6 +7,7 @@
 #include "core/FileTable.h"
 #include "core/HostPath.h"
 #include "core/Version.h"
+#include "demo/DemoSite.h"
 #include "platform/SiteSettings.h"
 #include "store/JetCheck.h"
 #include "store/ReportTemplate.h"
@@ -18,9 +19,11 @@
 #include "ui/SiteChooser.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QIcon>
+#include <QStandardPaths>
 
 namespace {
 
@@ -109,6 +112,16 @@ int answerWithoutDisplay(int argc, char *argv[])
     return -1;
 }
 
+// The demonstration site a newcomer can try the program on, in the user's own data folder.
+QString writeDemoSiteToTry()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + QStringLiteral("/demo-site");
+    if (!QDir().mkpath(folder))
+        return {};
+    qlon::WriteDemoSite(folder, qlon::Today());
+    return folder;
+}
+
 // Without a window, standard error holds the program's own notes; Qt's remarks on running with
 // no display (no size hints offscreen, no runtime folder under cron) are not among them.
 void quietenDisplaylessRemarks()
@@ -157,10 +170,11 @@ int main(int argc, char *argv[])
     if (!commandLine.listControls.isEmpty())
         return qlon::ListControls(commandLine.listControls, out, err);
 
-    // A first start on a desktop that finds no site asks for it once.
+    // A start on a desktop that finds no site asks for it; cancelled, the program ends quietly
+    // before any screen loads.
     const bool interactive = !commandLine.scripted() && commandLine.screenshots.isEmpty();
-    if (interactive && !qlon::SiteFound())
-        qlon::AskForSite(nullptr, settings);
+    if (interactive && !qlon::SiteFound() && !qlon::AskForSite(nullptr, settings, writeDemoSiteToTry))
+        return 0;
 
     const QString jetChecker = QCoreApplication::applicationDirPath() + QStringLiteral("/qlon-jet-check");
     if (QFileInfo::exists(jetChecker))

@@ -1,17 +1,25 @@
 #include "editors/BackOffice.h"
 
 #include "core/Ansi.h"
+#include "core/HostPath.h"
 #include "editors/ButtonView.h"
 #include "editors/ListEditor.h"
 #include "editors/PhoneList.h"
 #include "editors/PrinterListView.h"
 #include "editors/PrinterQueueView.h"
 #include "editors/RecipeView.h"
+#include "platform/PathMap.h"
+#include "platform/SiteSettings.h"
 #include "store/SiteConfig.h"
 #include "ui/Controls.h"
+#include "ui/Dialogs.h"
 #include "ui/Program.h"
+#include "ui/SiteChooser.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QLabel>
+#include <QProcess>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -31,10 +39,13 @@ BackOffice::BackOffice(QWidget *parent)
         QStringLiteral("The buttons of the catalogue files, their editor and their recipes"));
     cmdEmployees = MakeButton(this, QStringLiteral("cmdEmployees"), QStringLiteral("&Employees"));
     cmdPrinters = MakeButton(this, QStringLiteral("cmdPrinters"), QStringLiteral("&Printers"));
+    cmdChangeSite = MakeButton(this, QStringLiteral("cmdChangeSite"), QStringLiteral("Change Si&te…"),
+        QStringLiteral("Another site's folder; the program starts again on it"));
     cmdClose = MakeButton(this, QStringLiteral("cmdClose"), QStringLiteral("&Close"));
     auto *layout = new QVBoxLayout(this);
+    lblSite->setWordWrap(true);
     layout->addWidget(lblSite);
-    for (QPushButton *command : {cmdListBuilder, cmdItemsSold, cmdItemButtons, cmdEmployees, cmdPrinters, cmdClose}) {
+    for (QPushButton *command : {cmdListBuilder, cmdItemsSold, cmdItemButtons, cmdEmployees, cmdPrinters, cmdChangeSite, cmdClose}) {
         command->setMinimumHeight(40);
         layout->addWidget(command);
     }
@@ -43,16 +54,34 @@ BackOffice::BackOffice(QWidget *parent)
         {cmdItemButtons, "ButtonView"}, {cmdEmployees, "TCEmployee"}, {cmdPrinters, "PrinterStatus"}};
     for (const auto &[command, screen] : opens)
         OnEvent(command, &QPushButton::clicked, this, [name = QString::fromLatin1(screen)] { ShowScreenInFront(name); });
+    OnEvent(cmdChangeSite, &QPushButton::clicked, this, [this] { changeSite(); });
     OnEvent(cmdClose, &QPushButton::clicked, this, [this] { close(); });
 }
 
 void BackOffice::Form_Load()
 {
     EnsureDataRoot();
-    lblSite->setText(QStringLiteral("Site: ") + FromAnsi(Site().DataRoot));
+    lblSite->setText(QStringLiteral("Site: ") + QDir::toNativeSeparators(HostPath(Site().DataRoot)));
     // The list builder's screen has its own window unless the program was started here.
     const QWidget *main = Screens().existing(QStringLiteral("QLONlistBuilder1"));
     cmdListBuilder->setVisible(!main || !main->isVisible());
+}
+
+// The chosen site is remembered, and the program starts again on it: every screen reads its site
+// as it loads.
+void BackOffice::changeSite()
+{
+    if (Dialogs::scripted()) {
+        Dialogs::noteForScript(QStringLiteral("Change Site asks a person; a script names its site with --drive."));
+        return;
+    }
+    const SiteSettings settings;
+    SiteDialog dialog(this, SitePaths().folderOf(QLatin1Char('C')), {});
+    if (dialog.exec() != QDialog::Accepted || dialog.chosenDrive().isEmpty())
+        return;
+    settings.saveDrive(dialog.chosenDrive());
+    QProcess::startDetached(QCoreApplication::applicationFilePath(), {QStringLiteral("--open"), QStringLiteral("BackOffice")});
+    EndProgram(0);
 }
 
 void RegisterBackOfficeScreens()

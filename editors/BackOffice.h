@@ -27,7 +27,11 @@ public:
     QPushButton *cmdItemButtons;
     QPushButton *cmdEmployees;
     QPushButton *cmdPrinters;
+    QPushButton *cmdChangeSite;
     QPushButton *cmdClose;
+
+private:
+    void changeSite();
 };
 
 // Registers the host and the screens it sets beside the ones it opens: the item editor's button

@@ -28,7 +28,9 @@ namespace qlon {
 BackOffice::BackOffice(QWidget *parent)
     : QWidget(parent)
 {
-    setWindowTitle(QStringLiteral("Back Office"));
+    // Not "Back Office": the analysis' own message names the stations' back office, which this isn't.
+    setWindowTitle(QStringLiteral("Items Sold — Reports"));
+    setMinimumWidth(320);
     HostScreensInBackOffice();
     lblSite = MakeLabel(this, QStringLiteral("lblSite"));
     cmdListBuilder = MakeButton(this, QStringLiteral("cmdListBuilder"), QStringLiteral("&List Builder"),

@@ -9,7 +9,7 @@ class QPushButton;
 
 namespace qlon {
 
-// "Back Office": the way in to the screens that the list builder's own screen doesn't open:
+// "Items Sold — Reports", the back office of this program: the way in to the screens that the list builder's own screen doesn't open:
 // the Items Sold analysis, the employees, the printers and the item buttons, and the list
 // builder itself when the program was started on this screen.
 class BackOffice : public QWidget, public LoadedScreen

@@ -24,15 +24,15 @@ namespace {
 
 // The catalogue files of the site that exist: the food buttons of the four menu sets, the
 // modifier lists, the drinks and the retail articles.
-QByteArrayList siteCatalogueFiles()
+QList<CatalogueFile> siteCatalogueFiles()
 {
     QList<CatalogueFile> files = GatheredCatalogueFiles();
     for (int index = 0; index < ModifierFileCount; ++index)
         files.append(ModifierFile(index));
-    QByteArrayList found;
+    QList<CatalogueFile> found;
     for (const CatalogueFile &file : files) {
         if (FileExists(HostPath(DataPath(file.items))))
-            found.append(DataPath(file.items));
+            found.append(file);
     }
     return found;
 }
@@ -88,8 +88,11 @@ void ButtonView::Form_Load()
 {
     EnsureDataRoot();
     const QSignalBlocker quiet(cboFile);
-    for (const QByteArray &path : siteCatalogueFiles())
-        cboFile->addItem(FromAnsi(path));
+    // What each file holds, beside its path; the path is the entry's data.
+    for (const CatalogueFile &file : siteCatalogueFiles()) {
+        const QString path = FromAnsi(DataPath(file.items));
+        cboFile->addItem(QStringLiteral("%1 — %2").arg(file.what, path), path);
+    }
     pickFile();
 }
 
@@ -114,7 +117,7 @@ void ButtonView::pickFile()
     // The editor saves new items into the file this view shows: one still open on the file
     // before would write into the new one, so it goes, and the next Edit opens it afresh.
     delete Screens().existing(QStringLiteral("FItemButtonFood"));
-    Label1->setText(cboFile->currentText());
+    Label1->setText(cboFile->currentData().toString());
     picCommands->show();
     Fill_data();
 }

@@ -5,9 +5,9 @@
 namespace qlon {
 
 namespace {
-CatalogueFile withSister(const QByteArray &items)
+CatalogueFile withSister(const QByteArray &items, const QString &what)
 {
-    return {items, SisterPath(items)};
+    return {items, SisterPath(items), what};
 }
 } // namespace
 
@@ -17,26 +17,28 @@ CatalogueFile ButtonFile(int index)
     const int place = index % 13;
     const QByteArray folder = set == 0 ? QByteArrayLiteral("ini\\") : "ini\\" + QByteArray::number(set) + '\\';
     const QByteArray name = place == 12 ? QByteArrayLiteral("ButtonFB") : "Button" + QByteArray::number(place);
-    return withSister(folder + name + ".dat");
+    const QString menuSet = set == 0 ? QStringLiteral("main menu set") : QStringLiteral("menu set %1").arg(set);
+    const QString page = place == 12 ? QStringLiteral("page FB") : QStringLiteral("page %1").arg(place);
+    return withSister(folder + name + ".dat", menuSet + QStringLiteral(", ") + page);
 }
 
 std::array<CatalogueFile, 7> LiquorFiles()
 {
     return {{
-        withSister("data\\BeerDraft.dat"),
-        withSister("data\\BeerBottle.dat"),
-        withSister("data\\WineGlass.dat"),
-        withSister("data\\WineBottle.dat"),
-        withSister("data\\cocktail.dat"),
-        withSister("data\\liqModifiers.dat"),
+        withSister("data\\BeerDraft.dat", QStringLiteral("drinks: draft beer")),
+        withSister("data\\BeerBottle.dat", QStringLiteral("drinks: bottled beer")),
+        withSister("data\\WineGlass.dat", QStringLiteral("drinks: wine by the glass")),
+        withSister("data\\WineBottle.dat", QStringLiteral("drinks: wine by the bottle")),
+        withSister("data\\cocktail.dat", QStringLiteral("drinks: cocktails")),
+        withSister("data\\liqModifiers.dat", QStringLiteral("drinks: liquor modifiers")),
         // Spelled so by the stations; names are found without regard to case.
-        {"data\\ExpressBar.dat", "data\\EXpressBar.IVM"},
+        {"data\\ExpressBar.dat", "data\\EXpressBar.IVM", QStringLiteral("drinks: express bar")},
     }};
 }
 
 CatalogueFile RetailFile()
 {
-    return withSister("data\\RetailItems.dat");
+    return withSister("data\\RetailItems.dat", QStringLiteral("retail articles"));
 }
 
 QList<CatalogueFile> GatheredCatalogueFiles()
@@ -52,7 +54,7 @@ QList<CatalogueFile> GatheredCatalogueFiles()
 
 CatalogueFile ModifierFile(int index)
 {
-    return withSister("ini\\Mod" + QByteArray::number(index) + ".dat");
+    return withSister("ini\\Mod" + QByteArray::number(index) + ".dat", QStringLiteral("modifier list %1").arg(index));
 }
 
 } // namespace qlon

@@ -2,16 +2,19 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QString>
 
 #include <array>
 
 namespace qlon {
 
-// An item file of the catalogue and its recipe file, as paths under DataRoot.
+// An item file of the catalogue and its recipe file, as paths under DataRoot, and what the file
+// holds, for a person: "menu set 1, page 7".
 struct CatalogueFile
 {
     QByteArray items;
     QByteArray recipes;
+    QString what = {};
 };
 
 // The food buttons: four menu sets (ini\, ini\1\ to ini\3\) of thirteen files each,

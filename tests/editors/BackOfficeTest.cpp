@@ -141,6 +141,7 @@ TEST_F(BackOfficeTest, AnItemPickedInTheButtonViewIsEditedSavedAndDeletedThere)
 {
     ButtonView *view = openButtonView();
     EXPECT_EQ(view->Label1->text(), FromAnsi(Site().DataRoot) + QStringLiteral("ini\\Button0.dat"));
+    EXPECT_EQ(view->cboFile->currentText(), QStringLiteral("main menu set, page 0 — ") + view->Label1->text());
     ASSERT_EQ(view->lstRecords->count(), 3);
     EXPECT_EQ(view->lstRecords->item(1)->text(), QStringLiteral("   2  Fries"));
 
@@ -269,7 +270,8 @@ TEST_F(BackOfficeTest, EmployeeCompanionsEditAListFileAndListThePhones)
     EXPECT_EQ(site.read(QStringLiteral("Quillon/data/Jobs1.dat")), "\"Cook\"\r\n\"Host ess\"\r\n") << "No drops the edit";
     employees->findChild<QPushButton *>(QStringLiteral("cmdEdit(0)Job"))->click();
     lists->cmdClose->click();
-    EXPECT_EQ(test::ShownMessages(), QStringLiteral("message: List Editor | Save changes?\n")) << "asked once: the second close had nothing to save";
+    EXPECT_EQ(test::ShownMessages(), QStringLiteral("message: List Editor | Save changes?\n"))
+        << "asked once: the second close had nothing to save";
 
     employees->cmdPhoneList->click();
     auto *phones = dynamic_cast<PhoneList *>(Screens().existing(QStringLiteral("PhoneList")));

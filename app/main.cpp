@@ -95,7 +95,7 @@ int answerWithoutDisplay(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     const qlon::CommandLine commandLine = qlon::ParseCommandLine(QCoreApplication::arguments());
     if (!commandLine.error.isEmpty()) {
-        QTextStream(stderr) << "qlon: " << commandLine.error << Qt::endl;
+        QTextStream(stderr) << "qlon: " << commandLine.error << "\nTry 'qlon --help'." << Qt::endl;
         return 2;
     }
     if (!commandLine.help.isEmpty()) {

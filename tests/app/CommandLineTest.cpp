@@ -25,7 +25,7 @@ TEST(CommandLineTest, HelpVersionAndOptionErrorsNeedNoDisplay)
     const Answer answers[] = {
         {{QStringLiteral("--help")}, 0, QStringLiteral("--drive <LETTER=FOLDER>")},
         {{QStringLiteral("--version")}, 0, QStringLiteral("qlon ") + QLatin1String(ProgramVersion)},
-        {{QStringLiteral("--no-such-option")}, 2, QStringLiteral("qlon: Unknown option 'no-such-option'.")},
+        {{QStringLiteral("--no-such-option")}, 2, QStringLiteral("qlon: Unknown option 'no-such-option'.\nTry 'qlon --help'.")},
         {{QStringLiteral("--today"), QStringLiteral("23/11/2026")}, 2, QStringLiteral("qlon: --today takes a date as YYYY-MM-DD")},
         {{QStringLiteral("--drive"), QStringLiteral("/srv/pos")}, 2, QStringLiteral("qlon: --drive takes LETTER=FOLDER")},
         {{QStringLiteral("--drive"), QStringLiteral("C=/no/such/site")}, 2,

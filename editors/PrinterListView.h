@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+class QLabel;
 class QPushButton;
 class QTableWidget;
 
@@ -22,6 +23,7 @@ public:
     void Command1_Click() override;
 
     QTableWidget *grdPrinters;
+    QLabel *lblService; // says so when no print service answers
     QPushButton *Command1; // "Refresh"
     QPushButton *cmdClose;
 };

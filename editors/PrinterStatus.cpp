@@ -6,6 +6,7 @@
 #include "core/RecordFile.h"
 #include "core/RuntimeError.h"
 #include "core/Yield.h"
+#include "platform/ProgramStart.h"
 #include "platform/spooler/PrintSpooler.h"
 #include "store/IniRec2300.h"
 #include "store/ProgramGlobals.h"
@@ -14,14 +15,12 @@
 #include "ui/Program.h"
 #include "ui/ScreenTimer.h"
 
-#include <QDesktopServices>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QUrl>
 
 namespace qlon {
 
@@ -267,14 +266,21 @@ void PrinterStatus::Spool_Click(int panel)
     }
 }
 
-// Opens the system's printer settings: the spooler's own pages.
+// Opens the system's printer settings; where nothing here can show them, says what to run. The
+// Windows command's own failure keeps its error text.
 void PrinterStatus::StartCPLApp(const QString &item)
 {
-    if (QDesktopServices::openUrl(QUrl(QStringLiteral("http://localhost:631/printers/"))))
+    if (StartPrinterSettings(item) == ProgramStart::Started)
         return;
+#ifdef Q_OS_WIN
     const RuntimeError error(RuntimeError::FileNotFound);
     Dialogs::showMessage(this, QStringLiteral(" Error ") + QString::number(error.number()),
         error.description() + QStringLiteral(" While executing ") + item);
+#else
+    Dialogs::showNote(this, cmdWinPrinters->text(),
+        QStringLiteral("No printer settings program or browser could be started here. Install system-config-printer, "
+                       "or open http://localhost:631/printers/ in a browser."));
+#endif
 }
 
 } // namespace qlon

@@ -1,5 +1,6 @@
 #include "platform/ProgramStart.h"
 
+#include <QList>
 #include <QProcess>
 #include <QStandardPaths>
 
@@ -26,20 +27,47 @@ void SetProgramStarter(ProgramStarter replacement)
     starter() = replacement.find && replacement.start ? std::move(replacement) : hostStarter();
 }
 
-KeyboardStart StartOnScreenKeyboard()
+namespace {
+
+// The first of the programs that is installed, started with its arguments.
+ProgramStart startFirstInstalled(const QList<QStringList> &commands)
+{
+    const ProgramStarter &host = starter();
+    for (const QStringList &command : commands) {
+        const QString program = host.find(command.constFirst());
+        if (!program.isEmpty())
+            return host.start(program, command.mid(1)) ? ProgramStart::Started : ProgramStart::FailedToStart;
+    }
+    return ProgramStart::NoneInstalled;
+}
+
+QStringList commandOf(const QString &line)
+{
+    return line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+ProgramStart StartOnScreenKeyboard()
 {
 #ifdef Q_OS_WIN
-    const char *const keyboards[] = {"c:\\Windows\\system32\\osk.exe", "osk"};
+    return startFirstInstalled({{QStringLiteral("c:\\Windows\\system32\\osk.exe")}, {QStringLiteral("osk")}});
 #else
-    const char *const keyboards[] = {"onboard", "florence", "matchbox-keyboard", "xvkbd"};
+    return startFirstInstalled(
+        {{QStringLiteral("onboard")}, {QStringLiteral("florence")}, {QStringLiteral("matchbox-keyboard")}, {QStringLiteral("xvkbd")}});
 #endif
-    const ProgramStarter &host = starter();
-    for (const char *name : keyboards) {
-        const QString keyboard = host.find(QString::fromLatin1(name));
-        if (!keyboard.isEmpty())
-            return host.start(keyboard, {}) ? KeyboardStart::Started : KeyboardStart::FailedToStart;
-    }
-    return KeyboardStart::NoneInstalled;
+}
+
+ProgramStart StartPrinterSettings(const QString &windowsCommand)
+{
+#ifdef Q_OS_WIN
+    return startFirstInstalled({commandOf(windowsCommand)});
+#else
+    Q_UNUSED(windowsCommand);
+    return startFirstInstalled({{QStringLiteral("system-config-printer")}, commandOf(QStringLiteral("gnome-control-center printers")),
+        commandOf(QStringLiteral("kcmshell6 kcm_printer_manager")), commandOf(QStringLiteral("kcmshell5 kcm_printer_manager")),
+        commandOf(QStringLiteral("xdg-open http://localhost:631/printers/"))});
+#endif
 }
 
 } // namespace qlon

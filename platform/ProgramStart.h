@@ -18,7 +18,7 @@ struct ProgramStarter
 // The host's starter in place again when `starter` has no parts.
 void SetProgramStarter(ProgramStarter starter);
 
-enum class KeyboardStart {
+enum class ProgramStart {
     Started,
     FailedToStart,
     NoneInstalled,
@@ -26,6 +26,11 @@ enum class KeyboardStart {
 
 // Starts the system's on-screen keyboard: Windows' own, at its fixed place or on the path,
 // elsewhere the first of the desktops' keyboards that is installed, onboard first.
-KeyboardStart StartOnScreenKeyboard();
+ProgramStart StartOnScreenKeyboard();
+
+// Opens the system's printer settings: on Windows `windowsCommand` (the control panel's), elsewhere
+// the first of the desktops' printer settings that is installed, or the print service's own pages
+// in the browser.
+ProgramStart StartPrinterSettings(const QString &windowsCommand);
 
 } // namespace qlon

@@ -172,7 +172,7 @@ void QLONserverLiquor::connectHandlers()
     OnEvent(SSCommand4, &QPushButton::clicked, this, [] {
         // The system's on-screen keyboard, whose start isn't looked at; a machine without any is
         // the error nobody handles.
-        if (StartOnScreenKeyboard() == KeyboardStart::NoneInstalled)
+        if (StartOnScreenKeyboard() == ProgramStart::NoneInstalled)
             throw RuntimeError(RuntimeError::FileNotFound, QStringLiteral("c:\\Windows\\system32\\osk.exe"));
     });
     OnEvent(SSCommand5, &QPushButton::clicked, this, [this] {

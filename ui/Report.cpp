@@ -395,9 +395,11 @@ void TellWherePrinted(QWidget *parent, const QString &pdfPath)
         Dialogs::noteForScript(where);
         return;
     }
-    if (Dialogs::showMessage(parent, QStringLiteral("PRINT"), where + QStringLiteral("\n\nOpen it?"), MessageButtons::YesNo) ==
+    if (Dialogs::showMessage(parent, QStringLiteral("PRINT"), where + QStringLiteral("\n\nOpen it?"), MessageButtons::YesNo) !=
         MessageAnswer::Yes)
-        QDesktopServices::openUrl(QUrl::fromLocalFile(pdfPath));
+        return;
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(pdfPath)))
+        Dialogs::showNote(parent, QStringLiteral("PRINT"), QStringLiteral("No program here opens PDF files. ") + where);
 }
 
 std::unique_ptr<ReportOutput> ChooseReportOutput(const QString &fallbackPdf, QString *pdfPath)

@@ -22,6 +22,7 @@ public:
         freeDests = resolve<decltype(&cupsFreeDests)>("cupsFreeDests");
         getOption = resolve<decltype(&cupsGetOption)>("cupsGetOption");
         getJobs = resolve<decltype(&cupsGetJobs)>("cupsGetJobs");
+        lastError = resolve<decltype(&cupsLastError)>("cupsLastError");
         freeJobs = resolve<decltype(&cupsFreeJobs)>("cupsFreeJobs");
     }
 
@@ -32,6 +33,7 @@ public:
     decltype(&cupsGetOption) getOption = nullptr;
     decltype(&cupsGetJobs) getJobs = nullptr;
     decltype(&cupsFreeJobs) freeJobs = nullptr;
+    decltype(&cupsLastError) lastError = nullptr;
 
 private:
     template<typename Function>
@@ -50,10 +52,12 @@ public:
     QList<SystemPrinter> printers() override
     {
         const CupsLibrary &cups = library();
+        m_answered = false;
         if (!cups.loaded())
             return {};
         cups_dest_t *dests = nullptr;
         const int count = cups.getDests(&dests);
+        m_answered = count > 0 || !cups.lastError || cups.lastError() < IPP_STATUS_REDIRECTION_OTHER_SITE;
         QList<SystemPrinter> found;
         for (int index = 0; index < count; ++index) {
             const cups_dest_t &dest = dests[index];
@@ -84,12 +88,16 @@ public:
         return found;
     }
 
+    bool answered() const override { return m_answered; }
+
 private:
     static const CupsLibrary &library()
     {
         static const CupsLibrary cups;
         return cups;
     }
+
+    bool m_answered = true;
 };
 
 PrintSpooler *replacement = nullptr;

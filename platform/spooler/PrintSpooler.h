@@ -30,6 +30,9 @@ public:
     virtual ~PrintSpooler() = default;
 
     virtual QList<SystemPrinter> printers() = 0;
+    // Whether a print service answered the last request for the printers: none means that no
+    // service runs here, rather than that it has no printers.
+    virtual bool answered() const { return true; }
     // The jobs waiting in the printer's queue, oldest first, at most `limit`; none when the
     // request fails.
     virtual QList<PrintJob> jobs(const QString &deviceName, int limit) = 0;

@@ -223,6 +223,17 @@ TEST_F(BackOfficeTest, PrinterCompanionsShowTheSpoolersQueuesAndTheOthersAreDisa
     ASSERT_NE(all, nullptr);
     ASSERT_EQ(all->grdPrinters->rowCount(), 2);
     EXPECT_EQ(all->grdPrinters->item(1, 2)->text(), QStringLiteral("127")) << "a queue is counted up to 127 jobs";
+    EXPECT_FALSE(all->lblService->isVisibleTo(all));
+    struct NoService : TwoPrinters
+    {
+        QList<SystemPrinter> printers() override { return {}; }
+        bool answered() const override { return false; }
+    } noService;
+    SetSpooler(&noService);
+    all->Command1->click();
+    EXPECT_EQ(all->grdPrinters->rowCount(), 0);
+    EXPECT_TRUE(all->lblService->isVisibleTo(all)) << "an empty list says why";
+    SetSpooler(&spooler);
 
     auto *details = dynamic_cast<PrinterQueueView *>(Screens().touch(PrinterDetailsCompanion));
     details->setPrinter(QStringLiteral("Kitchen Star"));

@@ -13,6 +13,7 @@
 #include "ui/Controls.h"
 #include "ui/Dialogs.h"
 #include "ui/Program.h"
+#include "ui/ScreenKeys.h"
 #include "ui/ScreenTimer.h"
 
 #include <QGridLayout>
@@ -126,6 +127,7 @@ void PrinterStatus::connectHandlers()
 {
     OnEvent(m_timer, &ScreenTimer::timeout, this, [this] { Timer1_Timer(); });
     OnEvent(cmdDone, &QPushButton::clicked, this, [this] { DoneWithScreen(this); });
+    MarkAsProgramsEnd(cmdDone);
     OnEvent(cmdAllPrinters, &QPushButton::clicked, this, [this] {
         if (PrinterCompanion *list = showCompanion(PrinterListCompanion))
             list->Command1_Click();

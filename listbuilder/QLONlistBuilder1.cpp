@@ -27,6 +27,7 @@
 #include "ui/Dialogs.h"
 #include "ui/MList.h"
 #include "ui/Program.h"
+#include "ui/ScreenKeys.h"
 #include "ui/VbComboBox.h"
 
 #include <QButtonGroup>
@@ -265,6 +266,7 @@ void QLONlistBuilder1::connectHandlers()
             screen->OpenServerSales();
     });
     OnEvent(SSCommand1, &QPushButton::clicked, this, [this] { SSCommand1_Click(); });
+    MarkAsProgramsEnd(SSCommand1);
     OnEvent(cmdItemsSold, &QPushButton::clicked, this, [] { ShowScreenInFront(QStringLiteral("QlonItemsSold")); });
 }
 

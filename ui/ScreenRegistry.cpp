@@ -1,7 +1,11 @@
 #include "ui/ScreenRegistry.h"
 
+#include "platform/SiteSettings.h"
+#include "ui/Dialogs.h"
 #include "ui/ScreenFit.h"
+#include "ui/ScreenKeys.h"
 #include "ui/TabOrder.h"
+#include "ui/WindowPlace.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -42,9 +46,15 @@ QWidget *ScreenRegistry::make(const QString &name) const
     QWidget *screen = factory->second();
     screen->setObjectName(name);
     SetTabOrderByLayout(screen);
-    // On a desktop, a screen larger than the display scrolls; a run without one is left as laid out.
-    if (const QScreen *display = QGuiApplication::primaryScreen(); display && QGuiApplication::platformName() != QLatin1String("offscreen"))
+    AddStandardKeys(screen);
+    NameControlsFromLabels(screen);
+    // On a desktop, a screen larger than the display scrolls, and comes back where it was left; a
+    // run without one is left as laid out, and keeps nothing.
+    const QScreen *display = QGuiApplication::primaryScreen();
+    if (display && QGuiApplication::platformName() != QLatin1String("offscreen") && !Dialogs::scripted()) {
         FitOnDisplay(screen, display->availableGeometry().size());
+        RememberWindowPlace(screen, SiteSettings::defaultFile());
+    }
     return screen;
 }
 

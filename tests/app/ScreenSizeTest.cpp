@@ -7,6 +7,10 @@
 #include "ui/Program.h"
 #include "ui/ScreenRegistry.h"
 
+#include <QAbstractItemView>
+#include <QCalendarWidget>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -29,6 +33,33 @@ TEST(ScreenSizeTest, EveryScreenFitsA1024By768Display)
         EXPECT_LE(screen->width(), 1024) << name.toStdString();
         EXPECT_LE(screen->height(), 740) << name.toStdString();
     }
+    Screens().clear();
+}
+
+// A screen reader names every box, picker, calendar and list by its label, or at least its tip.
+TEST(ScreenSizeTest, EveryInputControlHasAnAccessibleName)
+{
+    const test::TempSite site;
+    WriteDemoSite(site.driveFolder(), QDate(2026, 11, 23));
+    RegisterScreens();
+    TouchScreen(QStringLiteral("QLONlistBuilder1"));
+    for (const QString &name : Screens().names()) {
+        QWidget *screen = TouchScreen(name);
+        for (QWidget *control : screen->findChildren<QWidget *>()) {
+            const bool input = qobject_cast<QLineEdit *>(control) || qobject_cast<QComboBox *>(control) ||
+                qobject_cast<QAbstractItemView *>(control) || qobject_cast<QCalendarWidget *>(control);
+            if (!input || control->objectName().isEmpty() || control->objectName().startsWith(QLatin1String("qt_")) ||
+                qobject_cast<QComboBox *>(control->parentWidget()) || qobject_cast<QCalendarWidget *>(control->parentWidget()))
+                continue;
+            EXPECT_FALSE(control->accessibleName().isEmpty()) << (name + QLatin1Char('.') + control->objectName()).toStdString();
+        }
+    }
+    const auto nameOf = [](const char *screen, const char *control) {
+        return Screens().existing(QLatin1String(screen))->findChild<QWidget *>(QLatin1String(control))->accessibleName();
+    };
+    EXPECT_EQ(nameOf("TCEmployee", "txtName"), QStringLiteral("Name")) << "the label before it";
+    EXPECT_EQ(nameOf("QLONlistBuilder1", "Combo2"), QStringLiteral("Start Time"));
+    EXPECT_EQ(nameOf("PhoneList", "grdPhones"), QStringLiteral("Phone List list")) << "no label, no tip";
     Screens().clear();
 }
 

@@ -9,7 +9,7 @@ packages=(
   mdbtools-dev libsqlite3-dev libcups2-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   poppler-utils clang-format clang-tidy python3
-  onboard cups-daemon cups-client
+  onboard cups-daemon cups-client lintian
 )
 
 missing=()

@@ -5,8 +5,8 @@ if(NOT status EQUAL 0)
   message(FATAL_ERROR "cmake --install failed: ${status}")
 endif()
 foreach(file bin/qlon bin/qlon-demo-site bin/qlon-jet-check share/applications/qlon.desktop share/icons/hicolor/256x256/apps/qlon.png
-        share/man/man1/qlon.1
-        share/doc/qlon/README.md)
+        share/icons/hicolor/48x48/apps/qlon.png share/icons/hicolor/scalable/apps/qlon.svg share/man/man1/qlon.1.gz
+        share/doc/qlon/README.md share/doc/qlon/copyright share/doc/qlon/changelog.gz)
   if(NOT EXISTS "${PREFIX}/${file}")
     message(FATAL_ERROR "the installed tree has no ${file}")
   endif()
@@ -24,3 +24,23 @@ if(NOT status EQUAL 0 OR NOT printed MATCHES "Open it with: qlon --drive C=${PRE
   message(FATAL_ERROR "qlon-demo-site FOLDER said: ${printed}")
 endif()
 file(REMOVE_RECURSE "${PREFIX}")
+
+# The Debian package of the same tree, as lintian reads it: no error.
+find_program(LINTIAN lintian)
+if(LINTIAN)
+  set(packages "${PREFIX}-deb")
+  file(REMOVE_RECURSE "${packages}")
+  execute_process(COMMAND cpack -G DEB -B "${packages}" WORKING_DIRECTORY "${BUILD_DIR}" RESULT_VARIABLE status OUTPUT_VARIABLE printed
+    ERROR_VARIABLE printed)
+  file(GLOB package "${packages}/*.deb")
+  if(NOT status EQUAL 0 OR NOT package)
+    message(FATAL_ERROR "cpack -G DEB failed: ${printed}")
+  endif()
+  execute_process(COMMAND "${LINTIAN}" --fail-on error --allow-root ${package} RESULT_VARIABLE status OUTPUT_VARIABLE printed
+    ERROR_VARIABLE printed)
+  file(REMOVE_RECURSE "${packages}")
+  if(NOT status EQUAL 0)
+    message(FATAL_ERROR "lintian found errors:\n${printed}")
+  endif()
+  message(STATUS "lintian:\n${printed}")
+endif()

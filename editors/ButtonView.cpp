@@ -75,7 +75,8 @@ ButtonView::ButtonView(QWidget *parent)
     layout->addWidget(cmdClose, 4, 2);
     resize(420, 560);
 
-    OnEvent(cboFile, &QComboBox::currentIndexChanged, this, [this] { pickFile(); });
+    // A pick, even of the file already picked: it brings back a file after a modifier list.
+    OnEvent(cboFile, &QComboBox::activated, this, [this] { pickFile(); });
     OnEvent(lstRecords, &QListWidget::currentRowChanged, this, [this] { Label3->setText(QString::number(pickedRecord())); });
     OnEvent(lstRecords, &QListWidget::itemActivated, this, [this] { editRecord(); });
     OnEvent(cmdEdit, &QPushButton::clicked, this, [this] { editRecord(); });
@@ -87,7 +88,6 @@ ButtonView::ButtonView(QWidget *parent)
 void ButtonView::Form_Load()
 {
     EnsureDataRoot();
-    const QSignalBlocker quiet(cboFile);
     // What each file holds, beside its path; the path is the entry's data.
     for (const CatalogueFile &file : siteCatalogueFiles()) {
         const QString path = FromAnsi(DataPath(file.items));
@@ -150,8 +150,8 @@ void ButtonView::SSCommand1_Click()
 }
 
 // The modifier list only to look at: the commands and the recipe stay out of sight, and the
-// file stays the editor's, as Add New and Save New read it. The picker goes blank, so that
-// picking any file, the same one too, brings the commands back.
+// file stays the editor's, as Add New and Save New read it. The picker keeps the file picked;
+// picking any file, that one too, brings its records and the commands back.
 void ButtonView::showModifierList(const QByteArray &path)
 {
     const QString itemFile = Label1->text();
@@ -162,8 +162,6 @@ void ButtonView::showModifierList(const QByteArray &path)
     picCommands->hide();
     if (QWidget *recipe = Screens().existing(QStringLiteral("RecipeView")))
         recipe->hide();
-    const QSignalBlocker quiet(cboFile);
-    cboFile->setCurrentIndex(-1);
     show();
 }
 

@@ -161,6 +161,18 @@ TEST_F(BackOfficeTest, AnItemPickedInTheButtonViewIsEditedSavedAndDeletedThere)
     editor->cmdDelete->click();
     EXPECT_EQ(view->lstRecords->item(1)->text(), QStringLiteral("   2  Avaliable")) << "the view is listed again";
     EXPECT_EQ(view->lstRecords->currentRow(), 1) << "and keeps its place";
+
+    // A modifier list shown from the editor hides the commands; the file stays picked, and picking
+    // it again brings it back.
+    site.write(QStringLiteral("Quillon/ini/Mod1.dat"), test::CatalogueItem({"Rare", "Food", "0.00"}).bytes());
+    const QString picked = view->cboFile->currentText();
+    view->showModifierList(Site().DataRoot + "ini\\Mod1.dat");
+    EXPECT_FALSE(view->picCommands->isVisibleTo(view));
+    EXPECT_EQ(view->lstRecords->item(0)->text(), QStringLiteral("   1  Rare"));
+    EXPECT_EQ(view->cboFile->currentText(), picked);
+    emit view->cboFile->activated(view->cboFile->currentIndex());
+    EXPECT_TRUE(view->picCommands->isVisibleTo(view));
+    EXPECT_EQ(view->lstRecords->item(1)->text(), QStringLiteral("   2  Avaliable"));
 }
 
 TEST_F(BackOfficeTest, TheRecipeViewShowsTheTwentyRowsAndWritesBackOnlyWhatChanged)

@@ -170,6 +170,25 @@ int chainReport(const QStringList &arguments, QTextStream &out, QTextStream &err
     return 0;
 }
 
+// The first word of the command line that is neither an option nor an option's value.
+QString commandWord(const QStringList &arguments)
+{
+    static const QStringList valueOptions = {QStringLiteral("drive"), QStringLiteral("script"), QStringLiteral("screenshot"),
+        QStringLiteral("today"), QStringLiteral("open"), QStringLiteral("list-controls"), QStringLiteral("from"), QStringLiteral("to"),
+        QStringLiteral("start-time"), QStringLiteral("end-time"), QStringLiteral("category"), QStringLiteral("department"),
+        QStringLiteral("server"), QStringLiteral("pdf"), QStringLiteral("csv"), QStringLiteral("format"), QStringLiteral("chain"),
+        QStringLiteral("sites"), QStringLiteral("site")};
+    for (qsizetype index = 1; index < arguments.size(); ++index) {
+        const QString &argument = arguments[index];
+        if (!argument.startsWith(QLatin1Char('-')))
+            return argument;
+        const QString name = argument.mid(argument.startsWith(QLatin1String("--")) ? 2 : 1);
+        if (valueOptions.contains(name))
+            ++index;
+    }
+    return {};
+}
+
 } // namespace
 
 int RunChainCommand(int argc, char *argv[])
@@ -177,8 +196,9 @@ int RunChainCommand(int argc, char *argv[])
     QStringList arguments;
     for (int index = 0; index < argc; ++index)
         arguments.append(QString::fromLocal8Bit(argv[index]));
-    const bool syncing = arguments.contains(QLatin1String("sync"));
-    const bool chained = arguments.contains(QLatin1String("report")) &&
+    const QString command = commandWord(arguments);
+    const bool syncing = command == QLatin1String("sync");
+    const bool chained = command == QLatin1String("report") &&
         std::any_of(
             arguments.cbegin(), arguments.cend(), [](const QString &argument) { return argument.startsWith(QLatin1String("--chain")); });
     if (!syncing && !chained)

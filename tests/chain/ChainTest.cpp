@@ -73,6 +73,17 @@ QByteArray chainState(ChainDatabase &database)
         valueOf(database, "SELECT string_agg(site_id || day_key || digest, ',' ORDER BY site_id, day_key) FROM site_days");
 }
 
+// Polls the server until the query counts 1, for a minute at the most.
+bool becomesOne(ChainDatabase &database, const QByteArray &query)
+{
+    for (int poll = 0; poll < 600; ++poll) {
+        if (valueOf(database, query) == "1")
+            return true;
+        QThread::msleep(100);
+    }
+    return false;
+}
+
 class ChainTest : public ::testing::Test
 {
 protected:
@@ -155,8 +166,42 @@ TEST_F(ChainTest, ASyncKilledHalfWayLeavesTheStateBefore)
     EXPECT_EQ(valueOf(database, "SELECT count(*) FROM sales"), before.split(' ').first());
 }
 
+TEST_F(ChainTest, TwoSyncsOfASiteAtOnceWriteItsRowsOnce)
+{
+    const QByteArray url = server->createDatabase("twice");
+    test::TempSite site;
+    WriteDemoSite(site.driveFolder(), salesToday);
+    const QStringList sync = {QStringLiteral("--drive"), QStringLiteral("C=") + site.driveFolder(), QStringLiteral("sync"),
+        QStringLiteral("--to"), QString::fromUtf8(url)};
+    ChainDatabase database(url);
+    MigrateChainSchema(database);
+    // The first sync waits at the digests with its rows written; the second comes meanwhile.
+    ChainDatabase holder(url);
+    holder.exec("BEGIN");
+    holder.exec("LOCK TABLE site_days IN SHARE MODE");
+    QProcess first;
+    first.start(QStringLiteral(QLON_PROGRAM), sync);
+    ASSERT_TRUE(becomesOne(
+        database, "SELECT count(*) FROM pg_stat_activity WHERE wait_event_type = 'Lock' AND query LIKE 'DELETE FROM site_days%'"));
+    QProcess second;
+    second.start(QStringLiteral(QLON_PROGRAM), sync);
+    const bool secondWaits = becomesOne(database, "SELECT count(*) FROM pg_stat_activity WHERE wait_event = 'advisory'");
+    holder.exec("ROLLBACK");
+    ASSERT_TRUE(first.waitForFinished(processMilliseconds) && second.waitForFinished(processMilliseconds));
+    EXPECT_TRUE(secondWaits);
+    EXPECT_EQ(first.exitCode(), 0);
+    EXPECT_EQ(second.exitCode(), 0) << second.readAllStandardError().toStdString();
+    const SiteSnapshot snapshot = ReadSite(QString(), [](qint64) {});
+    EXPECT_EQ(valueOf(database, "SELECT count(*) FROM sales").toLongLong(), snapshot.rowCount);
+}
+
 TEST_F(ChainTest, FaultsEndWithStatusOneAndTheReasonAndLeaveOtherSitesAlone)
 {
+    EXPECT_EQ(runQlon({QStringLiteral("sync")}).status, 2) << "a sync needs --to";
+    EXPECT_EQ(
+        runQlon({QStringLiteral("report"), QStringLiteral("main"), QStringLiteral("--chain"), QStringLiteral("host=/nonexistent")}).status,
+        2)
+        << "a report over the chain needs its dates";
     test::TempSite site;
     WriteDemoSite(site.driveFolder(), salesToday);
     const QStringList drive = {QStringLiteral("--drive"), QStringLiteral("C=") + site.driveFolder(), QStringLiteral("sync")};

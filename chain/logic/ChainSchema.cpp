@@ -24,7 +24,9 @@ const QByteArrayList versionOne = {
     // that row's day; `item` trimmed, or the item of the row before for a null one; `cents` the
     // price rounded as Calculate Sales adds it, `units` the quantity's numeric value; beside them
     // the raw texts. `seq` is the row's place in the site's table, whose order the reports keep.
-    "CREATE TABLE sales (site_id integer NOT NULL REFERENCES sites, seq bigint NOT NULL, day date, sold_at time,"
+    // No foreign key: a site's partition exists only for a site of the table, and a key checked on
+    // every row would cost a sync more than the rows themselves.
+    "CREATE TABLE sales (site_id integer NOT NULL, seq bigint NOT NULL, day date, sold_at time,"
     " carried_day date, carried_sold_at time, item text, cents bigint NOT NULL, units double precision NOT NULL,"
     " item_type text, receipt text, item_text text, order_date_text text, time_text text, price_text text,"
     " quantity_text text) PARTITION BY LIST (site_id)",

@@ -38,6 +38,12 @@ QString siteName()
 
 } // namespace
 
+ReportHeading HeadingOf(const ReportRequest &request, const QString &site, QDate from, QDate to)
+{
+    return {
+        site, from, to, pickerTime(request.startTime, QStringLiteral("12:00 am")), pickerTime(request.endTime, QStringLiteral("11:59 pm"))};
+}
+
 QStringList ReportHeading::lines() const
 {
     return {QStringLiteral("Site: ") + site, QStringLiteral("Span: %1 to %2").arg(from.toString(Qt::ISODate), to.toString(Qt::ISODate)),
@@ -55,8 +61,7 @@ ReportRun::ReportRun(const ReportRequest &request, QTextStream &out, QTextStream
         if (!file->isEmpty())
             *file = DatedName(*file);
     }
-    m_heading.startTime = pickerTime(m_request.startTime, QStringLiteral("12:00 am"));
-    m_heading.endTime = pickerTime(m_request.endTime, QStringLiteral("11:59 pm"));
+    m_heading = HeadingOf(m_request, {}, {}, {});
     // However the program ends from here on, the figures gathered so far are printed.
     SetProgramEndHook([this](int status, const RuntimeError *failure) {
         finish(status, failure ? failure->message().simplified() : QString());
@@ -90,9 +95,7 @@ int ReportRun::run()
         m_out << script;
         return 0;
     }
-    m_heading.site = siteName();
-    m_heading.from = ReportDay(from);
-    m_heading.to = ReportDay(to);
+    m_heading = HeadingOf(m_request, siteName(), ReportDay(from), ReportDay(to));
     for (const QString &file : {m_request.pdf, m_request.csv}) {
         if (!file.isEmpty())
             m_filesBefore.append({file, StampOf(file)});

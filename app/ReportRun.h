@@ -24,6 +24,10 @@ struct ReportHeading
     QStringList lines() const;
 };
 
+// The heading of a request over a site's span: the request's times in the pickers' own form, the
+// whole day where it names none.
+ReportHeading HeadingOf(const ReportRequest &request, const QString &site, QDate from, QDate to);
+
 // One `qlon report`: the line checked against the site, the script run on the screens, and the
 // figures printed at the end as text or JSON however the run ends, a failure's included. A file the
 // request names that the run didn't write is an error, even where the screens pass over a failure.

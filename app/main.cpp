@@ -1,3 +1,4 @@
+#include "app/ChainCommands.h"
 #include "app/CommandLine.h"
 #include "app/ControlList.h"
 #include "app/ReportRun.h"
@@ -141,6 +142,8 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName(QStringLiteral("qlon"));
     QCoreApplication::setApplicationVersion(QLatin1String(qlon::ProgramVersion));
     qlon::RegisterScreens();
+    if (const int status = qlon::RunChainCommand(argc, argv); status >= 0)
+        return status;
     if (const int status = answerWithoutDisplay(argc, argv); status >= 0)
         return status;
     if (qlon::RunsWithoutWindow(argc, argv)) {

@@ -10,6 +10,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   poppler-utils clang-format clang-tidy python3
   onboard cups-daemon cups-client lintian
+  libpq-dev postgresql-15
 )
 
 missing=()

@@ -40,16 +40,29 @@ bool SpanFilter::contains(QByteArrayView orderDate, QByteArrayView time)
     const std::optional<QDate> date = m_dates.get(orderDate, [orderDate] { return ToDate(orderDate); });
     if (before(date, m_from) || before(m_to, date))
         return false;
-    // Times in the long form are read directly: a memo of them would grow with the rows' seconds.
-    std::optional<QTime> rowTime = ReadLongTime(time);
-    if (!rowTime)
-        rowTime = m_times.get(time, [time] { return ToTime(time); });
+    const std::optional<QTime> rowTime = SaleTime(time, m_times);
     return !onDayOutsideHours(date, m_from, rowTime, m_start, true) && !onDayOutsideHours(date, m_to, rowTime, m_end, false);
 }
 
 bool InSpan(QByteArrayView orderDate, QByteArrayView time, const SalesSpan &span)
 {
     return SpanFilter(span).contains(orderDate, time);
+}
+
+std::optional<QTime> SaleTime(QByteArrayView time, Memo<QByteArray, std::optional<QTime>> &times)
+{
+    // Times in the long form are read directly: a memo of them would grow with the rows' seconds.
+    if (const std::optional<QTime> longTime = ReadLongTime(time))
+        return longTime;
+    return times.get(time, [time] { return ToTime(time); });
+}
+
+double LinePrice(QByteArrayView price, Memo<QByteArray, double> &roundedPrices)
+{
+    // Prices change from row to row: a memo of the plain ones would grow with them.
+    if (const std::optional<double> plainPrice = ReadUnsignedDecimal(price, 2))
+        return *plainPrice;
+    return roundedPrices.get(price, [price] { return FormattedValue(price, "########.##"); });
 }
 
 SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
@@ -69,11 +82,7 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
         ItemSales &sales = walk.sales;
         if (item.isEmpty() || !filter.contains(columns[OrderDate], columns[Time]))
             return true;
-        // Prices change from row to row: a plain one, which the pattern neither rounds nor cuts,
-        // is read directly.
-        const QByteArrayView price = columns[UnitPrice];
-        const std::optional<double> plainPrice = ReadUnsignedDecimal(price, 2);
-        sales.sales += plainPrice ? *plainPrice : roundedPrices.get(price, [price] { return FormattedValue(price, "########.##"); });
+        sales.sales += LinePrice(columns[UnitPrice], roundedPrices);
         sales.units += NumericValue(columns[Quantity]);
         line.clear();
         AppendQuotedLine(line,

@@ -44,6 +44,14 @@ private:
 
 bool InSpan(QByteArrayView orderDate, QByteArrayView time, const SalesSpan &span);
 
+// A sale's time of day as the span filter reads it; none when it can't be read. The long form is
+// read directly, other forms through the memo.
+std::optional<QTime> SaleTime(QByteArrayView time, Memo<QByteArray, std::optional<QTime>> &times);
+
+// A line's price as Calculate Sales adds it, through "########.##": rounded to cents. A plain
+// price, which the pattern neither rounds nor cuts, is read directly, others through the memo.
+double LinePrice(QByteArrayView price, Memo<QByteArray, double> &roundedPrices);
+
 // What the sales rows of one item over the span add up to.
 struct ItemSales
 {

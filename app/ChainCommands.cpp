@@ -1,0 +1,210 @@
+#include "app/ChainCommands.h"
+
+#include "app/ReportCommand.h"
+#include "app/ReportJson.h"
+#include "app/ReportRun.h"
+#include "chain/ChainReportText.h"
+#include "chain/SyncCommand.h"
+#include "chain/logic/ChainDatabase.h"
+#include "core/Ansi.h"
+#include "core/Clock.h"
+#include "platform/PathMap.h"
+#include "platform/SiteSettings.h"
+#include "store/JetCheck.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace qlon {
+
+namespace {
+
+const QCommandLineOption driveOption(
+    QStringLiteral("drive"), QStringLiteral("Maps a drive letter, such as C=/srv/pos."), QStringLiteral("LETTER=FOLDER"));
+const QCommandLineOption todayOption(QStringLiteral("today"), QStringLiteral("Takes DATE as today's date."), QStringLiteral("DATE"));
+const QCommandLineOption chainOption(
+    QStringLiteral("chain"), QStringLiteral("report: reads the chain database at URL in place of the site."), QStringLiteral("URL"));
+const QCommandLineOption sitesOption(
+    QStringLiteral("sites"), QStringLiteral("report --chain: the sites, A,B or all (the default)."), QStringLiteral("LIST"));
+
+struct Refusal
+{
+    int status;
+    QString text;
+};
+
+// The site the drive mappings and the remembered site give; the text of a mapping that fails.
+QString applyDrives(const QStringList &mappings)
+{
+    SiteSettings().apply(mappings);
+    for (const QString &mapping : mappings) {
+        if (!SitePaths().mapDrive(mapping))
+            return QStringLiteral("--drive takes LETTER=FOLDER");
+    }
+    return {};
+}
+
+int sync(const QStringList &arguments, QTextStream &err)
+{
+    QCommandLineParser parser;
+    const QCommandLineOption to(QStringLiteral("to"), QStringLiteral("The chain database, as libpq takes it."), QStringLiteral("URL"));
+    const QCommandLineOption site(QStringLiteral("site"), QStringLiteral("The site's name in the chain."), QStringLiteral("NAME"));
+    parser.addOptions({driveOption, to, site});
+    parser.addPositionalArgument(QStringLiteral("sync"), QStringLiteral("Writes the site's sales to the chain database."));
+    QString misfit = parser.parse(arguments) ? QString() : parser.errorText();
+    if (misfit.isEmpty() && (parser.positionalArguments() != QStringList{QStringLiteral("sync")} || parser.value(to).isEmpty()))
+        misfit = QStringLiteral("qlon sync --to URL [--site NAME]");
+    if (misfit.isEmpty())
+        misfit = applyDrives(parser.values(driveOption));
+    if (!misfit.isEmpty()) {
+        err << "qlon: sync: " << misfit << Qt::endl;
+        return 2;
+    }
+    const QString jetChecker = QCoreApplication::applicationDirPath() + QStringLiteral("/qlon-jet-check");
+    if (QFileInfo::exists(jetChecker))
+        SetJetChecker(jetChecker);
+    return SyncToChain(parser.value(to).toUtf8(), parser.value(site), err);
+}
+
+// The request's span and category as the main screen would take them.
+Refusal readChainRequest(const QCommandLineParser &parser, ReportRequest &request, ChainSpan &span, CategoryChoice &choice)
+{
+    if (const QString misfit = ReadReportRequest(parser, request); !misfit.isEmpty())
+        return {2, misfit};
+    if (request.name != QLatin1String("main"))
+        return {2, QStringLiteral("--chain reports main")};
+    if (request.from.isEmpty() || request.to.isEmpty())
+        return {2, QStringLiteral("--chain needs --from and --to: each site has start dates of its own")};
+    if (!request.pdf.isEmpty() || request.printScript)
+        return {2, QStringLiteral("--chain prints no PDF and runs no script")};
+    span.from = ReportDay(request.from);
+    span.to = ReportDay(request.to);
+    if (!request.startTime.isEmpty())
+        span.startTime = ToAnsi(request.startTime);
+    if (!request.endTime.isEmpty())
+        span.endTime = ToAnsi(request.endTime);
+    const QString category = request.category.isEmpty() ? QStringLiteral("all") : request.category.toLower();
+    choice.all = category == QLatin1String("all") && request.department.isEmpty();
+    choice.food = category == QLatin1String("food");
+    choice.bar = category == QLatin1String("bar");
+    choice.both = category == QLatin1String("both");
+    choice.retail = category == QLatin1String("retail");
+    choice.department = !request.department.isEmpty();
+    choice.departmentCaption = ToAnsi(request.department);
+    return {0, {}};
+}
+
+QJsonObject listingJson(const ReportRequest &request, const ChainListing &listing, const ChainSpan &span)
+{
+    const ReportHeading heading = HeadingOf(request, listing.site, span.from, span.to);
+    return QJsonDocument::fromJson(ReportJson(request, heading, PrintedListing(listing), 0, {})).object();
+}
+
+// Each site's report as `qlon report` prints it, heading and all, then the sites' sum.
+void printReport(const ReportRequest &request, const QList<ChainListing> &listings, const ChainSpan &span, QTextStream &out)
+{
+    const ChainListing combined = CombinedListing(listings);
+    if (!request.json) {
+        QStringList names;
+        for (const ChainListing &listing : listings) {
+            out << HeadingOf(request, listing.site, span.from, span.to).lines().join(QLatin1Char('\n')) << '\n' << PrintedListing(listing);
+            names.append(listing.site);
+        }
+        const QString sum = QStringLiteral("combined (%1)").arg(names.join(QStringLiteral(", ")));
+        out << HeadingOf(request, sum, span.from, span.to).lines().join(QLatin1Char('\n')) << '\n' << PrintedListing(combined) << Qt::flush;
+        return;
+    }
+    QJsonArray sites;
+    for (const ChainListing &listing : listings)
+        sites.append(listingJson(request, listing, span));
+    QJsonObject report = listingJson(request, combined, span);
+    report.remove(QStringLiteral("site"));
+    out << QJsonDocument(QJsonObject{{QStringLiteral("report"), request.name}, {QStringLiteral("sites"), sites},
+                             {QStringLiteral("combined"), report}})
+               .toJson(QJsonDocument::Indented)
+        << Qt::flush;
+}
+
+int chainReport(const QStringList &arguments, QTextStream &out, QTextStream &err)
+{
+    QCommandLineParser parser;
+    parser.addOptions({driveOption, todayOption, chainOption, sitesOption});
+    AddReportOptions(parser);
+    ReportRequest request;
+    ChainSpan span;
+    CategoryChoice choice;
+    Refusal refusal = parser.parse(arguments) ? Refusal{0, {}} : Refusal{2, parser.errorText()};
+    if (refusal.status == 0 && parser.isSet(todayOption))
+        FixClock(QDateTime(QDate::fromString(parser.value(todayOption), Qt::ISODate), QTime::currentTime()));
+    if (refusal.status == 0)
+        refusal = readChainRequest(parser, request, span, choice);
+    if (refusal.status != 0) {
+        err << "qlon: report: " << refusal.text << Qt::endl;
+        return refusal.status;
+    }
+    try {
+        ChainDatabase database(parser.value(chainOption).toUtf8());
+        const QString sitesValue = parser.value(sitesOption);
+        const QStringList sites =
+            sitesValue.isEmpty() || sitesValue == QLatin1String("all") ? ChainSites(database) : sitesValue.split(QLatin1Char(','));
+        const QList<ChainListing> listings = ChainMainReport(database, sites, span, choice);
+        printReport(request, listings, span, out);
+        if (!request.csv.isEmpty()) {
+            QFile csv(DatedName(request.csv));
+            if (!csv.open(QIODevice::WriteOnly) || csv.write(ExportedListing(CombinedListing(listings))) < 0) {
+                err << "qlon: report: can't write " << csv.fileName() << Qt::endl;
+                return 1;
+            }
+        }
+    } catch (const ChainError &error) {
+        err << "qlon: report: " << error.message() << Qt::endl;
+        return 1;
+    }
+    return 0;
+}
+
+// The first word of the command line that is neither an option nor an option's value.
+QString commandWord(const QStringList &arguments)
+{
+    static const QStringList valueOptions = {QStringLiteral("drive"), QStringLiteral("script"), QStringLiteral("screenshot"),
+        QStringLiteral("today"), QStringLiteral("open"), QStringLiteral("list-controls"), QStringLiteral("from"), QStringLiteral("to"),
+        QStringLiteral("start-time"), QStringLiteral("end-time"), QStringLiteral("category"), QStringLiteral("department"),
+        QStringLiteral("server"), QStringLiteral("pdf"), QStringLiteral("csv"), QStringLiteral("format"), QStringLiteral("chain"),
+        QStringLiteral("sites"), QStringLiteral("site")};
+    for (qsizetype index = 1; index < arguments.size(); ++index) {
+        const QString &argument = arguments[index];
+        if (!argument.startsWith(QLatin1Char('-')))
+            return argument;
+        const QString name = argument.mid(argument.startsWith(QLatin1String("--")) ? 2 : 1);
+        if (valueOptions.contains(name))
+            ++index;
+    }
+    return {};
+}
+
+} // namespace
+
+int RunChainCommand(int argc, char *argv[])
+{
+    QStringList arguments;
+    for (int index = 0; index < argc; ++index)
+        arguments.append(QString::fromLocal8Bit(argv[index]));
+    const QString command = commandWord(arguments);
+    const bool syncing = command == QLatin1String("sync");
+    const bool chained = command == QLatin1String("report") &&
+        std::any_of(
+            arguments.cbegin(), arguments.cend(), [](const QString &argument) { return argument.startsWith(QLatin1String("--chain")); });
+    if (!syncing && !chained)
+        return -1;
+    const QCoreApplication application(argc, argv);
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    return syncing ? sync(arguments, err) : chainReport(arguments, out, err);
+}
+
+} // namespace qlon

@@ -1,0 +1,21 @@
+#pragma once
+
+namespace qlon {
+
+class ChainDatabase;
+
+// The version of the chain database's tables that this program writes and reads.
+inline constexpr int ChainSchemaVersion = 1;
+
+// Creates the tables on first use and brings an older version up to this one, each step in its
+// own transaction, one program at a time. A database of a newer version than this program knows
+// raises ChainError.
+void MigrateChainSchema(ChainDatabase &database);
+
+// Creates the site's partition of the sales if it has none; inside the caller's transaction.
+void EnsureSitePartition(ChainDatabase &database, int siteId);
+
+// Takes the transaction-long lock of one site's rows: a second writer of the same site waits.
+void LockSite(ChainDatabase &database, int siteId);
+
+} // namespace qlon

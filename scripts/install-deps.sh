@@ -10,6 +10,8 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   poppler-utils clang-format clang-tidy python3
   onboard
+  libcpp-httplib-dev libssl-dev libsodium-dev libxlsxwriter-dev openssl
+  chromium chromium-driver python3-selenium
 )
 
 missing=()

@@ -2,6 +2,7 @@
 
 #include "app/ControlKinds.h"
 #include "app/ReportJson.h"
+#include "app/ReportSalesByTime.h"
 #include "app/ScriptRunner.h"
 #include "core/Ansi.h"
 #include "core/Clock.h"
@@ -393,7 +394,7 @@ int RunReport(const ReportRequest &request, QTextStream &out, QTextStream &err)
     QTextStream figures(&printed);
     const int status = ScriptRunner(figures, err).run(lines);
     figures.flush();
-    out << ReportJson(request, printed, status);
+    out << WithSalesByTime(request, status, ReportJson(request, printed, status));
     return status;
 }
 

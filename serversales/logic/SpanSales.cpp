@@ -52,7 +52,7 @@ bool InSpan(QByteArrayView orderDate, QByteArrayView time, const SalesSpan &span
     return SpanFilter(span).contains(orderDate, time);
 }
 
-SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
+SpanSales::SpanSales(SalesStore &store, const SalesSpan &span, const CountedRow &counted)
 {
     const SalesColumns read = ColumnsOf({OrderID, OrderDate, Item, UnitPrice, Quantity, Time, ReceiptID, OrderNumber, SaleType});
     SpanFilter filter(span);
@@ -73,7 +73,10 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
         // is read directly.
         const QByteArrayView price = columns[UnitPrice];
         const std::optional<double> plainPrice = ReadUnsignedDecimal(price, 2);
-        sales.sales += plainPrice ? *plainPrice : roundedPrices.get(price, [price] { return FormattedValue(price, "########.##"); });
+        const double amount = plainPrice ? *plainPrice : roundedPrices.get(price, [price] { return FormattedValue(price, "########.##"); });
+        sales.sales += amount;
+        if (counted)
+            counted(item, columns[OrderDate], columns[Time], amount);
         sales.units += NumericValue(columns[Quantity]);
         line.clear();
         AppendQuotedLine(line,

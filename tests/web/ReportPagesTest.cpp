@@ -2,6 +2,7 @@
 #include "web/logic/ReportView.h"
 #include "web/logic/SvgChart.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 
 #include <gtest/gtest.h>
@@ -97,6 +98,20 @@ TEST(ReportViewTest, AServersSalesBreakDownByHourAndByDayIntoCharts)
     EXPECT_TRUE(chart.contains(QLatin1String("<title>2026-11-22: $12.00</title>")));
     EXPECT_TRUE(chart.contains(QLatin1String("By day &lt;&amp;&gt;")));
     EXPECT_EQ(ReportBody(report, {}, {}).count(QLatin1String("<svg")), 2);
+
+    // The main report brings its own sales by hour and by day.
+    QJsonObject main{{QStringLiteral("report"), QStringLiteral("main")}};
+    QJsonArray hours;
+    for (int hour = 0; hour < 24; ++hour)
+        hours.append(hour == 19 ? 40.5 : 0);
+    main[QStringLiteral("byHour")] = hours;
+    main[QStringLiteral("byDay")] =
+        QJsonArray{QJsonObject{{QStringLiteral("date"), QStringLiteral("2026-11-20")}, {QStringLiteral("volume"), 30}},
+            QJsonObject{{QStringLiteral("date"), QStringLiteral("2026-11-23")}, {QStringLiteral("volume"), 10.5}}};
+    const SalesBreakdown mainBreakdown = SalesBreakdownOf(main);
+    EXPECT_EQ(mainBreakdown.byHour[19].value, 40.5);
+    EXPECT_EQ(mainBreakdown.byDay.size(), 4);
+    EXPECT_EQ(ReportBody(main, {}, {}).count(QLatin1String("<svg")), 2);
 }
 
 } // namespace

@@ -199,6 +199,12 @@ class ServeTest(unittest.TestCase):
                 shown = [dict(zip(columns, row)) for row in rows[1:-1]]
                 self.assertEqual(shown, [{column: row[column] for column in columns} for row in expected[key]])
                 if fields["report"] == "main":
+                    # The charts' sales by hour add up to the list's.
+                    self.assertAlmostEqual(sum(expected["byHour"]), sum(row["volume"] for row in expected["rows"]), places=2)
+                    self.assertAlmostEqual(sum(day["volume"] for day in expected["byDay"]), sum(expected["byHour"]), places=2)
+                if fields["report"] != "items-sold":
+                    self.assertEqual(page.count("<svg"), 2)
+                if fields["report"] == "main":
                     departments = tables_of(page)["departments"][1:-1]
                     self.assertEqual(departments, [[d["department"], d["units"], d["volume"]] for d in expected["departments"]])
 

@@ -187,9 +187,23 @@ int hourOf(const QString &time)
     return hour < 24 ? hour : -1;
 }
 
+// The bars of sales by hour and by day; the days run from the first with sales to the last, a day
+// without sales as an empty bar.
+SalesBreakdown breakdownOf(const QList<double> &hours, const QMap<QDate, double> &days)
+{
+    SalesBreakdown breakdown;
+    if (days.isEmpty())
+        return breakdown;
+    for (int hour = 0; hour < 24; ++hour)
+        breakdown.byHour.append({QStringLiteral("%1:00").arg(hour), hours[hour]});
+    for (QDate day = days.firstKey(); day <= days.lastKey(); day = day.addDays(1))
+        breakdown.byDay.append({day.toString(Qt::ISODate), days.value(day)});
+    return breakdown;
+}
+
 QString chartsOf(const QJsonObject &report)
 {
-    const SalesBreakdown breakdown = BreakDownSales(report.value(QStringLiteral("sales")).toArray());
+    const SalesBreakdown breakdown = SalesBreakdownOf(report);
     if (breakdown.byDay.isEmpty())
         return {};
     return QStringLiteral("<section class=\"charts\">") + SvgBarChart(QStringLiteral("Sales by hour of the day"), breakdown.byHour) +
@@ -219,15 +233,23 @@ SalesBreakdown BreakDownSales(const QJsonArray &sales)
         hours[hour] += price;
         days[day] += price;
     }
-    SalesBreakdown breakdown;
-    if (days.isEmpty())
-        return breakdown;
-    for (int hour = 0; hour < 24; ++hour)
-        breakdown.byHour.append({QStringLiteral("%1:00").arg(hour), hours[hour]});
-    // Every day of the span from the first sale to the last, a day without sales as an empty bar.
-    for (QDate day = days.firstKey(); day <= days.lastKey(); day = day.addDays(1))
-        breakdown.byDay.append({day.toString(Qt::ISODate), days.value(day)});
-    return breakdown;
+    return breakdownOf(hours, days);
+}
+
+SalesBreakdown SalesBreakdownOf(const QJsonObject &report)
+{
+    if (!report.contains(QStringLiteral("byHour")))
+        return BreakDownSales(report.value(QStringLiteral("sales")).toArray());
+    QList<double> hours;
+    for (const QJsonValue &amount : report.value(QStringLiteral("byHour")).toArray())
+        hours.append(amount.toDouble());
+    QMap<QDate, double> days;
+    for (const QJsonValue &day : report.value(QStringLiteral("byDay")).toArray()) {
+        const QDate date = QDate::fromString(day.toObject().value(QStringLiteral("date")).toString(), Qt::ISODate);
+        if (date.isValid())
+            days[date] += day.toObject().value(QStringLiteral("volume")).toDouble();
+    }
+    return hours.size() == 24 ? breakdownOf(hours, days) : SalesBreakdown();
 }
 
 QString ReportBody(const QJsonObject &report, const TableSort &sort, const QString &pageQuery)

@@ -26,6 +26,8 @@ struct SalesBreakdown
     QList<ChartBar> byDay;
 };
 SalesBreakdown BreakDownSales(const QJsonArray &sales);
+// The charts' bars of a report: the main report's own `byHour` and `byDay`, or those of its sales.
+SalesBreakdown SalesBreakdownOf(const QJsonObject &report);
 
 // The result of `qlon report --format json` as HTML: what the run met, its tables with their
 // totals, sortable by any column through links on `pageQuery`, and its charts beside them.

@@ -169,6 +169,14 @@ class ServeTest(unittest.TestCase):
         except ConnectionResetError:
             return b""
 
+    def test_a_slow_client_loses_its_worker(self):
+        started = time.monotonic()
+        with socket.create_connection(("127.0.0.1", self.site.port), timeout=30) as raw:
+            raw.sendall(b"GET /signin HTTP/1.1\r\nHost: x\r\n")
+            answer = self.answer_of(raw)
+            self.assertTrue(answer == b"" or answer.startswith(b"HTTP/1.1 400 "), answer[:100])
+        self.assertLess(time.monotonic() - started, 15)
+
     def test_a_hundred_connections_at_once_are_all_answered(self):
         def one(_):
             return self.site.request("GET", "/signin", timeout=60)[0].status

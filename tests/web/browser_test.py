@@ -132,7 +132,7 @@ class BrowserTest(unittest.TestCase):
                              browser.execute_script("return window.innerWidth"))
         if SCREENSHOT:
             browser.set_window_size(1200, 900)
-            self.run_report({"report": "server", "server": "1002"})
+            self.run_report({"report": "main", "category": "bar"})
             browser.save_screenshot(SCREENSHOT)
 
         browser.find_element(By.ID, "signout").click()

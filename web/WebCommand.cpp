@@ -20,17 +20,27 @@ namespace qlon::web {
 
 namespace {
 
-const QCommandLineOption driveOption(
-    QStringLiteral("drive"), QStringLiteral("Maps a drive letter of the site's paths to a host folder."), QStringLiteral("LETTER=FOLDER"));
-const QCommandLineOption listenOption(QStringLiteral("listen"),
-    QStringLiteral("serve: the address and port to listen on (127.0.0.1:8470; port 0 takes a free one)."), QStringLiteral("ADDR:PORT"));
-const QCommandLineOption certificateOption(
-    QStringLiteral("tls-cert"), QStringLiteral("serve: the TLS certificate (PEM), with --tls-key."), QStringLiteral("FILE"));
-const QCommandLineOption keyOption(QStringLiteral("tls-key"), QStringLiteral("serve: the TLS private key (PEM)."), QStringLiteral("FILE"));
-const QCommandLineOption timeLimitOption(QStringLiteral("report-time-limit"),
-    QStringLiteral("serve: the seconds a report may run before it is stopped (120)."), QStringLiteral("SECONDS"));
-const QCommandLineOption roleOption(
-    QStringLiteral("role"), QStringLiteral("user add: viewer (reports, the default) or manager."), QStringLiteral("ROLE"));
+// The options of `serve` and `user`: name, help, and the name of the value.
+struct OptionText
+{
+    const char *name;
+    const char *help;
+    const char *value;
+};
+constexpr OptionText optionTexts[] = {
+    {"drive", "Maps a drive letter of the site's paths to a host folder.", "LETTER=FOLDER"},
+    {"listen", "serve: the address and port to listen on (127.0.0.1:8470; port 0 takes a free one).", "ADDR:PORT"},
+    {"tls-cert", "serve: the TLS certificate (PEM), with --tls-key.", "FILE"},
+    {"tls-key", "serve: the TLS private key (PEM).", "FILE"},
+    {"report-time-limit", "serve: the seconds a report may run before it is stopped (120).", "SECONDS"},
+    {"role", "user add: viewer (reports, the default) or manager.", "ROLE"},
+};
+const QString driveOption = QStringLiteral("drive");
+const QString listenOption = QStringLiteral("listen");
+const QString certificateOption = QStringLiteral("tls-cert");
+const QString keyOption = QStringLiteral("tls-key");
+const QString timeLimitOption = QStringLiteral("report-time-limit");
+const QString roleOption = QStringLiteral("role");
 
 // The word of a web command, or empty: the first word that is no option's value.
 QString commandWord(int argc, char *argv[])
@@ -197,7 +207,9 @@ int RunWebCommand(int argc, char *argv[])
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("qlon serve: the reports in a browser; qlon user: who may sign in."));
     parser.addHelpOption();
-    parser.addOptions({driveOption, listenOption, certificateOption, keyOption, timeLimitOption, roleOption});
+    for (const OptionText &option : optionTexts) {
+        parser.addOption(QCommandLineOption(QLatin1String(option.name), QLatin1String(option.help), QLatin1String(option.value)));
+    }
     parser.addPositionalArgument(QStringLiteral("serve|user"), QStringLiteral("serve, or user add|remove NAME"));
     if (!parser.parse(QCoreApplication::arguments()))
         return fail(parser.errorText());

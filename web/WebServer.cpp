@@ -19,6 +19,9 @@ constexpr std::size_t workers = 32;
 constexpr time_t clientSeconds = 5; // the longest wait on a client's bytes
 constexpr std::chrono::seconds pageWait{3}; // a page waits this long for its report before it shows the queue
 const std::string sessionCookie = "qlon_session";
+// The sign-in form's token, which the form sends back as its own copy: a page of another site
+// can't sign a browser in under a name of its choosing.
+const std::string signInCookie = "qlon_signin";
 const std::string htmlType = "text/html; charset=utf-8";
 
 std::string utf8(const QString &text)
@@ -47,10 +50,10 @@ void sendPage(httplib::Response &response, const QString &page, int status = 200
     response.set_content(utf8(page), htmlType);
 }
 
-QString cookieOf(const httplib::Request &request)
+QString cookieOf(const httplib::Request &request, const std::string &name)
 {
     const std::string header = request.get_header_value("Cookie");
-    const std::string prefix = sessionCookie + '=';
+    const std::string prefix = name + '=';
     std::size_t start = 0;
     while (start < header.size()) {
         while (start < header.size() && header[start] == ' ')
@@ -191,7 +194,7 @@ bool WebServer::admits(const Request &request, Response &response)
 
 std::optional<Session> WebServer::sessionOf(const Request &request)
 {
-    const QString id = cookieOf(request);
+    const QString id = cookieOf(request, sessionCookie);
     if (!isToken(id))
         return std::nullopt;
     std::optional<Session> session = m_sessions.find(id, std::chrono::steady_clock::now());
@@ -229,7 +232,19 @@ void WebServer::showSignIn(const Request &request, Response &response)
     if (sessionOf(request))
         response.set_redirect("/", 303);
     else
-        sendPage(response, SignInPage({}));
+        sendSignIn(response, {}, 200);
+}
+
+void WebServer::sendSignIn(Response &response, const QString &note, int status)
+{
+    const QString token = Sessions::RandomToken();
+    response.set_header("Set-Cookie", cookieText(signInCookie, token));
+    sendPage(response, SignInPage(note, token), status);
+}
+
+std::string WebServer::cookieText(const std::string &name, const QString &value) const
+{
+    return name + '=' + utf8(value) + "; Path=/; HttpOnly; SameSite=Strict" + (m_options.tls() ? "; Secure" : "");
 }
 
 void WebServer::signIn(const Request &request, Response &response)
@@ -238,22 +253,23 @@ void WebServer::signIn(const Request &request, Response &response)
     const QString password = fromUtf8(request.get_param_value("password"));
     const QString address = fromUtf8(request.remote_addr);
     const Moment now = std::chrono::steady_clock::now();
+    const QString token = cookieOf(request, signInCookie);
+    if (!isToken(token) || fromUtf8(request.get_param_value("csrf")) != token) {
+        sendSignIn(response, QStringLiteral("The form has expired: sign in again."), 403);
+        return;
+    }
     if (m_guard.locked(name, address, now)) {
-        sendPage(response, SignInPage(QStringLiteral("Too many failed sign-ins: try again in a minute.")), 429);
+        sendSignIn(response, QStringLiteral("Too many failed sign-ins: try again in a minute."), 429);
         return;
     }
     const std::optional<Role> role = verify(name, password);
     if (!role) {
         m_guard.failed(name, address, now);
-        sendPage(response, SignInPage(QStringLiteral("Wrong name or password.")), 401);
+        sendSignIn(response, QStringLiteral("Wrong name or password."), 401);
         return;
     }
     m_guard.succeeded(name, address);
-    const Session session = m_sessions.open(name, *role, now);
-    std::string cookie = sessionCookie + '=' + utf8(session.id) + "; Path=/; HttpOnly; SameSite=Strict";
-    if (m_options.tls())
-        cookie += "; Secure";
-    response.set_header("Set-Cookie", cookie);
+    response.set_header("Set-Cookie", cookieText(sessionCookie, m_sessions.open(name, *role, now).id));
     response.set_redirect("/", 303);
 }
 

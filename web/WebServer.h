@@ -9,6 +9,8 @@
 #include <QDateTime>
 #include <QString>
 
+#include <string>
+
 #include <chrono>
 #include <memory>
 #include <mutex>
@@ -62,6 +64,9 @@ private:
     std::optional<Role> verify(const QString &name, const QString &password);
 
     void showSignIn(const Request &request, Response &response);
+    // The sign-in form with a fresh token, in its cookie and in the form.
+    void sendSignIn(Response &response, const QString &note, int status);
+    std::string cookieText(const std::string &name, const QString &value) const;
     void signIn(const Request &request, Response &response);
     void signOut(const Request &request, Response &response);
     void showForm(const Request &request, Response &response);

@@ -73,8 +73,13 @@ class ServedSite:
         connection.close()
         return response, data
 
-    def sign_in(self, name="alice", password=PASSWORD):
-        response, _ = self.request("POST", "/signin", {"name": name, "password": password})
+    def sign_in(self, name="alice", password=PASSWORD, token=None):
+        """Signs in through the form, with the token of its page unless one is given."""
+        page, body = self.request("GET", "/signin")
+        form_token = re.search(r'name="csrf" value="([0-9a-f]{64})"', body.decode()).group(1)
+        cookie_token = re.match(r"qlon_signin=([0-9a-f]{64});", page.getheader("Set-Cookie")).group(1)
+        response, _ = self.request("POST", "/signin", {"name": name, "password": password, "csrf": token or form_token},
+                                   headers={"Cookie": "qlon_signin=" + cookie_token})
         cookie = response.getheader("Set-Cookie") or ""
         match = re.match(r"qlon_session=([0-9a-f]{64});", cookie)
         return (match.group(1) if match else None), response

@@ -125,6 +125,11 @@ class ServeTest(unittest.TestCase):
         self.assertEqual(response.status, 303)
         self.assertEqual(self.get("/", cookie)[0].status, 303)
 
+    def test_a_sign_in_without_its_forms_token_is_refused(self):
+        cookie, response = self.site.sign_in("bob", token="0" * 64)
+        self.assertIsNone(cookie)
+        self.assertEqual(response.status, 403)
+
     def test_zz_a_wrong_password_five_times_locks_the_name_out(self):
         # Last of the tests: the address is locked out too.
         for attempt in range(5):

@@ -58,15 +58,16 @@ QString downloadLinks(const QString &report, const QString &pageQuery)
 
 } // namespace
 
-QString SignInPage(const QString &note)
+QString SignInPage(const QString &note, const QString &csrfToken)
 {
     QString body;
     if (!note.isEmpty())
         body += QStringLiteral("<p class=\"error\" id=\"note\">%1</p>").arg(Escaped(note));
-    body += QStringLiteral("<form method=\"post\" action=\"/signin\" class=\"report\">"
+    body += QStringLiteral("<form method=\"post\" action=\"/signin\" class=\"report\"><input type=\"hidden\" name=\"csrf\" value=\"%1\">"
                            "<label>Name<input name=\"name\" id=\"name\" autocomplete=\"username\" required></label>"
                            "<label>Password<input type=\"password\" name=\"password\" id=\"password\" autocomplete=\"current-password\" "
-                           "required></label><button id=\"signin\">Sign in</button></form>");
+                           "required></label><button id=\"signin\">Sign in</button></form>")
+                .arg(Escaped(csrfToken));
     return HtmlPage(QStringLiteral("Sign in"), body, {});
 }
 

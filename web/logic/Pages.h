@@ -7,8 +7,8 @@
 
 namespace qlon::web {
 
-// The sign-in form, with a note such as "Wrong name or password" when there is one.
-QString SignInPage(const QString &note);
+// The sign-in form with its token, and a note such as "Wrong name or password" when there is one.
+QString SignInPage(const QString &note, const QString &csrfToken);
 
 // The report form, filled with the fields of the last run; `ticket` names this page's runs, so
 // that the page found again after a wait, a sort or a download is the same run.

@@ -232,12 +232,16 @@ void WebServer::showSignIn(const Request &request, Response &response)
     if (sessionOf(request))
         response.set_redirect("/", 303);
     else
-        sendSignIn(response, {}, 200);
+        sendSignIn(request, response, {}, 200);
 }
 
-void WebServer::sendSignIn(Response &response, const QString &note, int status)
+void WebServer::sendSignIn(const Request &request, Response &response, const QString &note, int status)
 {
-    const QString token = Sessions::RandomToken();
+    // A browser keeps its token while it has one: the page's own requests, such as its icon's,
+    // come to the sign-in page too, and a new token would leave the form's behind.
+    QString token = cookieOf(request, signInCookie);
+    if (!isToken(token))
+        token = Sessions::RandomToken();
     response.set_header("Set-Cookie", cookieText(signInCookie, token));
     sendPage(response, SignInPage(note, token), status);
 }
@@ -255,17 +259,17 @@ void WebServer::signIn(const Request &request, Response &response)
     const Moment now = std::chrono::steady_clock::now();
     const QString token = cookieOf(request, signInCookie);
     if (!isToken(token) || fromUtf8(request.get_param_value("csrf")) != token) {
-        sendSignIn(response, QStringLiteral("The form has expired: sign in again."), 403);
+        sendSignIn(request, response, QStringLiteral("The form has expired: sign in again."), 403);
         return;
     }
     if (m_guard.locked(name, address, now)) {
-        sendSignIn(response, QStringLiteral("Too many failed sign-ins: try again in a minute."), 429);
+        sendSignIn(request, response, QStringLiteral("Too many failed sign-ins: try again in a minute."), 429);
         return;
     }
     const std::optional<Role> role = verify(name, password);
     if (!role) {
         m_guard.failed(name, address, now);
-        sendSignIn(response, QStringLiteral("Wrong name or password."), 401);
+        sendSignIn(request, response, QStringLiteral("Wrong name or password."), 401);
         return;
     }
     m_guard.succeeded(name, address);

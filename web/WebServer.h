@@ -64,8 +64,8 @@ private:
     std::optional<Role> verify(const QString &name, const QString &password);
 
     void showSignIn(const Request &request, Response &response);
-    // The sign-in form with a fresh token, in its cookie and in the form.
-    void sendSignIn(Response &response, const QString &note, int status);
+    // The sign-in form with the browser's token, or a new one, in its cookie and in the form.
+    void sendSignIn(const Request &request, Response &response, const QString &note, int status);
     std::string cookieText(const std::string &name, const QString &value) const;
     void signIn(const Request &request, Response &response);
     void signOut(const Request &request, Response &response);

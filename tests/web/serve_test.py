@@ -3,6 +3,7 @@ compared with `qlon report --format json`, and the downloads compared with the r
 
 usage: serve_test.py QLON QLON_DEMO_SITE"""
 import concurrent.futures
+import datetime
 import html.parser
 import io
 import json
@@ -251,6 +252,13 @@ class ServeTest(unittest.TestCase):
         self.assertIn("<f>SUM(E2:E%d)</f>" % (len(expected["rows"]) + 1), sheet)
         response, _ = self.get("/download/csv?" + query.replace("report=main", "report=server&server=1002"))
         self.assertEqual(response.status, 400)
+        # The server's sales: their dates as dates, days since 1899-12-30.
+        _, _, query = self.report_page({"report": "server", "server": "1002"})
+        expected = self.site.report_json(["server", "--server", "1002"])
+        with zipfile.ZipFile(io.BytesIO(self.get("/download/xlsx?" + query)[1])) as workbook:
+            sheet = workbook.read("xl/worksheets/sheet1.xml").decode()
+        first = datetime.datetime.strptime(expected["sales"][0]["date"], "%m/%d/%Y").date()
+        self.assertRegex(sheet, r'<c r="A2" s="\d+"><v>%d</v>' % (first - datetime.date(1899, 12, 30)).days)
 
 
 class TlsTest(unittest.TestCase):

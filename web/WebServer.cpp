@@ -269,6 +269,9 @@ void WebServer::signIn(const Request &request, Response &response)
     const std::optional<Role> role = verify(name, password);
     if (!role) {
         m_guard.failed(name, address, now);
+        // The name is the client's text: one that no account could have is not written out.
+        QTextStream(stderr) << "qlon serve: a failed sign-in as " << (Accounts::IsValidName(name) ? name : QStringLiteral("(no name)"))
+                            << " from " << address << Qt::endl;
         sendSignIn(request, response, QStringLiteral("Wrong name or password."), 401);
         return;
     }

@@ -2,6 +2,7 @@
 
 #include "app/ControlKinds.h"
 #include "app/ReportJson.h"
+#include "app/ReportSalesByTime.h"
 #include "app/ScriptRunner.h"
 #include "core/Ansi.h"
 #include "core/Clock.h"
@@ -119,7 +120,7 @@ int ReportRun::finish(int status, const QString &failure)
     SetProgramEndHook({});
     m_figures.flush();
     if (m_request.json)
-        m_out << ReportJson(m_request, m_heading, m_printed, status, failure);
+        m_out << WithSalesByTime(m_request, status, ReportJson(m_request, m_heading, m_printed, status, failure));
     else if (!m_printed.isEmpty())
         m_out << m_heading.lines().join(QLatin1Char('\n')) << '\n' << m_printed;
     return status;

@@ -18,6 +18,7 @@
 #include "ui/ScreenRegistry.h"
 #include "ui/SharedIconsStyle.h"
 #include "ui/SiteChooser.h"
+#include "web/WebCommand.h"
 
 #include <QApplication>
 #include <QDir>
@@ -141,6 +142,8 @@ int main(int argc, char *argv[])
 {
     QCoreApplication::setApplicationName(QStringLiteral("qlon"));
     QCoreApplication::setApplicationVersion(QLatin1String(qlon::ProgramVersion));
+    if (const int status = qlon::web::RunWebCommand(argc, argv); status >= 0)
+        return status;
     qlon::RegisterScreens();
     if (const int status = qlon::RunChainCommand(argc, argv); status >= 0)
         return status;

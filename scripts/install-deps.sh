@@ -11,6 +11,8 @@ packages=(
   poppler-utils clang-format clang-tidy python3
   onboard cups-daemon cups-client lintian
   libpq-dev postgresql-15
+  libcpp-httplib-dev libssl-dev libsodium-dev libxlsxwriter-dev openssl
+  chromium chromium-driver python3-selenium
 )
 
 missing=()

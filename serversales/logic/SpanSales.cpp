@@ -65,7 +65,7 @@ double LinePrice(QByteArrayView price, Memo<QByteArray, double> &roundedPrices)
     return roundedPrices.get(price, [price] { return FormattedValue(price, "########.##"); });
 }
 
-SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
+SpanSales::SpanSales(SalesStore &store, const SalesSpan &span, const CountedRow &counted)
 {
     const SalesColumns read = ColumnsOf({OrderID, OrderDate, Item, UnitPrice, Quantity, Time, ReceiptID, OrderNumber, SaleType});
     SpanFilter filter(span);
@@ -82,7 +82,10 @@ SpanSales::SpanSales(SalesStore &store, const SalesSpan &span)
         ItemSales &sales = walk.sales;
         if (item.isEmpty() || !filter.contains(columns[OrderDate], columns[Time]))
             return true;
-        sales.sales += LinePrice(columns[UnitPrice], roundedPrices);
+        const double amount = LinePrice(columns[UnitPrice], roundedPrices);
+        sales.sales += amount;
+        if (counted)
+            counted(item, columns[OrderDate], columns[Time], amount);
         sales.units += NumericValue(columns[Quantity]);
         line.clear();
         AppendQuotedLine(line,

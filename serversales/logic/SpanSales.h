@@ -10,6 +10,8 @@
 #include <QHash>
 #include <QTime>
 
+#include <functional>
+
 namespace qlon {
 
 // The span of a Calculate Sales run as the main screen's texts stand: two dates and two times.
@@ -72,7 +74,10 @@ struct ItemSales
 class SpanSales
 {
 public:
-    SpanSales(SalesStore &store, const SalesSpan &span);
+    // Told of each row the span counts, with the texts it was counted by and the amount added.
+    using CountedRow = std::function<void(const QByteArray &item, QByteArrayView orderDate, QByteArrayView time, double amount)>;
+
+    SpanSales(SalesStore &store, const SalesSpan &span, const CountedRow &counted = {});
 
     // The item's sales; an item without rows sold nothing.
     const ItemSales &of(const QByteArray &name) const;

@@ -18,11 +18,22 @@
 namespace qlon {
 namespace {
 
-TEST(ScreenSizeTest, EveryScreenFitsA1024By768Display)
+// Every screen of the program, registered as the program registers them, on the demonstration site.
+class ScreenSizeTest : public ::testing::Test
 {
+protected:
+    void SetUp() override
+    {
+        WriteDemoSite(site.driveFolder(), QDate(2026, 11, 23));
+        RegisterScreens();
+    }
+    void TearDown() override { Screens().clear(); }
+
     const test::TempSite site;
-    WriteDemoSite(site.driveFolder(), QDate(2026, 11, 23));
-    RegisterScreens();
+};
+
+TEST_F(ScreenSizeTest, EveryScreenFitsA1024By768Display)
+{
     TouchScreen(QStringLiteral("QLONlistBuilder1"));
     for (const QString &name : Screens().names()) {
         const QWidget *screen = TouchScreen(name);
@@ -33,15 +44,11 @@ TEST(ScreenSizeTest, EveryScreenFitsA1024By768Display)
         EXPECT_LE(screen->width(), 1024) << name.toStdString();
         EXPECT_LE(screen->height(), 740) << name.toStdString();
     }
-    Screens().clear();
 }
 
 // A screen reader names every box, picker, calendar and list by its label, or at least its tip.
-TEST(ScreenSizeTest, EveryInputControlHasAnAccessibleName)
+TEST_F(ScreenSizeTest, EveryInputControlHasAnAccessibleName)
 {
-    const test::TempSite site;
-    WriteDemoSite(site.driveFolder(), QDate(2026, 11, 23));
-    RegisterScreens();
     TouchScreen(QStringLiteral("QLONlistBuilder1"));
     for (const QString &name : Screens().names()) {
         QWidget *screen = TouchScreen(name);
@@ -60,7 +67,6 @@ TEST(ScreenSizeTest, EveryInputControlHasAnAccessibleName)
     EXPECT_EQ(nameOf("TCEmployee", "txtName"), QStringLiteral("Name")) << "the label before it";
     EXPECT_EQ(nameOf("QLONlistBuilder1", "Combo2"), QStringLiteral("Start Time"));
     EXPECT_EQ(nameOf("PhoneList", "grdPhones"), QStringLiteral("Phone List list")) << "no label, no tip";
-    Screens().clear();
 }
 
 // The controls that Tab reaches after `from`, the next `count` of them.
@@ -74,11 +80,8 @@ QStringList tabbedAfter(QWidget *from, int count)
     return names;
 }
 
-TEST(ScreenSizeTest, TabFollowsTheLayoutTopLeftToBottomRight)
+TEST_F(ScreenSizeTest, TabFollowsTheLayoutTopLeftToBottomRight)
 {
-    const test::TempSite site;
-    WriteDemoSite(site.driveFolder(), QDate(2026, 11, 23));
-    RegisterScreens();
     QWidget *main = TouchScreen(QStringLiteral("QLONlistBuilder1"));
     EXPECT_EQ(tabbedAfter(main->findChild<QWidget *>(QStringLiteral("SSCommand10")), 2),
         QStringList({QStringLiteral("SSCommand2"), QStringLiteral("SSCommand4")}))
@@ -88,7 +91,6 @@ TEST(ScreenSizeTest, TabFollowsTheLayoutTopLeftToBottomRight)
         QStringList({QStringLiteral("txtAddress"), QStringLiteral("txtCity")}));
     EXPECT_EQ(tabbedAfter(employees->findChild<QWidget *>(QStringLiteral("txtRecord")), 1), QStringList{QStringLiteral("txtName")})
         << "from the list's side to the personal fields";
-    Screens().clear();
 }
 
 } // namespace

@@ -105,24 +105,6 @@ QString misfit(const ReportRequest &request)
     return misfitOfSpan(request);
 }
 
-// The departments the report's screen lists: the site's file, or the names the screen writes into
-// it when it is missing.
-QStringList siteDepartments(const QString &report)
-{
-    const QByteArray file = report == mainReport ? DataPath("data\\Departments.dat") : Site().DataRoot + "data\\Departments.dat";
-    const QString hostPath = HostPath(file);
-    const QByteArrayList names = QFileInfo::exists(hostPath) ? ReadDepartmentNames(hostPath)
-        : report == mainReport                               ? MainScreenDepartments()
-                                                             : ItemsSoldDepartments();
-    QStringList departments;
-    for (const QByteArray &name : names) {
-        const QString trimmed = FromAnsi(TrimBlanks(name));
-        if (!trimmed.isEmpty() && !departments.contains(trimmed))
-            departments.append(trimmed);
-    }
-    return departments;
-}
-
 // The configuration tells where the site's data lies; a file that can't be read now is left to the
 // screens, which end on it as they always do.
 bool readSiteConfiguration()
@@ -153,7 +135,7 @@ ReportRefusal checkDepartment(ReportRequest &request)
 {
     if (request.department.isEmpty())
         return {};
-    const QStringList departments = siteDepartments(request.name);
+    const QStringList departments = ReportDepartments(request.name == mainReport);
     for (const QString &department : departments) {
         if (department.compare(request.department, Qt::CaseInsensitive) == 0) {
             request.department = department;

@@ -1,8 +1,14 @@
 #include "store/Departments.h"
 
+#include "store/SiteConfig.h"
+
+#include "core/Ansi.h"
 #include "core/FileReplace.h"
+#include "core/FixedField.h"
 #include "core/HostPath.h"
 #include "core/TextFile.h"
+
+#include <QFileInfo>
 
 namespace qlon {
 
@@ -41,6 +47,22 @@ QByteArrayList ReadDepartmentNames(const QString &hostPath, qsizetype limit)
     while (!file.AtEnd() && names.size() != limit)
         names.append(file.ReadField());
     return names;
+}
+
+QStringList ReportDepartments(bool mainScreen)
+{
+    const QByteArray file = mainScreen ? DataPath("data\\Departments.dat") : Site().DataRoot + "data\\Departments.dat";
+    const QString hostPath = HostPath(file);
+    const QByteArrayList names = QFileInfo::exists(hostPath) ? ReadDepartmentNames(hostPath)
+        : mainScreen                                         ? MainScreenDepartments()
+                                                             : ItemsSoldDepartments();
+    QStringList departments;
+    for (const QByteArray &name : names) {
+        const QString trimmed = FromAnsi(TrimBlanks(name));
+        if (!trimmed.isEmpty() && !departments.contains(trimmed))
+            departments.append(trimmed);
+    }
+    return departments;
 }
 
 void WriteDepartmentNames(const QString &hostPath, const QByteArrayList &rows)

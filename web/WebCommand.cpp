@@ -3,6 +3,9 @@
 #include "web/ReportChild.h"
 #include "web/WebServer.h"
 
+#include "platform/PathMap.h"
+#include "platform/SiteSettings.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -121,6 +124,18 @@ int runUser(const QCommandLineParser &parser)
     return 0;
 }
 
+// The server reads and writes the site's departments list itself: the site is mapped as the
+// children's command line maps it.
+QString mapSite(const QCommandLineParser &parser)
+{
+    SiteSettings().apply(parser.values(driveOption));
+    for (const QString &mapping : parser.values(driveOption)) {
+        if (!QFileInfo(mapping.section(QLatin1Char('='), 1)).isDir() || !SitePaths().mapDrive(mapping))
+            return QStringLiteral("--drive %1: there is no such folder").arg(mapping);
+    }
+    return {};
+}
+
 // The serve options of the command line; an error text when they can't be used.
 QString readServeOptions(const QCommandLineParser &parser, ServeOptions &options)
 {
@@ -143,12 +158,8 @@ QString readServeOptions(const QCommandLineParser &parser, ServeOptions &options
             return QStringLiteral("--report-time-limit takes a number of seconds");
         options.reportTimeLimit = std::chrono::seconds(seconds);
     }
-    for (const QString &mapping : parser.values(driveOption)) {
-        if (!QFileInfo(mapping.section(QLatin1Char('='), 1)).isDir())
-            return QStringLiteral("--drive %1: there is no such folder").arg(mapping);
-    }
     options.accountsFile = Accounts::DefaultPath();
-    return {};
+    return mapSite(parser);
 }
 
 // The children are given the site as the server was: its drives, or none for the remembered site.

@@ -1,7 +1,11 @@
 #include "web/WebServer.h"
 
+#include "web/logic/DepartmentsPage.h"
 #include "web/logic/Pages.h"
+#include "web/logic/SiteDepartments.h"
 #include "web/logic/XlsxReport.h"
+
+#include "core/RuntimeError.h"
 
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -95,6 +99,18 @@ void logFailure(const QStringList &arguments, const ReportOutcome &outcome)
                         << (outcome.timedOut ? " (time limit)" : "") << ": " << outcome.log.trimmed() << Qt::endl;
 }
 
+// A form whose token is not the session's, as one a page of another site would send.
+void refuseExpiredForm(httplib::Response &response, const PageUser &user)
+{
+    sendPage(response, HtmlPage(QStringLiteral("Refused"), QStringLiteral("<p>The form has expired: load the page again.</p>"), user), 403);
+}
+
+// A browser is told the platform's message alone; the file it names goes to the log.
+void logSiteError(const QString &doing, const RuntimeError &error)
+{
+    QTextStream(stderr) << "qlon serve: " << doing << ": " << error.description() << ": " << error.detail() << Qt::endl;
+}
+
 struct Download
 {
     const char *type;
@@ -175,6 +191,8 @@ void WebServer::setRoutes()
     m_server->Get("/", [this](const Request &request, Response &response) { showForm(request, response); });
     m_server->Get("/report", [this](const Request &request, Response &response) { showReport(request, response); });
     m_server->Get("/download/([a-z]+)", [this](const Request &request, Response &response) { download(request, response); });
+    m_server->Get("/departments", [this](const Request &request, Response &response) { showDepartments(request, response); });
+    m_server->Post("/departments", [this](const Request &request, Response &response) { changeDepartments(request, response); });
 }
 
 // Every route but sign-in and the style sheet needs a session: without one, a page is a redirect
@@ -284,8 +302,7 @@ void WebServer::signOut(const Request &request, Response &response)
 {
     const std::optional<Session> session = sessionOf(request);
     if (!session || fromUtf8(request.get_param_value("csrf")) != session->csrfToken) {
-        sendPage(
-            response, HtmlPage(QStringLiteral("Refused"), QStringLiteral("<p>The form has expired: load the page again.</p>"), {}), 403);
+        refuseExpiredForm(response, {});
         return;
     }
     m_sessions.close(session->id);
@@ -296,8 +313,10 @@ void WebServer::signOut(const Request &request, Response &response)
 void WebServer::showForm(const Request &request, Response &response)
 {
     const Session session = *sessionOf(request);
-    const QString form = ReportFormHtml({{QStringLiteral("report"), QStringLiteral("main")}}, Sessions::RandomToken());
-    sendPage(response, HtmlPage(QStringLiteral("Reports"), form, {session.name, session.csrfToken}));
+    QString body = reportForm({{QStringLiteral("report"), QStringLiteral("main")}}, Sessions::RandomToken());
+    if (session.role == Role::Manager)
+        body += QStringLiteral("<p><a href=\"/departments\" id=\"departments-link\">The departments list</a></p>");
+    sendPage(response, HtmlPage(QStringLiteral("Reports"), body, {session.name, session.csrfToken}));
 }
 
 void WebServer::showReport(const Request &request, Response &response)
@@ -312,7 +331,7 @@ void WebServer::showReport(const Request &request, Response &response)
         response.set_redirect(utf8(QStringLiteral("/report?%1&ticket=%2").arg(choice.query, Sessions::RandomToken())), 303);
         return;
     }
-    const QString form = ReportFormHtml(fields, ticket);
+    const QString form = reportForm(fields, ticket);
     if (!choice.error.isEmpty()) {
         sendPage(response, FailurePage(form, choice.error, user), 400);
         return;
@@ -328,7 +347,7 @@ void WebServer::showReport(const Request &request, Response &response)
         sendPage(response, FailurePage(form, failureOf(*state.outcome), user), 500);
     } else {
         const QJsonObject report = QJsonDocument::fromJson(state.outcome->output).object();
-        sendPage(response, ResultPage(report, fields, choice.query + QStringLiteral("&ticket=") + ticket, user));
+        sendPage(response, ResultPage(form, report, fields, choice.query + QStringLiteral("&ticket=") + ticket, user));
     }
 }
 
@@ -364,6 +383,85 @@ void WebServer::download(const Request &request, Response &response)
     } else {
         response.set_content(state.outcome->output.constData(), std::size_t(state.outcome->output.size()), kind->type);
     }
+}
+
+QStringList WebServer::reportDepartments()
+{
+    const std::lock_guard lock(m_siteMutex);
+    try {
+        return FormDepartments();
+    } catch (const RuntimeError &error) {
+        logSiteError(QStringLiteral("reading the departments"), error);
+        return {};
+    }
+}
+
+QString WebServer::reportForm(const FormFields &fields, const QString &ticket)
+{
+    return ReportFormHtml(fields, ticket, reportDepartments());
+}
+
+std::optional<Session> WebServer::managerOf(const Request &request, Response &response)
+{
+    std::optional<Session> session = sessionOf(request);
+    if (session && session->role == Role::Manager)
+        return session;
+    sendPage(response, HtmlPage(QStringLiteral("Refused"), QStringLiteral("<p>The departments list is for managers.</p>"), {}), 403);
+    return std::nullopt;
+}
+
+void WebServer::showDepartments(const Request &request, Response &response)
+{
+    if (const std::optional<Session> session = managerOf(request, response))
+        sendDepartments(response, {session->name, session->csrfToken}, {}, 200);
+}
+
+void WebServer::sendDepartments(Response &response, const PageUser &user, const QString &note, int status)
+{
+    QByteArrayList rows;
+    {
+        const std::lock_guard lock(m_siteMutex);
+        try {
+            rows = DepartmentEditorRows();
+        } catch (const RuntimeError &error) {
+            logSiteError(QStringLiteral("reading the departments"), error);
+            sendPage(response,
+                HtmlPage(
+                    QStringLiteral("Departments"), QStringLiteral("<p class=\"error\">%1</p>").arg(Escaped(error.description())), user),
+                503);
+            return;
+        }
+    }
+    sendPage(response, DepartmentsPage(rows, note, user), status);
+}
+
+// Each change writes the whole file through the departments editor's own writer, the store's
+// crash-safe replace; a file a station holds is left as it is, with the platform's message.
+void WebServer::changeDepartments(const Request &request, Response &response)
+{
+    const std::optional<Session> session = managerOf(request, response);
+    if (!session)
+        return;
+    const PageUser user{session->name, session->csrfToken};
+    if (fromUtf8(request.get_param_value("csrf")) != session->csrfToken) {
+        refuseExpiredForm(response, user);
+        return;
+    }
+    const DepartmentsChange change = ChangeDepartments(fieldsOf(request));
+    if (!change.error.isEmpty()) {
+        sendDepartments(response, user, QStringLiteral("Not saved: ") + change.error + QLatin1Char('.'), 400);
+        return;
+    }
+    try {
+        const std::lock_guard lock(m_siteMutex);
+        SaveDepartmentRows(change.rows);
+    } catch (const RuntimeError &error) {
+        logSiteError(QStringLiteral("saving the departments"), error);
+        sendDepartments(response, user, QStringLiteral("Not saved: ") + error.description() + QLatin1Char('.'), 503);
+        return;
+    }
+    QTextStream(stderr) << "qlon serve: " << session->name << " saved the departments list" << Qt::endl;
+    response.set_redirect("/departments", 303);
 }
 
 QString WebServer::bind()

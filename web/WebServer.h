@@ -1,6 +1,7 @@
 #pragma once
 
 #include "web/logic/Accounts.h"
+#include "web/logic/Html.h"
 #include "web/logic/ReportForm.h"
 #include "web/logic/ReportQueue.h"
 #include "web/logic/Sessions.h"
@@ -72,6 +73,15 @@ private:
     void showForm(const Request &request, Response &response);
     void showReport(const Request &request, Response &response);
     void download(const Request &request, Response &response);
+    // The site's departments, for the report form; none when the file can't be read now.
+    QStringList reportDepartments();
+    QString reportForm(const FormFields &fields, const QString &ticket);
+    // The session of a manager; a viewer is refused here.
+    std::optional<Session> managerOf(const Request &request, Response &response);
+    void showDepartments(const Request &request, Response &response);
+    void changeDepartments(const Request &request, Response &response);
+    // The departments page with the rows the site's file now holds.
+    void sendDepartments(Response &response, const PageUser &user, const QString &note, int status);
 
     ServeOptions m_options;
     ReportQueue &m_queue;
@@ -82,6 +92,9 @@ private:
     // One Argon2id check at a time: each takes 64 MiB.
     std::mutex m_verifying;
     std::mutex m_accountsMutex;
+    // The program's file table and drive mapping are one per process: one reader or writer of
+    // the site at a time.
+    std::mutex m_siteMutex;
     std::optional<Accounts> m_accounts;
     QDateTime m_accountsRead;
 };

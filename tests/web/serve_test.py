@@ -4,6 +4,8 @@ compared with `qlon report --format json`, and the downloads compared with the r
 usage: serve_test.py QLON QLON_DEMO_SITE"""
 import concurrent.futures
 import datetime
+import fcntl
+import html
 import html.parser
 import io
 import json
@@ -259,6 +261,87 @@ class ServeTest(unittest.TestCase):
             sheet = workbook.read("xl/worksheets/sheet1.xml").decode()
         first = datetime.datetime.strptime(expected["sales"][0]["date"], "%m/%d/%Y").date()
         self.assertRegex(sheet, r'<c r="A2" s="\d+"><v>%d</v>' % (first - datetime.date(1899, 12, 30)).days)
+
+    def departments_file(self):
+        return os.path.join(self.site.drive, "Quillon", "data", "Departments.dat")
+
+    def departments_bytes(self):
+        with open(self.departments_file(), "rb") as file:
+            return file.read()
+
+    def departments_form(self, cookie):
+        """The departments page's rows and its token."""
+        response, body = self.get("/departments", cookie)
+        self.assertEqual(response.status, 200)
+        page = body.decode()
+        rows = [html.unescape(value) for value in re.findall(r'name="row\d+" id="row\d+" value="([^"]*)"', page)]
+        return {"row%d" % row: name for row, name in enumerate(rows)}, re.search(r'name="csrf" value="([0-9a-f]{64})"', page).group(1)
+
+    def save_departments(self, fields, csrf, cookie=None):
+        return self.site.request("POST", "/departments", dict(fields, csrf=csrf), cookie=cookie or self.cookie)
+
+    def test_the_departments_list_is_for_managers_alone(self):
+        before = self.departments_bytes()
+        viewer, _ = self.site.sign_in("bob")
+        response, page = self.get("/", viewer)
+        self.assertNotIn(b'href="/departments"', page)
+        csrf = re.search(rb'name="csrf" value="([0-9a-f]{64})"', page).group(1).decode()
+        self.assertEqual(self.get("/departments", viewer)[0].status, 403)
+        rows, _ = self.departments_form(self.cookie)
+        response, _ = self.save_departments(dict(rows, row0="Viewer's", action="save"), csrf, viewer)
+        self.assertEqual(response.status, 403)
+        for method in ("GET", "POST"):
+            response, _ = self.site.request(method, "/departments", {"csrf": csrf} if method == "POST" else None)
+            self.assertEqual((response.status, response.getheader("Location")), (303, "/signin"))
+        self.assertEqual(self.departments_bytes(), before)
+
+    def test_a_managers_departments_are_written_as_the_editor_writes_them(self):
+        rows, csrf = self.departments_form(self.cookie)
+        self.assertEqual(len(rows), 14)
+        before = self.departments_bytes()
+        self.addCleanup(self.restore_departments, before)
+        changed = dict(rows, row1="Bar & Café", action="save")
+        for token in (None, "f" * 64):
+            fields = changed if token is None else dict(changed, csrf=token)
+            response, _ = self.site.request("POST", "/departments", fields, cookie=self.cookie)
+            self.assertEqual(response.status, 403)
+        # A file a station holds is left as it was, with the platform's message and no path.
+        with open(self.departments_file(), "r+b") as held:
+            fcntl.lockf(held, fcntl.LOCK_EX)
+            response, body = self.save_departments(changed, csrf)
+        self.assertEqual(response.status, 503)
+        self.assertIn(b"Permission denied", body)
+        self.assertNoSitePath(body)
+        self.assertEqual(self.departments_bytes(), before)
+        # Renamed, a new one added and moved up to the top, the fourth removed: each on the page as it then stands.
+        expected = [rows["row%d" % row] for row in range(14)]
+        expected[1] = "Bar & Café"
+        added = expected.index("")
+        actions = [changed, {"new": "Sushi", "action": "add"}]
+        actions += [{"action": "up:%d" % row} for row in range(added, 0, -1)] + [{"action": "remove:3"}]
+        for fields in actions:
+            response, _ = self.save_departments(dict(self.departments_form(self.cookie)[0], **fields), csrf)
+            self.assertEqual(response.status, 303)
+        expected = ["Sushi"] + expected[:added] + expected[added + 1:]
+        del expected[3]
+        expected.append("")
+        written = b"".join(b'"' + name.encode("cp1252") + b'"\r\n' for name in expected)
+        self.assertEqual(self.departments_bytes(), written)
+        self.assertEqual(self.departments_form(self.cookie)[0], expected_fields(expected))
+        _, page = self.get("/")
+        listed = re.findall(r'<option value="([^"]*)"', re.search(r'name="department".*?</select>', page.decode()).group(0))
+        self.assertEqual(listed, [""] + [html.escape(name) for name in expected if name])
+        response, _ = self.save_departments(dict(expected_fields(expected), row3='Say "cheese"', action="save"), csrf)
+        self.assertEqual(response.status, 400)
+        self.assertEqual(self.departments_bytes(), written)
+
+    def restore_departments(self, contents):
+        with open(self.departments_file(), "wb") as file:
+            file.write(contents)
+
+
+def expected_fields(names):
+    return {"row%d" % row: name for row, name in enumerate(names)}
 
 
 class TlsTest(unittest.TestCase):

@@ -71,7 +71,7 @@ QString SignInPage(const QString &note, const QString &csrfToken)
     return HtmlPage(QStringLiteral("Sign in"), body, {});
 }
 
-QString ReportFormHtml(const FormFields &fields, const QString &ticket)
+QString ReportFormHtml(const FormFields &fields, const QString &ticket, const QStringList &departments)
 {
     const QStringList reports = {QStringLiteral("main"), QStringLiteral("items-sold"), QStringLiteral("server")};
     const QStringList categories = {
@@ -81,6 +81,10 @@ QString ReportFormHtml(const FormFields &fields, const QString &ticket)
     QStringList reportLabels;
     for (const QString &report : reports)
         reportLabels.append(reportTitle(report));
+    QStringList departmentValues = departments;
+    departmentValues.prepend(QString());
+    QStringList departmentLabels = departmentValues;
+    departmentLabels[0] = QStringLiteral("(none)");
     return QStringLiteral("<form method=\"get\" action=\"/report\" class=\"report\"><input type=\"hidden\" name=\"ticket\" value=\"%1\">"
                           "<label>Report<select name=\"report\" id=\"report\">%2</select></label>")
                .arg(Escaped(ticket), options(reports, reportLabels, fields.value(QStringLiteral("report")))) +
@@ -89,7 +93,8 @@ QString ReportFormHtml(const FormFields &fields, const QString &ticket)
         inputField(QStringLiteral("To the hour"), QStringLiteral("time"), QStringLiteral("end"), fields) +
         QStringLiteral("<label>Category<select name=\"category\" id=\"category\">%1</select></label>")
             .arg(options(categories, categoryLabels, fields.value(QStringLiteral("category")))) +
-        inputField(QStringLiteral("Department"), QStringLiteral("text"), QStringLiteral("department"), fields) +
+        QStringLiteral("<label>Department<select name=\"department\" id=\"department\">%1</select></label>")
+            .arg(options(departmentValues, departmentLabels, fields.value(QStringLiteral("department")))) +
         inputField(QStringLiteral("Server's number (server report)"), QStringLiteral("text"), QStringLiteral("server"), fields) +
         QStringLiteral("<button id=\"run\">Run</button></form>");
 }
@@ -103,11 +108,11 @@ QString WaitingPage(const QString &formHtml, int ahead, const PageUser &user)
         QStringLiteral("Waiting"), formHtml + QStringLiteral("<p id=\"waiting\">%1 This page reloads itself.</p>").arg(place), user, 2);
 }
 
-QString ResultPage(const QJsonObject &report, const FormFields &fields, const QString &pageQuery, const PageUser &user)
+QString ResultPage(
+    const QString &formHtml, const QJsonObject &report, const FormFields &fields, const QString &pageQuery, const PageUser &user)
 {
     const QString name = report.value(QStringLiteral("report")).toString();
-    const QString body = ReportFormHtml(fields, fields.value(QStringLiteral("ticket"))) + downloadLinks(name, pageQuery) +
-        ReportBody(report, ReadSort(fields), pageQuery);
+    const QString body = formHtml + downloadLinks(name, pageQuery) + ReportBody(report, ReadSort(fields), pageQuery);
     return HtmlPage(reportTitle(name), body, user);
 }
 

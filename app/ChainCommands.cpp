@@ -6,6 +6,7 @@
 #include "chain/ChainReportText.h"
 #include "chain/SyncCommand.h"
 #include "chain/logic/ChainDatabase.h"
+#include "chain/logic/ChainSchema.h"
 #include "core/Ansi.h"
 #include "core/Clock.h"
 #include "platform/PathMap.h"
@@ -149,6 +150,7 @@ int chainReport(const QStringList &arguments, QTextStream &out, QTextStream &err
     }
     try {
         ChainDatabase database(parser.value(chainOption).toUtf8());
+        CheckChainSchema(database);
         const QString sitesValue = parser.value(sitesOption);
         const QStringList sites =
             sitesValue.isEmpty() || sitesValue == QLatin1String("all") ? ChainSites(database) : sitesValue.split(QLatin1Char(','));

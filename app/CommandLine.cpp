@@ -73,6 +73,15 @@ CommandLine ParseCommandLine(const QStringList &arguments)
         QStringLiteral("SCREEN"));
     parser.addOptions({drive, script, screenshot, today, writeTemplate, open, listControls});
     AddReportOptions(parser);
+    // The chain database's commands read their own options; here they are only named.
+    parser.addPositionalArgument(QStringLiteral("sync"),
+        QStringLiteral("sync --to URL [--site NAME] writes the site's sales to the chain database at URL, as libpq takes it "
+                       "(status 1: the site can't be read or the database refuses)."),
+        QStringLiteral("[sync --to URL [--site NAME]]"));
+    parser.addPositionalArgument(QStringLiteral("report main --chain"),
+        QStringLiteral("report main --chain URL [--sites A,B|all] --from DATE --to DATE reports each site of the chain database "
+                       "and their sum, with the options of report (status 1: the database refuses or lacks a site)."),
+        QStringLiteral("[report main --chain URL [--sites A,B|all]]"));
 
     CommandLine commandLine;
     if (!parser.parse(arguments)) {

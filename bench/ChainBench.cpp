@@ -79,9 +79,9 @@ QByteArray twentySites(int rows)
         database.exec("INSERT INTO sites (name, catalogue_digest, departments_digest) SELECT 'site" + id +
             "', catalogue_digest, departments_digest FROM sites WHERE site_id = 1");
         database.exec("CREATE TABLE sales_site_" + id + " PARTITION OF sales FOR VALUES IN (" + id + ')');
-        database.exec("INSERT INTO sales SELECT " + id +
-            ", seq, day, sold_at, carried_day, carried_sold_at, item, cents, units, item_type,"
-            " receipt, item_text, order_date_text, time_text, price_text, quantity_text FROM sales WHERE site_id = 1");
+        const QByteArray columns = "seq, day, order_at, sold_at, time_from, cents, price_from, units, quantity_from, receipt,"
+                                   " receipt_from, item, item_type, item_text, order_date_text, time_text, price_text, quantity_text";
+        database.exec("INSERT INTO sales (site_id, " + columns + ") SELECT " + id + ", " + columns + " FROM sales WHERE site_id = 1");
         database.exec("INSERT INTO catalogue SELECT " + id + ", position, text, tag, type FROM catalogue WHERE site_id = 1");
         database.exec("INSERT INTO departments SELECT " + id + ", position, name FROM departments WHERE site_id = 1");
     }

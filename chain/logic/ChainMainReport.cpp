@@ -79,6 +79,17 @@ SiteLists siteLists(ChainDatabase &database, const QString &site)
 // Each site's items' sales, by the site's id.
 using SitesSales = QHash<QByteArray, QHash<QByteArray, ItemSales>>;
 
+// The rows the select of the span reads ($2 and $3 the dates): the dates compared as dates and
+// times, so that a row whose OrderDate holds a time of day lies after the to date's midnight.
+const QByteArray spanSelect = "day BETWEEN $2::date AND $3::date AND order_at <= $3::date";
+
+// A value that a null took from the item's row before counts only when that row lies in the
+// span's select too; otherwise the walk held nothing for it.
+QByteArray carried(const QByteArray &value, const QByteArray &from)
+{
+    return "CASE WHEN " + from + " IS NULL OR " + from + " BETWEEN $2::date AND $3::date THEN " + value + " END";
+}
+
 // The span filter of Calculate Sales: from the start time on the from date to the end time on the
 // to date; a row whose date or time can't be read, or without an item, is never counted. All the
 // sites in one query, which reads each site's partition through the index of days.
@@ -89,13 +100,11 @@ SitesSales spanSales(ChainDatabase &database, const QByteArrayList &sites, const
     const std::optional<QTime> end = ToTime(span.endTime);
     if (!start || !end)
         return sales;
-    // A null time counts as the one the item's row before left, when that row is in the span too.
-    const ChainResult sums = database.exec("SELECT site_id, item, sum(cents), sum(units) FROM (SELECT site_id, item, cents, units, day,"
-                                           " CASE WHEN time_text IS NOT NULL THEN sold_at WHEN carried_day BETWEEN $2 AND $3 THEN"
-                                           " carried_sold_at END AS counted_at FROM sales WHERE site_id = ANY($1::integer[])"
-                                           " AND day BETWEEN $2 AND $3 AND item <> '') AS span WHERE counted_at IS NOT NULL"
-                                           " AND NOT (day = $2 AND counted_at < $4) AND NOT (day = $3 AND counted_at > $5)"
-                                           " GROUP BY site_id, item",
+    const ChainResult sums = database.exec("SELECT site_id, item, sum(cents), sum(units) FROM (SELECT site_id, item, day, " +
+            carried("cents", "price_from") + " AS cents, " + carried("units", "quantity_from") + " AS units, " +
+            carried("sold_at", "time_from") + " AS counted_at FROM sales WHERE site_id = ANY($1::integer[]) AND " + spanSelect +
+            " AND item <> '') AS span WHERE counted_at IS NOT NULL AND NOT (day = $2 AND counted_at < $4)"
+            " AND NOT (day = $3 AND counted_at > $5) GROUP BY site_id, item",
         {'{' + sites.join(',') + '}', isoDate(span.from), isoDate(span.to), isoTime(*start), isoTime(*end)});
     for (int row = 0; row < sums.rowCount(); ++row) {
         ItemSales &item = sales[sums.value(row, 0)][fromDatabase(sums.value(row, 1))];
@@ -105,14 +114,14 @@ SitesSales spanSales(ChainDatabase &database, const QByteArrayList &sites, const
     return sales;
 }
 
-// An item that sold nothing shows the receipt of its last row of the span's dates, counted or not.
+// An item that sold nothing shows the receipt of its last row in the span's select, counted or not.
 void addLastReceipts(ChainDatabase &database, const QByteArray &site, const ChainSpan &span, const QByteArrayList &names,
     QHash<QByteArray, ItemSales> &sales)
 {
     if (names.isEmpty())
         return;
-    const ChainResult receipts = database.exec("SELECT DISTINCT ON (item) item, receipt FROM sales WHERE site_id = $1"
-                                               " AND day BETWEEN $2 AND $3 AND item = ANY($4) ORDER BY item, seq DESC",
+    const ChainResult receipts = database.exec("SELECT DISTINCT ON (item) item, " + carried("receipt", "receipt_from") +
+            " FROM sales WHERE site_id = $1 AND " + spanSelect + " AND item = ANY($4) ORDER BY item, seq DESC",
         {site, isoDate(span.from), isoDate(span.to), textArray(names)});
     for (int row = 0; row < receipts.rowCount(); ++row)
         sales[fromDatabase(receipts.value(row, 0))].lastReceipt = fromDatabase(receipts.value(row, 1));

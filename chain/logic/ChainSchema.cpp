@@ -39,13 +39,34 @@ const QByteArrayList versionOne = {
     " PRIMARY KEY (site_id, position))",
 };
 
+// Version 2: a row holds its OrderDate's date and time as well, which the select of a span
+// compares, so that a sale whose date holds a time of day lies after its day's midnight. A time,
+// price, quantity or receipt that a null took from the item's row before comes with that row's date
+// and time (`time_from`, `price_from`, `quantity_from`, `receipt_from`; null for the row's own
+// value): it counts only when that row lies in the span's select too. The rows of version 1 lack
+// them: they go, and each site's next sync writes its days again.
+const QByteArrayList versionTwo = {
+    "TRUNCATE sales, site_days",
+    "ALTER TABLE sales DROP COLUMN carried_day, DROP COLUMN carried_sold_at, ADD COLUMN order_at timestamp,"
+    " ADD COLUMN time_from timestamp, ADD COLUMN price_from timestamp, ADD COLUMN quantity_from timestamp,"
+    " ADD COLUMN receipt_from timestamp",
+};
+
 // The steps from each version to the next; step i leads from version i to i + 1.
-const QList<QByteArrayList> migrations = {versionOne};
+const QList<QByteArrayList> migrations = {versionOne, versionTwo};
 
 int currentVersion(ChainDatabase &database)
 {
     const ChainResult result = database.exec("SELECT max(version) FROM schema_version");
     return result.isNull(0, 0) ? 0 : result.value(0, 0).toInt();
+}
+
+ChainError versionError(int version, const QString &remedy)
+{
+    return ChainError(QStringLiteral("the chain database's tables are of version %1; this program knows version %2%3")
+                          .arg(version)
+                          .arg(ChainSchemaVersion)
+                          .arg(remedy));
 }
 
 } // namespace
@@ -56,17 +77,20 @@ void MigrateChainSchema(ChainDatabase &database)
     database.exec("SELECT pg_advisory_xact_lock($1, $2)", {lockClass, QByteArray::number(schemaLock)});
     database.exec("CREATE TABLE IF NOT EXISTS schema_version (version integer PRIMARY KEY, applied_at timestamptz NOT NULL DEFAULT now())");
     const int version = currentVersion(database);
-    if (version > ChainSchemaVersion) {
-        throw ChainError(QStringLiteral("the chain database's tables are of version %1; this program knows up to version %2")
-                             .arg(version)
-                             .arg(ChainSchemaVersion));
-    }
+    if (version > ChainSchemaVersion)
+        throw versionError(version, QString());
     for (int step = version; step < ChainSchemaVersion; ++step) {
         for (const QByteArray &statement : migrations.at(step))
             database.exec(statement);
         database.exec("INSERT INTO schema_version (version) VALUES ($1)", {QByteArray::number(step + 1)});
     }
     transaction.commit();
+}
+
+void CheckChainSchema(ChainDatabase &database)
+{
+    if (const int version = currentVersion(database); version != ChainSchemaVersion)
+        throw versionError(version, version < ChainSchemaVersion ? QStringLiteral(" (a sync brings them to it)") : QString());
 }
 
 void EnsureSitePartition(ChainDatabase &database, int siteId)

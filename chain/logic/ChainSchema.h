@@ -5,12 +5,15 @@ namespace qlon {
 class ChainDatabase;
 
 // The version of the chain database's tables that this program writes and reads.
-inline constexpr int ChainSchemaVersion = 1;
+inline constexpr int ChainSchemaVersion = 2;
 
 // Creates the tables on first use and brings an older version up to this one, each step in its
 // own transaction, one program at a time. A database of a newer version than this program knows
 // raises ChainError.
 void MigrateChainSchema(ChainDatabase &database);
+
+// Raises ChainError unless the tables are of this program's version: a report reads no other.
+void CheckChainSchema(ChainDatabase &database);
 
 // Creates the site's partition of the sales if it has none; inside the caller's transaction.
 void EnsureSitePartition(ChainDatabase &database, int siteId);

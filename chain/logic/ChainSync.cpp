@@ -76,8 +76,8 @@ qint64 writeDays(ChainDatabase &database, const QByteArray &site, const SiteSnap
 {
     // Straight into the site's partition: no routing of each row.
     const QByteArray copySales = "COPY sales_site_" + site +
-        " (site_id, seq, day, sold_at, carried_day, carried_sold_at, item, cents, units,"
-        " item_type, receipt, item_text, order_date_text, time_text, price_text, quantity_text)"
+        " (site_id, seq, day, order_at, sold_at, time_from, cents, price_from, units, quantity_from, receipt,"
+        " receipt_from, item, item_type, item_text, order_date_text, time_text, price_text, quantity_text)"
         " FROM STDIN";
     QByteArray batch;
     qint64 inBatch = 0;

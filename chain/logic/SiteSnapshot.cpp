@@ -19,56 +19,84 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <array>
 #include <cmath>
+#include <optional>
 
 namespace qlon {
 
 namespace {
 
-// How the rows of a site are read: the memos of the texts that repeat.
+// The columns whose null keeps the text of the item's row before, as the reports' walks keep it.
+constexpr std::array<SalesColumn, 4> carriedColumns{Time, UnitPrice, Quantity, ReceiptID};
+
+// How the rows of a site are read: the memos of the texts that repeat, and what each item's rows
+// leave to the rows after them.
 class SalesRowWriter
 {
 public:
-    // The day key of the row, read once for each text of a date.
-    const QByteArray &dayOf(const SalesRow &row)
+    // The date of the row, read once for each text of a date.
+    const RowDate &dateOf(const SalesRow &row)
     {
         const QByteArray orderDate = trimmed(row[OrderDate]);
-        return m_days.get(orderDate, [&orderDate] { return DayKey(orderDate); });
+        return m_dates.get(orderDate, [&orderDate] { return ReadRowDate(orderDate); });
     }
 
-    void append(qint64 seq, const QByteArray &day, const SalesRow &row, QByteArray &line)
+    void append(qint64 seq, const RowDate &date, const SalesRow &row, QByteArray &line)
     {
-        // A null item or time keeps the text of the row before it, as the reports' walks do: the
-        // item of the row before, the time of the item's row before. The time comes with the day of
-        // its row, since it counts only when that row is in the report's span too.
-        if (row[Item])
-            m_item = TrimBlanks(*row[Item]);
-        const QByteArray time = trimmed(row[Time]);
-        const QByteArray price = trimmed(row[UnitPrice]);
-        const QByteArray quantity = trimmed(row[Quantity]);
+        // A null item keeps the item of the row before it, and a null time, price, quantity or
+        // receipt the value of the item's row before, as the reports' walks do. A value taken so
+        // comes with the date and time of its row, since it counts only when that row lies in the
+        // report's select too. A row whose date can't be read lies in no select: it leaves nothing.
+        const bool selectable = !date.day.isEmpty();
+        const QByteArray item = row[Item] ? TrimBlanks(*row[Item]) : m_item;
+        if (selectable)
+            m_item = item;
+        std::array<std::optional<CarriedValue>, carriedColumns.size()> &carried = m_carried[item];
         line.append(QByteArray::number(seq));
-        appendPlain(line, day);
-        const std::optional<QTime> soldAt = SaleTime(time, m_times);
-        const QByteArray soldAtText = soldAt ? soldAt->toString(Qt::ISODateWithMs).toLatin1() : QByteArray();
-        appendPlain(line, soldAtText);
-        CarriedTime carried;
-        if (row[Time])
-            m_carriedTimes.insert(m_item, {day, soldAtText});
-        else
-            carried = m_carriedTimes.value(m_item);
-        appendPlain(line, carried.day);
-        appendPlain(line, carried.soldAt);
-        appendText(line, m_item);
-        appendPlain(line, QByteArray::number(std::llround(LinePrice(price, m_prices) * 100)));
-        appendPlain(line, QByteArray::number(NumericValue(quantity), 'g', 17));
+        appendPlain(line, date.day);
+        appendPlain(line, date.at);
+        for (std::size_t slot = 0; slot < carriedColumns.size(); ++slot) {
+            const SalesColumn column = carriedColumns[slot];
+            CarriedValue value;
+            if (row[column]) {
+                value.field = fieldOf(column, TrimBlanks(*row[column]));
+                if (selectable)
+                    carried[slot] = CarriedValue{value.field, date.at};
+            } else {
+                value = carried[slot].value_or(CarriedValue{fieldOf(column, {}), {}});
+            }
+            line.append('\t');
+            line.append(value.field);
+            appendPlain(line, value.from);
+        }
+        appendText(line, item);
         appendText(line, row[ItemType]);
-        appendText(line, row[ReceiptID]);
         for (const SalesValue &raw : {row[Item], row[OrderDate], row[Time], row[UnitPrice], row[Quantity]})
             appendText(line, raw);
         line.append('\n');
     }
 
 private:
+    // A column's value in COPY's form, as the reports read it: the time of day, the price in
+    // cents rounded as Calculate Sales adds it, the quantity's numeric value, the text.
+    QByteArray fieldOf(SalesColumn column, const QByteArray &text)
+    {
+        switch (column) {
+        case Time: {
+            const std::optional<QTime> soldAt = SaleTime(text, m_times);
+            return soldAt ? soldAt->toString(Qt::ISODateWithMs).toLatin1() : CopyNull.toByteArray();
+        }
+        case UnitPrice: return QByteArray::number(std::llround(LinePrice(text, m_prices) * 100));
+        case Quantity: return QByteArray::number(NumericValue(text), 'g', 17);
+        default: {
+            QByteArray field;
+            AppendCopyText(field, FromAnsi(text).toUtf8());
+            return field;
+        }
+        }
+    }
+
     static QByteArray trimmed(const SalesValue &value) { return value ? TrimBlanks(*value) : QByteArray(); }
 
     // A value that needs no escaping; empty stands for null.
@@ -88,15 +116,17 @@ private:
             AppendCopyText(line, FromAnsi(TrimBlanks(*value)).toUtf8());
     }
 
-    struct CarriedTime
+    // A value as the row that left it read, and that row's date and time; no date and time for
+    // the row's own value.
+    struct CarriedValue
     {
-        QByteArray day;
-        QByteArray soldAt;
+        QByteArray field;
+        QByteArray from;
     };
 
     QByteArray m_item;
-    QHash<QByteArray, CarriedTime> m_carriedTimes;
-    Memo<QByteArray, QByteArray> m_days;
+    QHash<QByteArray, std::array<std::optional<CarriedValue>, carriedColumns.size()>> m_carried;
+    Memo<QByteArray, RowDate> m_dates;
     Memo<QByteArray, std::optional<QTime>> m_times;
     Memo<QByteArray, double> m_prices;
 };
@@ -163,10 +193,13 @@ QString siteName(const QString &given)
 
 } // namespace
 
-QByteArray DayKey(QByteArrayView orderDate)
+RowDate ReadRowDate(QByteArrayView orderDate)
 {
     const std::optional<QDate> day = ToDate(orderDate);
-    return day ? day->toString(Qt::ISODate).toLatin1() : QByteArray();
+    if (!day)
+        return {};
+    const QByteArray dayText = day->toString(Qt::ISODate).toLatin1();
+    return {dayText, dayText + 'T' + ToTime(orderDate).value_or(QTime(0, 0)).toString(Qt::ISODate).toLatin1()};
 }
 
 void ReadSales(SalesStore &store, SiteSnapshot &snapshot, const std::function<void(qint64 rows)> &progress)
@@ -174,9 +207,9 @@ void ReadSales(SalesStore &store, SiteSnapshot &snapshot, const std::function<vo
     SalesRowWriter writer;
     qint64 seq = 0;
     store.SelectAll([&](const SalesRow &row) {
-        const QByteArray &day = writer.dayOf(row);
-        DayRows &rows = snapshot.days[day];
-        writer.append(seq++, day, row, rows.lines);
+        const RowDate &date = writer.dateOf(row);
+        DayRows &rows = snapshot.days[date.day];
+        writer.append(seq++, date, row, rows.lines);
         ++rows.count;
         if (seq % 100000 == 0)
             progress(seq);

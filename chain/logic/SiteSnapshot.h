@@ -35,8 +35,14 @@ struct SiteSnapshot
     QByteArray departmentsDigest;
 };
 
-// The day key of a row: its date as the platform reads it, in ISO form, or "".
-QByteArray DayKey(QByteArrayView orderDate);
+// A row's OrderDate as the platform reads it: its day, the key of its day's rows, and its date and
+// time, which the select of a report's span compares; both "" when the date can't be read.
+struct RowDate
+{
+    QByteArray day;
+    QByteArray at;
+};
+RowDate ReadRowDate(QByteArrayView orderDate);
 
 // Reads the sales of the store into days; `progress` hears of every 100,000 rows read.
 void ReadSales(SalesStore &store, SiteSnapshot &snapshot, const std::function<void(qint64 rows)> &progress);

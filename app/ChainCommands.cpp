@@ -1,5 +1,6 @@
 #include "app/ChainCommands.h"
 
+#include "app/CommandLine.h"
 #include "app/ReportCommand.h"
 #include "app/ReportJson.h"
 #include "app/ReportRun.h"
@@ -170,25 +171,6 @@ int chainReport(const QStringList &arguments, QTextStream &out, QTextStream &err
     return 0;
 }
 
-// The first word of the command line that is neither an option nor an option's value.
-QString commandWord(const QStringList &arguments)
-{
-    static const QStringList valueOptions = {QStringLiteral("drive"), QStringLiteral("script"), QStringLiteral("screenshot"),
-        QStringLiteral("today"), QStringLiteral("open"), QStringLiteral("list-controls"), QStringLiteral("from"), QStringLiteral("to"),
-        QStringLiteral("start-time"), QStringLiteral("end-time"), QStringLiteral("category"), QStringLiteral("department"),
-        QStringLiteral("server"), QStringLiteral("pdf"), QStringLiteral("csv"), QStringLiteral("format"), QStringLiteral("chain"),
-        QStringLiteral("sites"), QStringLiteral("site")};
-    for (qsizetype index = 1; index < arguments.size(); ++index) {
-        const QString &argument = arguments[index];
-        if (!argument.startsWith(QLatin1Char('-')))
-            return argument;
-        const QString name = argument.mid(argument.startsWith(QLatin1String("--")) ? 2 : 1);
-        if (valueOptions.contains(name))
-            ++index;
-    }
-    return {};
-}
-
 } // namespace
 
 int RunChainCommand(int argc, char *argv[])
@@ -196,7 +178,7 @@ int RunChainCommand(int argc, char *argv[])
     QStringList arguments;
     for (int index = 0; index < argc; ++index)
         arguments.append(QString::fromLocal8Bit(argv[index]));
-    const QString command = commandWord(arguments);
+    const QString command = CommandWord(argc, argv);
     const bool syncing = command == QLatin1String("sync");
     const bool chained = command == QLatin1String("report") &&
         std::any_of(

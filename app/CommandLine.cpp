@@ -132,4 +132,23 @@ bool RunsWithoutWindow(int argc, char *argv[])
     return false;
 }
 
+QString CommandWord(int argc, char *argv[])
+{
+    // Every option of every command that takes a value, written apart from it.
+    static const QStringList valueOptions = {QStringLiteral("drive"), QStringLiteral("script"), QStringLiteral("screenshot"),
+        QStringLiteral("today"), QStringLiteral("open"), QStringLiteral("list-controls"), QStringLiteral("from"), QStringLiteral("to"),
+        QStringLiteral("start-time"), QStringLiteral("end-time"), QStringLiteral("category"), QStringLiteral("department"),
+        QStringLiteral("server"), QStringLiteral("pdf"), QStringLiteral("csv"), QStringLiteral("format"), QStringLiteral("chain"),
+        QStringLiteral("sites"), QStringLiteral("site"), QStringLiteral("listen"), QStringLiteral("tls-cert"), QStringLiteral("tls-key"),
+        QStringLiteral("report-time-limit"), QStringLiteral("role")};
+    for (int index = 1; index < argc; ++index) {
+        const QString argument = QString::fromLocal8Bit(argv[index]);
+        if (!argument.startsWith(QLatin1Char('-')))
+            return argument;
+        if (valueOptions.contains(argument.mid(argument.startsWith(QLatin1String("--")) ? 2 : 1)))
+            ++index;
+    }
+    return {};
+}
+
 } // namespace qlon

@@ -34,4 +34,8 @@ CommandLine ParseCommandLine(const QStringList &arguments);
 // read before the application exists, to choose the display.
 bool RunsWithoutWindow(int argc, char *argv[]);
 
+// The command's first word (report, serve, user, sync), passing over the options and their
+// values; empty when there is none.
+QString CommandWord(int argc, char *argv[]);
+
 } // namespace qlon

@@ -142,8 +142,8 @@ int main(int argc, char *argv[])
 {
     QCoreApplication::setApplicationName(QStringLiteral("qlon"));
     QCoreApplication::setApplicationVersion(QLatin1String(qlon::ProgramVersion));
-    if (const int status = qlon::web::RunWebCommand(argc, argv); status >= 0)
-        return status;
+    if (const QString word = qlon::CommandWord(argc, argv); word == QLatin1String("serve") || word == QLatin1String("user"))
+        return qlon::web::RunWebCommand(word, argc, argv);
     qlon::RegisterScreens();
     if (const int status = qlon::RunChainCommand(argc, argv); status >= 0)
         return status;

@@ -163,7 +163,6 @@ public:
     explicit PreviewOutput(std::unique_ptr<QPrinter> printer)
         : ReportRecording(layoutPageOf(*printer).height())
         , m_printer(std::move(printer))
-        , m_layoutPage(layoutPageOf(*m_printer))
     {
     }
 
@@ -171,7 +170,8 @@ public:
     {
         QPrintPreviewDialog preview(m_printer.get());
         QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, [this](QPrinter *printer) {
-            PrinterOutput output(printer, m_layoutPage);
+            // The pages were laid out for Letter's width or the A4 it scales to, and as long as recorded.
+            PrinterOutput output(printer, QSizeF(layoutWidth, pageHeight()));
             replay(output);
         });
         // Large enough that its tool bar shows every command, Print among them.
@@ -182,7 +182,6 @@ public:
 
 private:
     std::unique_ptr<QPrinter> m_printer;
-    QSizeF m_layoutPage;
 };
 
 } // namespace

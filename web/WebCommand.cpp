@@ -13,7 +13,6 @@
 #include <QTextStream>
 
 #include <csignal>
-#include <cstring>
 #include <pthread.h>
 #include <termios.h>
 #include <thread>
@@ -44,20 +43,6 @@ const QString certificateOption = QStringLiteral("tls-cert");
 const QString keyOption = QStringLiteral("tls-key");
 const QString timeLimitOption = QStringLiteral("report-time-limit");
 const QString roleOption = QStringLiteral("role");
-
-// The word of a web command, or empty: the first word that is no option's value.
-QString commandWord(int argc, char *argv[])
-{
-    for (int index = 1; index < argc; ++index) {
-        const char *word = argv[index];
-        const char *previous = argv[index - 1];
-        const bool optionValue = index > 1 && previous[0] == '-' && std::strchr(previous, '=') == nullptr;
-        if (word[0] == '-' || optionValue)
-            continue;
-        return QString::fromLocal8Bit(word);
-    }
-    return {};
-}
 
 int fail(const QString &text, int status = 2)
 {
@@ -209,11 +194,8 @@ int runServe(const QCommandLineParser &parser)
 
 } // namespace
 
-int RunWebCommand(int argc, char *argv[])
+int RunWebCommand(const QString &word, int argc, char *argv[])
 {
-    const QString word = commandWord(argc, argv);
-    if (word != QLatin1String("serve") && word != QLatin1String("user"))
-        return -1;
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("qlon serve: the reports in a browser; qlon user: who may sign in."));

@@ -7,14 +7,12 @@
 #include "core/Ansi.h"
 #include "core/Clock.h"
 #include "core/DateText.h"
-#include "core/HostPath.h"
 #include "store/ReportTemplate.h"
 #include "store/SiteConfig.h"
 #include "ui/Program.h"
 #include "ui/ScreenRegistry.h"
 
 #include <QBuffer>
-#include <QDir>
 #include <QWidget>
 
 namespace qlon {
@@ -28,13 +26,6 @@ QString pickerTime(const QString &requested, const QString &whenNone)
 {
     const std::optional<QTime> time = ToTime(ToAnsi(requested));
     return time ? time->toString(QStringLiteral("h:mm ap")) : whenNone;
-}
-
-// The site's name, or the name of its folder when the configuration gives none.
-QString siteName()
-{
-    const QString name = FromAnsi(Site().Config.trimmedField(IniRec2300::SiteName));
-    return name.isEmpty() ? QDir(HostPath(DefaultSiteRoot.left(3))).dirName() : name;
 }
 
 } // namespace
@@ -96,7 +87,7 @@ int ReportRun::run()
         m_out << script;
         return 0;
     }
-    m_heading = HeadingOf(m_request, siteName(), ReportDay(from), ReportDay(to));
+    m_heading = HeadingOf(m_request, NameOfSite(), ReportDay(from), ReportDay(to));
     for (const QString &file : {m_request.pdf, m_request.csv}) {
         if (!file.isEmpty())
             m_filesBefore.append({file, StampOf(file)});

@@ -4,6 +4,7 @@
 #include "core/FileTable.h"
 #include "core/HostPath.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 namespace qlon {
@@ -59,6 +60,14 @@ QByteArray DataPath(QByteArrayView relativePath)
 {
     EnsureDataRoot();
     return Site().DataRoot + relativePath.toByteArray();
+}
+
+QString NameOfSite()
+{
+    const QByteArray configured = Site().Config.trimmedField(IniRec2300::SiteName);
+    if (!configured.isEmpty())
+        return FromAnsi(configured);
+    return QFileInfo(QDir::cleanPath(HostPath(DefaultSiteRoot) + QStringLiteral("/.."))).fileName();
 }
 
 } // namespace qlon

@@ -3,6 +3,7 @@
 #include "store/IniRec2300.h"
 
 #include <QByteArray>
+#include <QString>
 
 namespace qlon {
 
@@ -30,6 +31,10 @@ constexpr int ConfigFileNumber = 2;
 // DataRoot empty. The file stays open and locked until the next CloseAll; a file held
 // elsewhere raises "Permission denied".
 void ReadConfiguration();
+
+// The site's name as the configuration gives it, or else the name of the folder drive C: stands
+// for; after ReadConfiguration.
+QString NameOfSite();
 
 // Readers of the database and of the reports first make sure of DataRoot.
 void EnsureDataRoot();

@@ -16,8 +16,6 @@
 #include "store/SiteConfig.h"
 
 #include <QCryptographicHash>
-#include <QDir>
-#include <QFileInfo>
 
 #include <array>
 #include <cmath>
@@ -181,16 +179,6 @@ void readDepartments(SiteSnapshot &snapshot)
     snapshot.departmentsDigest = digestOf(snapshot.departmentLines);
 }
 
-QString siteName(const QString &given)
-{
-    if (!given.isEmpty())
-        return given;
-    const QByteArray configured = Site().Config.trimmedField(IniRec2300::SiteName);
-    if (!configured.isEmpty())
-        return FromAnsi(configured);
-    return QFileInfo(QDir::cleanPath(HostPath(DefaultSiteRoot) + QStringLiteral("/.."))).fileName();
-}
-
 } // namespace
 
 RowDate ReadRowDate(QByteArrayView orderDate)
@@ -227,7 +215,7 @@ SiteSnapshot ReadSite(const QString &name, const std::function<void(qint64 rows)
     CloseAll();
     EnsureDataRoot();
     SiteSnapshot snapshot;
-    snapshot.name = siteName(name);
+    snapshot.name = name.isEmpty() ? NameOfSite() : name;
     readDepartments(snapshot);
     readCatalogue(snapshot);
     const std::unique_ptr<SalesStore> store = OpenSiteSalesStore(DataPath(SalesDatabaseFile));

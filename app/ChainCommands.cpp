@@ -73,24 +73,42 @@ int sync(const QStringList &arguments, QTextStream &err)
     return SyncToChain(parser.value(to).toUtf8(), parser.value(site), err);
 }
 
-// The request's span and category as the main screen would take them.
-Refusal readChainRequest(const QCommandLineParser &parser, ReportRequest &request, ChainSpan &span, CategoryChoice &choice)
+// The request as a report over the chain takes it: main or items-sold, over dates of its own.
+Refusal readChainRequest(const QCommandLineParser &parser, ReportRequest &request)
 {
-    if (const QString misfit = ReadReportRequest(parser, request); !misfit.isEmpty())
+    if (const QString misfit = ReadReportRequest(parser, request, true); !misfit.isEmpty())
         return {2, misfit};
-    if (request.name != QLatin1String("main"))
-        return {2, QStringLiteral("--chain reports main")};
+    if (request.name != QLatin1String("main") && request.name != QLatin1String("items-sold"))
+        return {2, QStringLiteral("--chain reports main and items-sold; the server report stays with its site")};
     if (request.from.isEmpty() || request.to.isEmpty())
         return {2, QStringLiteral("--chain needs --from and --to: each site has start dates of its own")};
     if (!request.pdf.isEmpty() || request.printScript)
         return {2, QStringLiteral("--chain prints no PDF and runs no script")};
+    return {0, {}};
+}
+
+QString categoryOf(const ReportRequest &request)
+{
+    return request.category.isEmpty() ? QStringLiteral("all") : request.category.toLower();
+}
+
+// The span and category as the main screen would take them.
+ChainSpan mainSpanOf(const ReportRequest &request)
+{
+    ChainSpan span;
     span.from = ReportDay(request.from);
     span.to = ReportDay(request.to);
     if (!request.startTime.isEmpty())
         span.startTime = ToAnsi(request.startTime);
     if (!request.endTime.isEmpty())
         span.endTime = ToAnsi(request.endTime);
-    const QString category = request.category.isEmpty() ? QStringLiteral("all") : request.category.toLower();
+    return span;
+}
+
+CategoryChoice mainChoiceOf(const ReportRequest &request)
+{
+    const QString category = categoryOf(request);
+    CategoryChoice choice;
     choice.all = category == QLatin1String("all") && request.department.isEmpty();
     choice.food = category == QLatin1String("food");
     choice.bar = category == QLatin1String("bar");
@@ -98,36 +116,79 @@ Refusal readChainRequest(const QCommandLineParser &parser, ReportRequest &reques
     choice.retail = category == QLatin1String("retail");
     choice.department = !request.department.isEmpty();
     choice.departmentCaption = ToAnsi(request.department);
-    return {0, {}};
+    return choice;
 }
 
-QJsonObject listingJson(const ReportRequest &request, const ChainListing &listing, const ChainSpan &span)
+// The span, option and department as the Items Sold screen would take them.
+ItemsSoldChoice itemsSoldChoiceOf(const ReportRequest &request)
 {
-    const ReportHeading heading = HeadingOf(request, listing.site, span.from, span.to);
-    return QJsonDocument::fromJson(ReportJson(request, heading, PrintedListing(listing), 0, {})).object();
+    const ChainSpan span = mainSpanOf(request);
+    ItemsSoldChoice choice;
+    choice.from = span.from;
+    choice.to = span.to;
+    if (!request.startTime.isEmpty())
+        choice.startTime = ToAnsi(request.startTime);
+    if (!request.endTime.isEmpty())
+        choice.endTime = ToAnsi(request.endTime);
+    choice.category = ToAnsi(categoryOf(request));
+    choice.department = ToAnsi(request.department);
+    return choice;
+}
+
+// A site's figures as its report prints them, or the sites' sum; the CSV of the sum.
+struct PrintedReport
+{
+    QList<std::pair<QString, QString>> sites; // each site and its printed list
+    QString combined;
+    QByteArray csv;
+};
+
+PrintedReport chainFigures(ChainDatabase &database, const ReportRequest &request, const QStringList &sites)
+{
+    PrintedReport report;
+    if (request.name == QLatin1String("main")) {
+        const QList<ChainListing> listings = ChainMainReport(database, sites, mainSpanOf(request), mainChoiceOf(request));
+        for (const ChainListing &listing : listings)
+            report.sites.append({listing.site, PrintedListing(listing)});
+        const ChainListing combined = CombinedListing(listings);
+        report.combined = PrintedListing(combined);
+        report.csv = ExportedListing(combined);
+        return report;
+    }
+    const QList<ItemsSoldListing> listings = ChainItemsSoldReport(database, sites, itemsSoldChoiceOf(request));
+    for (const ItemsSoldListing &listing : listings)
+        report.sites.append({listing.site, PrintedItemsSold(listing)});
+    const ItemsSoldListing combined = CombinedItemsSold(listings);
+    report.combined = PrintedItemsSold(combined);
+    report.csv = ExportedItemsSold(combined);
+    return report;
 }
 
 // Each site's report as `qlon report` prints it, heading and all, then the sites' sum.
-void printReport(const ReportRequest &request, const QList<ChainListing> &listings, const ChainSpan &span, QTextStream &out)
+void printReport(const ReportRequest &request, const PrintedReport &report, QTextStream &out)
 {
-    const ChainListing combined = CombinedListing(listings);
+    const QDate from = ReportDay(request.from);
+    const QDate to = ReportDay(request.to);
+    QStringList names;
+    for (const auto &[site, printed] : report.sites)
+        names.append(site);
+    const QString sum = QStringLiteral("combined (%1)").arg(names.join(QStringLiteral(", ")));
     if (!request.json) {
-        QStringList names;
-        for (const ChainListing &listing : listings) {
-            out << HeadingOf(request, listing.site, span.from, span.to).lines().join(QLatin1Char('\n')) << '\n' << PrintedListing(listing);
-            names.append(listing.site);
-        }
-        const QString sum = QStringLiteral("combined (%1)").arg(names.join(QStringLiteral(", ")));
-        out << HeadingOf(request, sum, span.from, span.to).lines().join(QLatin1Char('\n')) << '\n' << PrintedListing(combined) << Qt::flush;
+        for (const auto &[site, printed] : report.sites)
+            out << HeadingOf(request, site, from, to).lines().join(QLatin1Char('\n')) << '\n' << printed;
+        out << HeadingOf(request, sum, from, to).lines().join(QLatin1Char('\n')) << '\n' << report.combined << Qt::flush;
         return;
     }
+    const auto json = [&](const QString &site, const QString &printed) {
+        return QJsonDocument::fromJson(ReportJson(request, HeadingOf(request, site, from, to), printed, 0, {})).object();
+    };
     QJsonArray sites;
-    for (const ChainListing &listing : listings)
-        sites.append(listingJson(request, listing, span));
-    QJsonObject report = listingJson(request, combined, span);
-    report.remove(QStringLiteral("site"));
+    for (const auto &[site, printed] : report.sites)
+        sites.append(json(site, printed));
+    QJsonObject combined = json({}, report.combined);
+    combined.remove(QStringLiteral("site"));
     out << QJsonDocument(QJsonObject{{QStringLiteral("report"), request.name}, {QStringLiteral("sites"), sites},
-                             {QStringLiteral("combined"), report}})
+                             {QStringLiteral("combined"), combined}})
                .toJson(QJsonDocument::Indented)
         << Qt::flush;
 }
@@ -138,13 +199,11 @@ int chainReport(const QStringList &arguments, QTextStream &out, QTextStream &err
     parser.addOptions({driveOption, todayOption, chainOption, sitesOption});
     AddReportOptions(parser);
     ReportRequest request;
-    ChainSpan span;
-    CategoryChoice choice;
     Refusal refusal = parser.parse(arguments) ? Refusal{0, {}} : Refusal{2, parser.errorText()};
     if (refusal.status == 0 && parser.isSet(todayOption))
         FixClock(QDateTime(QDate::fromString(parser.value(todayOption), Qt::ISODate), QTime::currentTime()));
     if (refusal.status == 0)
-        refusal = readChainRequest(parser, request, span, choice);
+        refusal = readChainRequest(parser, request);
     if (refusal.status != 0) {
         err << "qlon: report: " << refusal.text << Qt::endl;
         return refusal.status;
@@ -155,11 +214,11 @@ int chainReport(const QStringList &arguments, QTextStream &out, QTextStream &err
         const QString sitesValue = parser.value(sitesOption);
         const QStringList sites =
             sitesValue.isEmpty() || sitesValue == QLatin1String("all") ? ChainSites(database) : sitesValue.split(QLatin1Char(','));
-        const QList<ChainListing> listings = ChainMainReport(database, sites, span, choice);
-        printReport(request, listings, span, out);
+        const PrintedReport report = chainFigures(database, request, sites);
+        printReport(request, report, out);
         if (!request.csv.isEmpty()) {
             QFile csv(DatedName(request.csv));
-            if (!csv.open(QIODevice::WriteOnly) || csv.write(ExportedListing(CombinedListing(listings))) < 0) {
+            if (!csv.open(QIODevice::WriteOnly) || csv.write(report.csv) < 0) {
                 err << "qlon: report: can't write " << csv.fileName() << Qt::endl;
                 return 1;
             }

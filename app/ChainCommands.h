@@ -2,7 +2,7 @@
 
 namespace qlon {
 
-// `qlon sync --to URL [--site NAME]` and `qlon report main --chain URL [--sites A,B|all]`: the
+// `qlon sync --to URL [--site NAME]` and `qlon report main|items-sold --chain URL [--sites A,B|all]`: the
 // commands of the chain database, which need no screen and no display. The status, or -1 when the
 // command line asks for neither.
 int RunChainCommand(int argc, char *argv[]);

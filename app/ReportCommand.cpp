@@ -44,7 +44,7 @@ const QCommandLineOption serverOption(
 const QCommandLineOption pdfOption(
     QStringLiteral("pdf"), QStringLiteral("report: prints to FILE, a PDF; %Y, %m, %d stand for today."), QStringLiteral("FILE"));
 const QCommandLineOption csvOption(
-    QStringLiteral("csv"), QStringLiteral("report: exports the list to FILE (main)."), QStringLiteral("FILE"));
+    QStringLiteral("csv"), QStringLiteral("report: exports the list to FILE (main; items-sold --chain)."), QStringLiteral("FILE"));
 const QCommandLineOption formatOption(QStringLiteral("format"),
     QStringLiteral("report: text (the screens' lines, the default) or json (one object of the figures)."), QStringLiteral("F"));
 const QCommandLineOption printScriptOption(
@@ -88,7 +88,7 @@ QString misfitOfCategory(const ReportRequest &request)
 }
 
 // What the request asks that its report can't do; empty when nothing.
-QString misfit(const ReportRequest &request)
+QString misfit(const ReportRequest &request, bool overChain)
 {
     if (!ReportNames().contains(request.name))
         return QStringLiteral("unknown report '%1' (%2)").arg(request.name, ReportNames().join(QStringLiteral(", ")));
@@ -98,7 +98,7 @@ QString misfit(const ReportRequest &request)
         return QStringLiteral("--server is for the server report");
     if (request.name == serverReport && !(request.category.isEmpty() && request.department.isEmpty()))
         return QStringLiteral("the server report takes no --category or --department");
-    if (request.name != mainReport && !request.csv.isEmpty())
+    if (request.name != mainReport && !(overChain && request.name == itemsSoldReport) && !request.csv.isEmpty())
         return QStringLiteral("--csv is for the main report: the others print their rows on standard output");
     if (const QString category = misfitOfCategory(request); !category.isEmpty())
         return category;
@@ -276,7 +276,7 @@ void AddReportOptions(QCommandLineParser &parser)
         QStringLiteral("[report NAME]"));
 }
 
-QString ReadReportRequest(const QCommandLineParser &parser, ReportRequest &request)
+QString ReadReportRequest(const QCommandLineParser &parser, ReportRequest &request, bool overChain)
 {
     const QStringList words = parser.positionalArguments();
     if (words.size() != 2)
@@ -304,7 +304,7 @@ QString ReadReportRequest(const QCommandLineParser &parser, ReportRequest &reque
     if (!format.isEmpty() && format != QLatin1String("text") && format != QLatin1String("json"))
         return QStringLiteral("--format takes text or json");
     request.json = format == QLatin1String("json");
-    return misfit(request);
+    return misfit(request, overChain);
 }
 
 QString ReportScript(const ReportRequest &request, const QString &siteFrom, const QString &siteTo)

@@ -32,8 +32,8 @@ QStringList ReportNames();
 // The report options of the command line, added to the program's own.
 void AddReportOptions(QCommandLineParser &parser);
 // The request of a parsed command line whose first word is "report"; an error text when it
-// can't be run.
-QString ReadReportRequest(const QCommandLineParser &parser, ReportRequest &request);
+// can't be run. Over the chain, Items Sold exports its combined list too.
+QString ReadReportRequest(const QCommandLineParser &parser, ReportRequest &request, bool overChain = false);
 
 // What the site has to say against a request, asked before any screen runs, so that a refused line
 // changes no file: a department the site hasn't (status 2), an output folder that isn't there (2)

@@ -1,7 +1,6 @@
 #include "itemssold/QlonItemsSold.h"
 
 #include "core/Ansi.h"
-#include "core/CarriedFields.h"
 #include "core/Clock.h"
 #include "core/Conversions.h"
 #include "core/ErrorIgnoring.h"
@@ -10,6 +9,7 @@
 #include "core/Format.h"
 #include "core/HostPath.h"
 #include "core/Yield.h"
+#include "itemssold/logic/DepartmentFilter.h"
 #include "itemssold/logic/ItemsSoldPrint.h"
 #include "itemssold/logic/SalesFileScan.h"
 #include "listbuilder/ItemsSoldEngine.h"
@@ -412,7 +412,7 @@ void QlonItemsSold::showScan(const SalesScan &scan, const QString &savedStatus)
     EnableButtons();
     // Gift cards stand in the list and never in the total.
     if (scan.giftCount != 0)
-        MList1->addRow(PlainNumber(scan.giftCount) + "|Gift Card & Reloads|" + Currency(scan.giftTotal));
+        MList1->addRow(GiftRow(scan));
     SSTransition1_Play();
     SSPanel1->setText(savedStatus);
     unsetCursor();
@@ -513,24 +513,16 @@ void QlonItemsSold::RebuildPrintList()
     }
 }
 
-// The filter's total takes each amount through "###,###,###.##" and its numeric value, which
-// stops at the first comma: $1,234.50 counts as 1. Required, and kept so.
 void QlonItemsSold::SSCommand9_Click()
 {
     MList1->clear();
-    double total = 0;
-    const QByteArray selection = TrimBlanks(Combo2->text());
-    const bool all = selection.isEmpty() || selection == "All";
-    // A row of fewer fields, such as the gift row, keeps the fields of the row before.
-    CarriedFields fields(5);
-    for (int row = 0; row < MList2.rowCount(); ++row) {
-        fields.read(MList2.rowText(row));
-        if (!all && TrimBlanks(fields[4]) != selection)
-            continue;
-        addKeepingEveryRow(MList2.rowText(row));
-        total += FormattedValue(fields[2], "###,###,###.##");
-    }
-    Label7->setText(FromAnsi(Currency(total)));
+    QByteArrayList rows;
+    for (int row = 0; row < MList2.rowCount(); ++row)
+        rows.append(MList2.rowText(row));
+    const DepartmentRows chosen = RowsOfDepartment(rows, Combo2->text());
+    for (const int row : chosen.kept)
+        addKeepingEveryRow(rows[row]);
+    Label7->setText(FromAnsi(Currency(chosen.total)));
 }
 
 // The numeric comparer that "Total Sold" left on the list fails on the names that "Item Name"

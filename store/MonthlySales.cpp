@@ -25,16 +25,8 @@ constexpr int monthLimit = 1200;
 // The latest month that has a file in the data folder, if any.
 std::optional<QDate> latestMonthWithFile()
 {
-    const QString folder = HostPath(Site().DataRoot + "data");
-    static const QRegularExpression name(QStringLiteral("^ItemsSold(\\d\\d)(\\d{4})\\.DAT$"), QRegularExpression::CaseInsensitiveOption);
-    std::optional<QDate> latest;
-    for (const QString &file : QDir(folder).entryList(QDir::Files)) {
-        const QRegularExpressionMatch match = name.match(file);
-        const QDate month(match.captured(2).toInt(), match.captured(1).toInt(), 1);
-        if (match.hasMatch() && month.isValid() && (!latest || month > *latest))
-            latest = month;
-    }
-    return latest;
+    const QList<QDate> months = MonthsWithFiles();
+    return months.isEmpty() ? std::nullopt : std::optional(months.last());
 }
 
 bool beyond(QDate date, const std::optional<QDate> &latestMonth)
@@ -90,12 +82,31 @@ QByteArray MonthFileName(QDate date)
     return Site().DataRoot + "data\\ItemsSold" + Format(date, "MMYYYY") + ".DAT";
 }
 
+QList<QDate> MonthsWithFiles()
+{
+    const QString folder = HostPath(Site().DataRoot + "data");
+    static const QRegularExpression name(QStringLiteral("^ItemsSold(\\d\\d)(\\d{4})\\.DAT$"), QRegularExpression::CaseInsensitiveOption);
+    QList<QDate> months;
+    for (const QString &file : QDir(folder).entryList(QDir::Files)) {
+        const QRegularExpressionMatch match = name.match(file);
+        const QDate month(match.captured(2).toInt(), match.captured(1).toInt(), 1);
+        if (match.hasMatch() && month.isValid() && !months.contains(month))
+            months.append(month);
+    }
+    std::sort(months.begin(), months.end());
+    return months;
+}
+
 QList<QDate> MonthWalk(QByteArrayView fromDate)
+{
+    return MonthWalk(fromDate, latestMonthWithFile());
+}
+
+QList<QDate> MonthWalk(QByteArrayView fromDate, const std::optional<QDate> &latestMonth)
 {
     const std::optional<QDate> from = ToDate(fromDate);
     if (!from)
         return {};
-    const std::optional<QDate> latestMonth = latestMonthWithFile();
     QList<QDate> months;
     for (int step = 0; step < monthLimit; ++step) {
         const QDate current = from->addMonths(step);

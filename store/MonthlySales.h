@@ -27,6 +27,12 @@ QByteArray MonthFileName(QDate date);
 // before it (which happens only for a year 01, 03, 05, 07, 08, 10 or 12), or once no file
 // exists for any later month. An unreadable from date gives no months.
 QList<QDate> MonthWalk(QByteArrayView fromDate);
+// The walk as the files of months up to `latestMonth` (the first of its month; none: no files)
+// would end it.
+QList<QDate> MonthWalk(QByteArrayView fromDate, const std::optional<QDate> &latestMonth);
+// The months that have a file in the data folder, each as the first of its month, in order; the
+// names are matched in either case.
+QList<QDate> MonthsWithFiles();
 
 // The eight fields of a monthly record, read as texts.
 enum MonthlyField { SoldDate, SoldQuantity, SoldItem, SoldPrice, SoldType, SoldTime, Extra1, Extra2, MonthlyFieldCount };

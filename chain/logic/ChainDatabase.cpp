@@ -1,5 +1,7 @@
 #include "chain/logic/ChainDatabase.h"
 
+#include "core/Ansi.h"
+
 #include <libpq-fe.h>
 
 #include <vector>
@@ -114,6 +116,16 @@ void ChainTransaction::commit()
 {
     m_database.exec("COMMIT");
     m_open = false;
+}
+
+QByteArray ToChainText(const QByteArray &siteText)
+{
+    return FromAnsi(siteText).toUtf8();
+}
+
+QByteArray FromChainText(const QByteArray &chainText)
+{
+    return ToAnsi(QString::fromUtf8(chainText));
 }
 
 void AppendCopyText(QByteArray &line, QByteArrayView value)

@@ -66,6 +66,10 @@ private:
     bool m_open = true;
 };
 
+// A site's Windows-1252 text as the database holds it, in UTF-8, and back.
+QByteArray ToChainText(const QByteArray &siteText);
+QByteArray FromChainText(const QByteArray &chainText);
+
 // A value in COPY's text form: backslashes, tabs and line ends escaped.
 void AppendCopyText(QByteArray &line, QByteArrayView value);
 inline constexpr QByteArrayView CopyNull{"\\N"};

@@ -1,6 +1,7 @@
 #include "chain/logic/ChainMainReport.h"
 
 #include "chain/logic/ChainDatabase.h"
+#include "chain/logic/ChainSchema.h"
 #include "core/Ansi.h"
 #include "core/Conversions.h"
 #include "core/DateText.h"
@@ -18,16 +19,6 @@ namespace {
 // The department rows a run starts with, each holding "0".
 constexpr int departmentRows = 101;
 
-QByteArray fromDatabase(const QByteArray &text)
-{
-    return ToAnsi(QString::fromUtf8(text));
-}
-
-QByteArray toDatabase(const QByteArray &text)
-{
-    return FromAnsi(text).toUtf8();
-}
-
 QByteArray isoDate(QDate date)
 {
     return date.toString(Qt::ISODate).toLatin1();
@@ -43,7 +34,7 @@ QByteArray textArray(const QByteArrayList &names)
 {
     QByteArray array = "{";
     for (const QByteArray &name : names) {
-        QByteArray quoted = toDatabase(name);
+        QByteArray quoted = ToChainText(name);
         quoted.replace('\\', "\\\\").replace('"', "\\\"");
         array.append((array.size() > 1 ? ",\"" : "\"") + quoted + '"');
     }
@@ -60,19 +51,16 @@ struct SiteLists
 
 SiteLists siteLists(ChainDatabase &database, const QString &site)
 {
-    const ChainResult found = database.exec("SELECT site_id FROM sites WHERE name = $1", {site.toUtf8()});
-    if (found.rowCount() == 0)
-        throw ChainError(QStringLiteral("the chain database has no site '%1'").arg(site));
     SiteLists lists;
-    lists.id = found.value(0, 0);
+    lists.id = ChainSiteId(database, site);
     const ChainResult items = database.exec("SELECT text, tag, type FROM catalogue WHERE site_id = $1 ORDER BY position", {lists.id});
     for (int row = 0; row < items.rowCount(); ++row) {
-        lists.items.append({fromDatabase(items.value(row, 0)), fromDatabase(items.value(row, 1))});
-        lists.types.append(fromDatabase(items.value(row, 2)));
+        lists.items.append({FromChainText(items.value(row, 0)), FromChainText(items.value(row, 1))});
+        lists.types.append(FromChainText(items.value(row, 2)));
     }
     const ChainResult departments = database.exec("SELECT name FROM departments WHERE site_id = $1 ORDER BY position", {lists.id});
     for (int row = 0; row < departments.rowCount(); ++row)
-        lists.departments.append(fromDatabase(departments.value(row, 0)));
+        lists.departments.append(FromChainText(departments.value(row, 0)));
     return lists;
 }
 
@@ -107,7 +95,7 @@ SitesSales spanSales(ChainDatabase &database, const QByteArrayList &sites, const
             " AND NOT (day = $3 AND counted_at > $5) GROUP BY site_id, item",
         {'{' + sites.join(',') + '}', isoDate(span.from), isoDate(span.to), isoTime(*start), isoTime(*end)});
     for (int row = 0; row < sums.rowCount(); ++row) {
-        ItemSales &item = sales[sums.value(row, 0)][fromDatabase(sums.value(row, 1))];
+        ItemSales &item = sales[sums.value(row, 0)][FromChainText(sums.value(row, 1))];
         item.sales = double(sums.value(row, 2).toLongLong()) / 100;
         item.units = sums.value(row, 3).toDouble();
     }
@@ -124,7 +112,7 @@ void addLastReceipts(ChainDatabase &database, const QByteArray &site, const Chai
             " FROM sales WHERE site_id = $1 AND " + spanSelect + " AND item = ANY($4) ORDER BY item, seq DESC",
         {site, isoDate(span.from), isoDate(span.to), textArray(names)});
     for (int row = 0; row < receipts.rowCount(); ++row)
-        sales[fromDatabase(receipts.value(row, 0))].lastReceipt = fromDatabase(receipts.value(row, 1));
+        sales[FromChainText(receipts.value(row, 0))].lastReceipt = FromChainText(receipts.value(row, 1));
 }
 
 // The first department that bears the type; an unknown type counts in the first.

@@ -52,8 +52,30 @@ const QByteArrayList versionTwo = {
     " ADD COLUMN receipt_from timestamp",
 };
 
+// Version 3: the lines of the monthly sales files, which the Items Sold report reads. A line is
+// stored as the scan reads it: `month` the file's month (the first of it), `seq` its place in the
+// file, `day` and `sold_minute` its date and its time in whole minutes as the platform reads them
+// (null when they can't be read), `units` and `amount` the quantity and price as the scan adds
+// them, `gift_amount` the price a gift card's line adds (null for any other line),
+// `missing_modes` the report letters under which the line is reported missing when no catalogue
+// row names it, `item` trimmed; beside them the raw texts. The digest of each file's day (or of its
+// lines without a date) tells a sync what changed. The Items Sold lists of each site: the catalogue
+// of each report option as the screen holds it for a scan, and its departments.
+const QByteArrayList versionThree = {
+    "CREATE TABLE monthly_sales (site_id integer NOT NULL, month date NOT NULL, seq bigint NOT NULL, day date,"
+    " sold_minute time, units double precision NOT NULL, amount double precision NOT NULL, gift_amount double precision,"
+    " missing_modes text NOT NULL, item text NOT NULL, date_text text, quantity_text text, item_text text, price_text text,"
+    " type_text text, time_text text) PARTITION BY LIST (site_id)",
+    "CREATE INDEX monthly_sales_by_day ON monthly_sales (site_id, month, day)",
+    "CREATE TABLE monthly_days (site_id integer NOT NULL REFERENCES sites, day_key text NOT NULL, digest text NOT NULL,"
+    " row_count integer NOT NULL, PRIMARY KEY (site_id, day_key))",
+    "CREATE TABLE item_lists (site_id integer NOT NULL REFERENCES sites, list text NOT NULL, position integer NOT NULL,"
+    " text text NOT NULL, PRIMARY KEY (site_id, list, position))",
+    "ALTER TABLE sites ADD COLUMN item_lists_digest text NOT NULL DEFAULT ''",
+};
+
 // The steps from each version to the next; step i leads from version i to i + 1.
-const QList<QByteArrayList> migrations = {versionOne, versionTwo};
+const QList<QByteArrayList> migrations = {versionOne, versionTwo, versionThree};
 
 int currentVersion(ChainDatabase &database)
 {
@@ -96,7 +118,16 @@ void CheckChainSchema(ChainDatabase &database)
 void EnsureSitePartition(ChainDatabase &database, int siteId)
 {
     const QByteArray id = QByteArray::number(siteId);
-    database.exec("CREATE TABLE IF NOT EXISTS sales_site_" + id + " PARTITION OF sales FOR VALUES IN (" + id + ')');
+    for (const QByteArray table : {"sales", "monthly_sales"})
+        database.exec("CREATE TABLE IF NOT EXISTS " + table + "_site_" + id + " PARTITION OF " + table + " FOR VALUES IN (" + id + ')');
+}
+
+QByteArray ChainSiteId(ChainDatabase &database, const QString &site)
+{
+    const ChainResult found = database.exec("SELECT site_id FROM sites WHERE name = $1", {site.toUtf8()});
+    if (found.rowCount() == 0)
+        throw ChainError(QStringLiteral("the chain database has no site '%1'").arg(site));
+    return found.value(0, 0);
 }
 
 void LockSite(ChainDatabase &database, int siteId)

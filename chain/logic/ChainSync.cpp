@@ -12,6 +12,14 @@ namespace {
 
 constexpr qint64 rowsPerCopy = 200000;
 
+// What the replacing of a table's groups did.
+struct GroupsReplaced
+{
+    int groups = 0;
+    qint64 rows = 0;
+    bool first = false; // the site had no groups in the table before
+};
+
 // The site and its partition, in a transaction of their own: creating a partition locks the whole
 // table of sales, which must not last a sync's length.
 int registerSite(ChainDatabase &database, const QString &name)
@@ -24,25 +32,27 @@ int registerSite(ChainDatabase &database, const QString &name)
     return id;
 }
 
-QHash<QByteArray, QByteArray> storedDigests(ChainDatabase &database, const QByteArray &site)
+// A table of a site's rows kept in groups (a day of the sales, a day of a monthly file), and the
+// table of the groups' digests.
+struct GroupedTable
 {
-    QHash<QByteArray, QByteArray> digests;
-    const ChainResult result = database.exec("SELECT day_key, digest FROM site_days WHERE site_id = $1", {site});
-    for (int row = 0; row < result.rowCount(); ++row)
-        digests.insert(result.value(row, 0), result.value(row, 1));
-    return digests;
-}
+    // COPY into the site's partition: no routing of each row.
+    QByteArray copy;
+    QByteArray digests;
+    // Deletes the rows of the groups.
+    std::function<void(const QByteArrayList &keys)> deleteRows;
+};
 
-// A text array of day keys: ISO dates, or the empty key of the rows without a date.
-QByteArray dayArray(const QByteArrayList &days)
+// A text array of group keys.
+QByteArray keyArray(const QByteArrayList &keys)
 {
     QByteArrayList quoted;
-    for (const QByteArray &day : days)
-        quoted.append('"' + day + '"');
+    for (const QByteArray &key : keys)
+        quoted.append('"' + key + '"');
     return '{' + quoted.join(',') + '}';
 }
 
-// The days' rows go; their digests stay until the new ones are written, last.
+// The sales of the days (ISO dates, or "" for the rows without a date).
 void deleteDays(ChainDatabase &database, const QByteArray &site, const QByteArrayList &days)
 {
     QByteArray dates = "{";
@@ -53,6 +63,18 @@ void deleteDays(ChainDatabase &database, const QByteArray &site, const QByteArra
     database.exec("DELETE FROM sales WHERE site_id = $1 AND day = ANY($2::date[])", {site, dates + '}'});
     if (days.contains(QByteArray()))
         database.exec("DELETE FROM sales WHERE site_id = $1 AND day IS NULL", {site});
+}
+
+// The monthly lines of the files' days ("2026-11-01 2026-11-05", or "2026-11-01 " for a file's
+// lines without a date).
+void deleteMonthDays(ChainDatabase &database, const QByteArray &site, const QByteArrayList &keys)
+{
+    QByteArrayList months;
+    for (const QByteArray &key : keys)
+        months.append(key.left(key.indexOf(' ')));
+    database.exec("DELETE FROM monthly_sales WHERE site_id = $1 AND month = ANY($2::date[])"
+                  " AND to_char(month, 'YYYY-MM-DD') || ' ' || coalesce(to_char(day, 'YYYY-MM-DD'), '') = ANY($3::text[])",
+        {site, keyArray(months), keyArray(keys)});
 }
 
 // Prefixes every line with the site.
@@ -69,41 +91,60 @@ QByteArray withSite(const QByteArray &site, const QByteArray &lines)
     return prefixed;
 }
 
-// Writes the changed days' rows in batches of COPY, then the digests of all days replaced, those
+// Writes the changed groups' rows in batches of COPY, then the digests of all groups replaced, those
 // gone included.
-qint64 writeDays(ChainDatabase &database, const QByteArray &site, const SiteSnapshot &snapshot, const QByteArrayList &days,
-    const QByteArrayList &allDays, const std::function<void(qint64 rows)> &progress)
+qint64 writeGroups(ChainDatabase &database, const QByteArray &site, const GroupedTable &table, const QMap<QByteArray, DayRows> &groups,
+    const QByteArrayList &changed, const QByteArrayList &replaced, const std::function<void(qint64 rows)> &progress)
 {
-    // Straight into the site's partition: no routing of each row.
-    const QByteArray copySales = "COPY sales_site_" + site +
-        " (site_id, seq, day, order_at, sold_at, time_from, cents, price_from, units, quantity_from, receipt,"
-        " receipt_from, item, item_type, item_text, order_date_text, time_text, price_text, quantity_text)"
-        " FROM STDIN";
     QByteArray batch;
     qint64 inBatch = 0;
     qint64 written = 0;
     const auto send = [&] {
-        database.copyIn(copySales, batch);
+        database.copyIn(table.copy, batch);
         written += inBatch;
         progress(written);
         batch.clear();
         inBatch = 0;
     };
     QByteArray digests;
-    for (const QByteArray &day : days) {
-        const DayRows rows = snapshot.days.value(day);
+    for (const QByteArray &key : changed) {
+        const DayRows rows = groups.value(key);
         batch.append(withSite(site, rows.lines));
         inBatch += rows.count;
-        digests.append(site + '\t' + day + '\t' + rows.digest + '\t' + QByteArray::number(rows.count) + '\n');
+        digests.append(site + '\t' + key + '\t' + rows.digest + '\t' + QByteArray::number(rows.count) + '\n');
         if (inBatch >= rowsPerCopy)
             send();
     }
     if (inBatch > 0)
         send();
-    database.exec("DELETE FROM site_days WHERE site_id = $1 AND day_key = ANY($2::text[])", {site, dayArray(allDays)});
+    database.exec("DELETE FROM " + table.digests + " WHERE site_id = $1 AND day_key = ANY($2::text[])", {site, keyArray(replaced)});
     if (!digests.isEmpty())
-        database.copyIn("COPY site_days (site_id, day_key, digest, row_count) FROM STDIN", digests);
+        database.copyIn("COPY " + table.digests + " (site_id, day_key, digest, row_count) FROM STDIN", digests);
     return written;
+}
+
+// Replaces every group whose digest differs from the one stored, and those no longer there.
+GroupsReplaced replaceGroups(ChainDatabase &database, const QByteArray &site, const GroupedTable &table,
+    const QMap<QByteArray, DayRows> &groups, const std::function<void(qint64 rows)> &progress)
+{
+    QHash<QByteArray, QByteArray> stored;
+    const ChainResult result = database.exec("SELECT day_key, digest FROM " + table.digests + " WHERE site_id = $1", {site});
+    for (int row = 0; row < result.rowCount(); ++row)
+        stored.insert(result.value(row, 0), result.value(row, 1));
+    GroupsReplaced outcome;
+    outcome.first = stored.isEmpty();
+    QByteArrayList changed;
+    for (auto group = groups.cbegin(); group != groups.cend(); ++group) {
+        if (stored.take(group.key()) != group->digest)
+            changed.append(group.key());
+    }
+    const QByteArrayList replaced = changed + stored.keys();
+    outcome.groups = int(replaced.size());
+    if (!replaced.isEmpty()) {
+        table.deleteRows(replaced);
+        outcome.rows = writeGroups(database, site, table, groups, changed, replaced, progress);
+    }
+    return outcome;
 }
 
 // Replaces a list of the site when its digest changed; whether it did.
@@ -127,30 +168,36 @@ SyncOutcome SyncSite(ChainDatabase &database, const SiteSnapshot &snapshot, cons
     const QByteArray site = QByteArray::number(registerSite(database, snapshot.name));
     ChainTransaction transaction(database);
     LockSite(database, site.toInt());
-    QHash<QByteArray, QByteArray> stored = storedDigests(database, site);
-    const bool firstRows = stored.isEmpty();
-    QByteArrayList changed;
-    for (auto day = snapshot.days.cbegin(); day != snapshot.days.cend(); ++day) {
-        if (stored.take(day.key()) != day->digest)
-            changed.append(day.key());
-    }
+    const GroupedTable sales{"COPY sales_site_" + site +
+            " (site_id, seq, day, order_at, sold_at, time_from, cents, price_from, units, quantity_from, receipt,"
+            " receipt_from, item, item_type, item_text, order_date_text, time_text, price_text, quantity_text) FROM STDIN",
+        "site_days", [&](const QByteArrayList &days) { deleteDays(database, site, days); }};
+    const GroupedTable monthly{"COPY monthly_sales_site_" + site +
+            " (site_id, month, seq, day, sold_minute, units, amount, gift_amount, missing_modes, item, date_text,"
+            " quantity_text, item_text, price_text, type_text, time_text) FROM STDIN",
+        "monthly_days", [&](const QByteArrayList &keys) { deleteMonthDays(database, site, keys); }};
     SyncOutcome outcome;
-    const QByteArrayList replaced = changed + stored.keys();
-    outcome.daysReplaced = int(replaced.size());
-    if (!replaced.isEmpty()) {
-        deleteDays(database, site, replaced);
-        outcome.rowsWritten = writeDays(database, site, snapshot, changed, replaced, progress);
-    }
+    const GroupsReplaced days = replaceGroups(database, site, sales, snapshot.days, progress);
+    const GroupsReplaced monthDays =
+        replaceGroups(database, site, monthly, snapshot.monthDays, [&](qint64 rows) { progress(days.rows + rows); });
+    outcome.daysReplaced = days.groups;
+    outcome.rowsWritten = days.rows;
+    outcome.monthDaysReplaced = monthDays.groups;
+    outcome.monthRowsWritten = monthDays.rows;
     const bool catalogue =
         replaceList(database, site, "catalogue", "position, text, tag, type", snapshot.catalogueLines, snapshot.catalogueDigest);
     const bool departments =
         replaceList(database, site, "departments", "position, name", snapshot.departmentLines, snapshot.departmentsDigest);
-    outcome.listsWritten = catalogue || departments;
+    const bool itemLists =
+        replaceList(database, site, "item_lists", "list, position, text", snapshot.itemListLines, snapshot.itemListsDigest);
+    outcome.listsWritten = catalogue || departments || itemLists;
     // The planner reads a week through the index only when it knows how many rows a day holds; later
     // changes of a few days leave the figures to the server's own analysis.
-    if (firstRows && outcome.rowsWritten > 0)
+    if (days.first && days.rows > 0)
         database.exec("ANALYZE sales_site_" + site);
-    if (outcome.daysReplaced > 0 || outcome.listsWritten)
+    if (monthDays.first && monthDays.rows > 0)
+        database.exec("ANALYZE monthly_sales_site_" + site);
+    if (outcome.daysReplaced > 0 || outcome.monthDaysReplaced > 0 || outcome.listsWritten)
         database.exec("UPDATE sites SET synced_at = now() WHERE site_id = $1", {site});
     transaction.commit();
     return outcome;

@@ -9,13 +9,17 @@
 #include "core/HostPath.h"
 #include "core/Memo.h"
 #include "core/RecordFile.h"
+#include "itemssold/logic/CatalogueScan.h"
+#include "itemssold/logic/SalesFileScan.h"
 #include "listbuilder/logic/LoadList.h"
 #include "serversales/logic/SpanSales.h"
 #include "store/Departments.h"
 #include "store/ItemRec500.h"
+#include "store/MonthlySales.h"
 #include "store/SiteConfig.h"
 
 #include <QCryptographicHash>
+#include <QTemporaryDir>
 
 #include <array>
 #include <cmath>
@@ -179,7 +183,106 @@ void readDepartments(SiteSnapshot &snapshot)
     snapshot.departmentsDigest = digestOf(snapshot.departmentLines);
 }
 
+// A text of the site in COPY's form, in UTF-8.
+void appendSiteText(QByteArray &line, QByteArrayView text)
+{
+    line.append('\t');
+    AppendCopyText(line, FromAnsi(text).toUtf8());
+}
+
+void appendNumber(QByteArray &line, double value)
+{
+    line.append('\t');
+    line.append(QByteArray::number(value, 'g', 17));
+}
+
+// A month file's line as the Items Sold scan reads it, in COPY's form (without the site).
+void appendMonthlyLine(QByteArray &line, QDate month, qint64 seq, const MonthlyRecord &record, MonthlyReadings &readings)
+{
+    const std::optional<QDate> day = readings.date(record[SoldDate]);
+    const std::optional<QTime> time = readings.time(record[SoldTime]);
+    line.append(month.toString(Qt::ISODate).toLatin1() + '\t' + QByteArray::number(seq) + '\t');
+    line.append(day ? day->toString(Qt::ISODate).toLatin1() : CopyNull.toByteArray());
+    line.append('\t');
+    line.append(time ? InWholeMinutes(*time).toString(Qt::ISODate).toLatin1() : CopyNull.toByteArray());
+    appendNumber(line, readings.quantity(record[SoldQuantity]));
+    appendNumber(line, readings.price(record[SoldPrice]));
+    if (IsGiftLine(record[SoldItem])) {
+        appendNumber(line, NumericValue(record[SoldPrice]));
+    } else {
+        line.append('\t');
+        line.append(CopyNull);
+    }
+    line.append('\t' + ModesReportingMissing(record[SoldItem], record[SoldType]));
+    appendSiteText(line, WithinBlanks(record[SoldItem]));
+    for (const MonthlyField field : {SoldDate, SoldQuantity, SoldItem, SoldPrice, SoldType, SoldTime})
+        appendSiteText(line, record[field]);
+    line.append('\n');
+}
+
+// The key of a file's day: its month and the day, or the month alone.
+QByteArray monthDayKey(QDate month, const std::optional<QDate> &day)
+{
+    return month.toString(Qt::ISODate).toLatin1() + ' ' + (day ? day->toString(Qt::ISODate).toLatin1() : QByteArray());
+}
+
+// A scan that nobody watches and nobody stops.
+class SilentProgress : public ScanProgress
+{
+public:
+    void setMaximum(int) override { }
+    void setValue(int) override { }
+    bool stopRequested() override { return false; }
+};
+
+// The Items Sold catalogue of each report option, as the screen sorts and thins it for a scan,
+// and the screen's departments.
+void readItemLists(SiteSnapshot &snapshot)
+{
+    const std::pair<const char *, ReportOptions> options[] = {{"food", {true, false, false, false, false}},
+        {"bar", {false, true, false, false, false}}, {"both", {false, false, true, false, false}},
+        {"retail", {false, false, false, true, false}}, {"all", {false, false, false, false, true}}};
+    SilentProgress silent;
+    const auto appendList = [&](const char *list, const QByteArrayList &rows) {
+        for (qsizetype position = 0; position < rows.size(); ++position) {
+            snapshot.itemListLines.append(QByteArray(list) + '\t' + QByteArray::number(position));
+            appendSiteText(snapshot.itemListLines, rows[position]);
+            snapshot.itemListLines.append('\n');
+        }
+    };
+    for (const auto &[list, option] : options)
+        appendList(list, SortedCatalogue(ReadCatalogue(option, silent).rows));
+    CloseAll();
+    QByteArrayList departments;
+    for (const QString &department : ReportDepartments(false))
+        departments.append(ToAnsi(department));
+    appendList("departments", departments);
+    snapshot.itemListsDigest = digestOf(snapshot.itemListLines);
+}
+
 } // namespace
+
+void ReadMonthlySales(SiteSnapshot &snapshot)
+{
+    // The reader writes the records out of step to a reject file: ours, not the site's.
+    const QTemporaryDir rejects;
+    MonthlyReadings readings;
+    for (const QDate &month : MonthsWithFiles()) {
+        const QString path = HostPath(MonthFileName(month));
+        if (!FileExists(path))
+            continue;
+        MonthlySalesFile file(path, rejects.filePath(QStringLiteral("Items.tmp")));
+        qint64 seq = 0;
+        while (const std::optional<MonthlyRecord> record = file.next()) {
+            DayRows &rows = snapshot.monthDays[monthDayKey(month, readings.date((*record)[SoldDate]))];
+            appendMonthlyLine(rows.lines, month, seq++, *record, readings);
+            ++rows.count;
+        }
+        snapshot.monthRowCount += seq;
+    }
+    for (DayRows &rows : snapshot.monthDays)
+        rows.digest = digestOf(rows.lines);
+}
 
 RowDate ReadRowDate(QByteArrayView orderDate)
 {
@@ -218,6 +321,8 @@ SiteSnapshot ReadSite(const QString &name, const std::function<void(qint64 rows)
     snapshot.name = name.isEmpty() ? NameOfSite() : name;
     readDepartments(snapshot);
     readCatalogue(snapshot);
+    readItemLists(snapshot);
+    ReadMonthlySales(snapshot);
     const std::unique_ptr<SalesStore> store = OpenSiteSalesStore(DataPath(SalesDatabaseFile));
     ReadSales(*store, snapshot, progress);
     return snapshot;

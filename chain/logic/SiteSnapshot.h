@@ -33,6 +33,15 @@ struct SiteSnapshot
     // The main screen's departments, in the order of its category box.
     QByteArray departmentLines;
     QByteArray departmentsDigest;
+    // The lines of the monthly sales files as the Items Sold scan reads them, by file and day: the
+    // file's month and the day ("2026-11-01 2026-11-05"), or the month alone ("2026-11-01 ") for
+    // the file's lines whose date can't be read.
+    QMap<QByteArray, DayRows> monthDays;
+    qint64 monthRowCount = 0;
+    // The Items Sold screen's lists: the catalogue of each report option as it holds it for a scan,
+    // and its departments.
+    QByteArray itemListLines;
+    QByteArray itemListsDigest;
 };
 
 // A row's OrderDate as the platform reads it: its day, the key of its day's rows, and its date and
@@ -46,6 +55,10 @@ RowDate ReadRowDate(QByteArrayView orderDate);
 
 // Reads the sales of the store into days; `progress` hears of every 100,000 rows read.
 void ReadSales(SalesStore &store, SiteSnapshot &snapshot, const std::function<void(qint64 rows)> &progress);
+
+// Reads the lines of the site's monthly sales files; raises RuntimeError, naming the file, when
+// one can't be read.
+void ReadMonthlySales(SiteSnapshot &snapshot);
 
 // Reads the site that drive C: stands for, the configuration first; raises the program's
 // RuntimeError, naming the file, when a file can't be read. `name` empty: the site's SiteName,

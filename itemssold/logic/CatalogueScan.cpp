@@ -3,6 +3,7 @@
 #include "core/Conversions.h"
 #include "core/FileTable.h"
 #include "core/HostPath.h"
+#include "core/ListRows.h"
 #include "core/RecordFile.h"
 #include "store/CatalogueFiles.h"
 #include "store/ItemRec500.h"
@@ -166,6 +167,20 @@ CatalogueRows ReadCatalogue(const ReportOptions &options, ScanProgress &progress
 void RemoveDuplicates(QByteArrayList &sortedRows)
 {
     sortedRows.erase(std::unique(sortedRows.begin(), sortedRows.end()), sortedRows.end());
+}
+
+QByteArrayList SortedCatalogue(const QByteArrayList &rows)
+{
+    ListRows list;
+    for (const QByteArray &row : rows)
+        list.addRow(row);
+    list.setSortKey("0a ");
+    list.setSorted(true);
+    QByteArrayList sorted;
+    for (int row = 0; row < list.rowCount(); ++row)
+        sorted.append(list.rowText(row));
+    RemoveDuplicates(sorted);
+    return sorted;
 }
 
 } // namespace qlon

@@ -45,4 +45,8 @@ CatalogueRows ReadCatalogue(const ReportOptions &options, ScanProgress &progress
 // same result as passes from the top that each remove the second of the first equal pair.
 void RemoveDuplicates(QByteArrayList &sortedRows);
 
+// The rows as the screen holds them for a scan: sorted on their first field ("0a ") and freed of
+// duplicates.
+QByteArrayList SortedCatalogue(const QByteArrayList &rows);
+
 } // namespace qlon

@@ -27,6 +27,8 @@ bool isModifier(QByteArrayView item)
     return std::any_of(modifierPrefixes.begin(), modifierPrefixes.end(), [&](QByteArrayView prefix) { return item.startsWith(prefix); });
 }
 
+constexpr std::array<QByteArrayView, 5> modeLetters = {"F", "L", "B", "R", "A"};
+
 MonthlyRecordView viewsOf(const MonthlyRecord &record)
 {
     MonthlyRecordView views;
@@ -91,7 +93,6 @@ private:
 
     ScanLimits m_limits;
     ScanProgress &m_progress;
-    // The first row of each trimmed name.
     NameIndex m_firstRow;
     MonthlyReadings m_readings;
     // What each row sold, by row, apart from the rows' texts: a line's sum lies in a small table
@@ -107,17 +108,7 @@ private:
 
 void Scanner::load(const QByteArrayList &catalogueRows)
 {
-    for (const QByteArray &text : catalogueRows.mid(0, tableRows)) {
-        const QByteArrayList fields = text.split('|');
-        SoldRow row{fields.value(0), fields.value(1), fields.value(3)};
-        m_firstRow.add(TrimBlanks(row.name), int(result.rows.size()));
-        result.rows.push_back(row);
-    }
-    // Every row is split, also those past the table: the last one's class letter stays.
-    if (!catalogueRows.isEmpty())
-        result.lastClass = catalogueRows.last().split('|').value(2);
-    m_firstRow.add({}, int(result.rows.size()));
-    result.rows.push_back({});
+    result = ScanTable(catalogueRows, m_firstRow);
     m_sold.resize(result.rows.size());
 }
 
@@ -155,23 +146,21 @@ Scanner::Outcome Scanner::take(const MonthlyRecordView &record, const QByteArray
     if (m_progress.stopRequested())
         return Outcome::Stopped;
     const QByteArrayView item = record[SoldItem];
-    if (item.startsWith("Gift")) {
+    if (IsGiftLine(item)) {
         ++result.giftCount;
         result.giftTotal += NumericValue(record[SoldPrice]);
         return Outcome::Counted;
     }
     if (outsideHours(date, record[SoldTime]))
         return Outcome::Dropped;
-    const int row = m_firstRow.find(WithinBlanks(item));
+    const int row = MatchingRow(m_firstRow, item);
     if (row >= 0) {
         Sold &sold = m_sold[std::size_t(row)];
         sold.quantity += m_readings.quantity(unowned(record[SoldQuantity]));
         sold.amount += price;
         return Outcome::Counted;
     }
-    if (isModifier(item))
-        return Outcome::Dropped;
-    if (modeLetter == "A" || modeLetter == "B" || modeLetter == NormalizedType(record[SoldType])) {
+    if (ReportedMissing(item, record[SoldType], modeLetter)) {
         result.notReported.append(item.toByteArray());
         return Outcome::Counted;
     }
@@ -254,6 +243,55 @@ bool Scanner::takeRecords(const MonthlySalesFile &month, const QByteArray &modeL
 
 } // namespace
 
+SalesScan ScanTable(const QByteArrayList &catalogueRows, NameIndex &firstRow)
+{
+    SalesScan scan;
+    for (const QByteArray &text : catalogueRows.mid(0, tableRows)) {
+        const QByteArrayList fields = text.split('|');
+        SoldRow row{fields.value(0), fields.value(1), fields.value(3)};
+        firstRow.add(TrimBlanks(row.name), int(scan.rows.size()));
+        scan.rows.push_back(row);
+    }
+    // Every row is split, also those past the table: the last one's class letter stays.
+    if (!catalogueRows.isEmpty())
+        scan.lastClass = catalogueRows.last().split('|').value(2);
+    firstRow.add({}, int(scan.rows.size()));
+    scan.rows.push_back({});
+    return scan;
+}
+
+int MatchingRow(const NameIndex &firstRow, QByteArrayView item)
+{
+    return firstRow.find(WithinBlanks(item));
+}
+
+bool IsGiftLine(QByteArrayView item)
+{
+    return item.startsWith("Gift");
+}
+
+bool ReportedMissing(QByteArrayView item, QByteArrayView type, QByteArrayView modeLetter)
+{
+    if (isModifier(item))
+        return false;
+    return modeLetter == "A" || modeLetter == "B" || modeLetter == NormalizedType(type);
+}
+
+QByteArray ModesReportingMissing(QByteArrayView item, QByteArrayView type)
+{
+    QByteArray modes;
+    for (const QByteArrayView mode : modeLetters) {
+        if (ReportedMissing(item, type, mode))
+            modes.append(mode);
+    }
+    return modes;
+}
+
+QByteArray GiftRow(const SalesScan &scan)
+{
+    return PlainNumber(scan.giftCount) + "|Gift Card & Reloads|" + Currency(scan.giftTotal);
+}
+
 ScanLimits::ScanLimits(const ScanSpan &span)
     : from(ToDate(span.fromDate))
     , fromTime(ToTime(span.fromTime))
@@ -294,7 +332,8 @@ SalesScan ScanSalesFiles(
 std::vector<ReportLine> ReportLines(const SalesScan &scan)
 {
     std::vector<ReportLine> lines;
-    for (const SoldRow &row : scan.rows) {
+    for (std::size_t index = 0; index < scan.rows.size(); ++index) {
+        const SoldRow &row = scan.rows[index];
         const QByteArray trimmed = TrimBlanks(row.name);
         if (row.quantity == 0 || trimmed.isEmpty() || trimmed == "Avaliable")
             continue;
@@ -302,7 +341,7 @@ std::vector<ReportLine> ReportLines(const SalesScan &scan)
         const QByteArray quantity = PlainNumber(row.quantity);
         const QByteArray amount = Currency(row.amount);
         lines.push_back({quantity + '|' + name + '|' + amount + '|' + row.price + '|' + row.department,
-            quantity + '\t' + name + '\t' + amount, row.amount});
+            quantity + '\t' + name + '\t' + amount, row.amount, index});
     }
     return lines;
 }

@@ -69,6 +69,24 @@ struct SalesScan
     bool stopped = false;
 };
 
+class NameIndex;
+
+// A scan's table before any line is read: the catalogue rows (4001 at the most) with the empty
+// row past the last, and `firstRow` given the first row of each trimmed name.
+SalesScan ScanTable(const QByteArrayList &catalogueRows, NameIndex &firstRow);
+// The row a line of the item counts on: the first with its trimmed name, case respected; -1 for
+// none.
+int MatchingRow(const NameIndex &firstRow, QByteArrayView item);
+// A line whose item begins with "Gift" is counted apart, whatever its time.
+bool IsGiftLine(QByteArrayView item);
+// Whether a line that no row names goes to the items not reported under the report's letter:
+// never a modifier, and only a line of the letter's own type unless the letter is "A" or "B".
+bool ReportedMissing(QByteArrayView item, QByteArrayView type, QByteArrayView modeLetter);
+// The letters of the reports ("F", "L", "B", "R", "A") that would report the line missing.
+QByteArray ModesReportingMissing(QByteArrayView item, QByteArrayView type);
+// The list's last row when gift cards sold: their count, "Gift Card & Reloads" and their sum.
+QByteArray GiftRow(const SalesScan &scan);
+
 // The scan of the monthly files over the span: every line in the span counts on the first
 // catalogue row with its trimmed name, case respected; a line whose item begins with "Gift" is
 // counted apart, whatever its time. `mode` gives the report's letter ("F", "L", "B", "R" or "A")
@@ -78,12 +96,13 @@ SalesScan ScanSalesFiles(
     const QByteArrayList &catalogueRows, const ScanSpan &span, const std::function<QByteArray()> &mode, ScanProgress &progress);
 
 // A row of the report: the list's "quantity|name|amount|price|department", the printable
-// "quantity<tab>name<tab>amount", and the amount.
+// "quantity<tab>name<tab>amount", the amount, and the scan's row it shows.
 struct ReportLine
 {
     QByteArray listText;
     QByteArray printText;
     double amount = 0;
+    std::size_t row = 0;
 };
 
 // The report's rows, for the rows that sold and bear a name; a name of up to 14 characters gets

@@ -75,13 +75,15 @@ CommandLine ParseCommandLine(const QStringList &arguments)
     AddReportOptions(parser);
     // The chain database's commands read their own options; here they are only named.
     parser.addPositionalArgument(QStringLiteral("sync"),
-        QStringLiteral("sync --to URL [--site NAME] writes the site's sales to the chain database at URL, as libpq takes it "
+        QStringLiteral("sync --to URL [--site NAME] writes the site's sales and monthly sales files to the chain database at URL, "
+                       "as libpq takes it "
                        "(status 1: the site can't be read or the database refuses)."),
         QStringLiteral("[sync --to URL [--site NAME]]"));
-    parser.addPositionalArgument(QStringLiteral("report main --chain"),
-        QStringLiteral("report main --chain URL [--sites A,B|all] --from DATE --to DATE reports each site of the chain database "
-                       "and their sum, with the options of report (status 1: the database refuses or lacks a site)."),
-        QStringLiteral("[report main --chain URL [--sites A,B|all]]"));
+    parser.addPositionalArgument(QStringLiteral("report main|items-sold --chain"),
+        QStringLiteral("report main|items-sold --chain URL [--sites A,B|all] --from DATE --to DATE reports each site of the chain "
+                       "database and their sum, with the options of report (status 1: the database refuses or lacks a site; "
+                       "status 2: report server --chain)."),
+        QStringLiteral("[report main|items-sold --chain URL [--sites A,B|all]]"));
 
     CommandLine commandLine;
     if (!parser.parse(arguments)) {

@@ -90,7 +90,7 @@ QHash<QByteArray, SiteSums> spanSums(ChainDatabase &database, const QByteArrayLi
                       " count(*) FILTER (WHERE strpos(missing_modes, $7) > 0) FROM monthly_sales"
                       " WHERE site_id = ANY($1::integer[]) AND month = ANY($2::date[]) AND (day IS NULL OR day BETWEEN $3 AND $4)"
                       " AND (gift_amount IS NOT NULL OR sold_minute IS NULL"
-                      " OR NOT ((day = $3 AND sold_minute < $5) OR (day = $4 AND sold_minute > $6))) GROUP BY 1, 2, 3",
+                      " OR NOT coalesce((day = $3 AND sold_minute < $5) OR (day = $4 AND sold_minute > $6), false)) GROUP BY 1, 2, 3",
             {sites, walkedMonths(database, sites, span), dateOf(limits.from, "-infinity"), dateOf(limits.to, "infinity"),
                 timeOf(limits.fromTime, "00:00"), timeOf(limits.toTime, "24:00"), modeLetterOf(choice.category)});
     QHash<QByteArray, SiteSums> bySite;
@@ -209,6 +209,16 @@ ItemsSoldListing listingOf(const QString &site, const SalesScan &scan, const QBy
     return listing;
 }
 
+// The amount as a list shows it, in whole cents: the sum of the sites' lists is the sum of what
+// they show.
+double shownAmount(double amount)
+{
+    QByteArray text = Currency(amount);
+    const bool negative = text.startsWith('(');
+    text.replace('$', QByteArray()).replace(',', QByteArray()).replace('(', QByteArray()).replace(')', QByteArray());
+    return negative ? -text.toDouble() : text.toDouble();
+}
+
 // The site's spelling of the department, as the report's line takes it; as given when it has none.
 QByteArray siteDepartment(const QByteArrayList &departments, const QByteArray &department)
 {
@@ -246,7 +256,8 @@ ItemsSoldListing CombinedItemsSold(const QList<ItemsSoldListing> &listings)
     QHash<QByteArray, std::size_t> places;
     qsizetype notReported = 0;
     for (const ItemsSoldListing &listing : listings) {
-        for (const SoldRow &sold : listing.sold) {
+        for (SoldRow sold : listing.sold) {
+            sold.amount = shownAmount(sold.amount);
             const QByteArray name = TrimBlanks(sold.name);
             const auto place = places.constFind(name);
             if (place == places.constEnd()) {
@@ -258,7 +269,7 @@ ItemsSoldListing CombinedItemsSold(const QList<ItemsSoldListing> &listings)
             combined.rows[*place].amount += sold.amount;
         }
         combined.giftCount += listing.giftCount;
-        combined.giftTotal += listing.giftTotal;
+        combined.giftTotal += shownAmount(listing.giftTotal);
         notReported += listing.notReported;
     }
     ItemsSoldListing listing = listingOf({}, combined, {});

@@ -143,25 +143,27 @@ struct PrintedReport
     QByteArray csv;
 };
 
-PrintedReport chainFigures(ChainDatabase &database, const ReportRequest &request, const QStringList &sites)
+// The sites' listings and their sum as printed and exported by the report's own functions.
+template<typename Listing, typename Combine, typename Print, typename Export>
+PrintedReport printedFigures(const QList<Listing> &listings, Combine combine, Print print, Export exported)
 {
     PrintedReport report;
-    if (request.name == QLatin1String("main")) {
-        const QList<ChainListing> listings = ChainMainReport(database, sites, mainSpanOf(request), mainChoiceOf(request));
-        for (const ChainListing &listing : listings)
-            report.sites.append({listing.site, PrintedListing(listing)});
-        const ChainListing combined = CombinedListing(listings);
-        report.combined = PrintedListing(combined);
-        report.csv = ExportedListing(combined);
-        return report;
-    }
-    const QList<ItemsSoldListing> listings = ChainItemsSoldReport(database, sites, itemsSoldChoiceOf(request));
-    for (const ItemsSoldListing &listing : listings)
-        report.sites.append({listing.site, PrintedItemsSold(listing)});
-    const ItemsSoldListing combined = CombinedItemsSold(listings);
-    report.combined = PrintedItemsSold(combined);
-    report.csv = ExportedItemsSold(combined);
+    for (const Listing &listing : listings)
+        report.sites.append({listing.site, print(listing)});
+    const Listing combined = combine(listings);
+    report.combined = print(combined);
+    report.csv = exported(combined);
     return report;
+}
+
+PrintedReport chainFigures(ChainDatabase &database, const ReportRequest &request, const QStringList &sites)
+{
+    if (request.name == QLatin1String("main")) {
+        return printedFigures(
+            ChainMainReport(database, sites, mainSpanOf(request), mainChoiceOf(request)), CombinedListing, PrintedListing, ExportedListing);
+    }
+    return printedFigures(
+        ChainItemsSoldReport(database, sites, itemsSoldChoiceOf(request)), CombinedItemsSold, PrintedItemsSold, ExportedItemsSold);
 }
 
 // Each site's report as `qlon report` prints it, heading and all, then the sites' sum.

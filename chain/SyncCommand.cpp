@@ -61,11 +61,14 @@ int SyncToChain(const QByteArray &url, const QString &site, QTextStream &err)
         MigrateChainSchema(database);
         const SyncOutcome outcome = SyncSite(database, snapshot,
             [&](qint64 rows) { progress.show(QStringLiteral("%1 rows read, %2 written").arg(snapshot.rowCount).arg(rows)); });
-        progress.show(QStringLiteral("%1: %2 rows read, %3 written, %4 days replaced")
+        progress.show(QStringLiteral("%1: %2 rows read, %3 written, %4 days replaced; %5 monthly lines read, %6 written, %7 days replaced")
                           .arg(snapshot.name)
                           .arg(snapshot.rowCount)
                           .arg(outcome.rowsWritten)
-                          .arg(outcome.daysReplaced));
+                          .arg(outcome.daysReplaced)
+                          .arg(snapshot.monthRowCount)
+                          .arg(outcome.monthRowsWritten)
+                          .arg(outcome.monthDaysReplaced));
         progress.end();
     } catch (const ChainError &error) {
         progress.end();

@@ -62,10 +62,10 @@ void changeSales(const QString &driveFolder, const char *statement)
     sqlite3_close(database);
 }
 
-// Appends lines to the site's monthly file of November 2026.
-void appendToNovember(const QString &driveFolder, const QByteArray &lines)
+// Appends lines to the site's monthly file of the month ("MMYYYY").
+void appendToMonth(const QString &driveFolder, const char *month, const QByteArray &lines)
 {
-    QFile file(driveFolder + QStringLiteral("/Quillon/data/ItemsSold112026.DAT"));
+    QFile file(driveFolder + QStringLiteral("/Quillon/data/ItemsSold%1.DAT").arg(QLatin1String(month)));
     ASSERT_TRUE(file.open(QIODevice::Append));
     file.write(lines);
 }
@@ -132,7 +132,7 @@ TEST_F(ChainTest, ASecondSyncWritesNothingAndAChangedDayIsReplacedWhole)
 
     // A line for an earlier day at the end of the month's file: that day of the file alone, whole.
     const QByteArray day = "2026-11-01 2026-11-20";
-    appendToNovember(site.driveFolder(), "\"11/20/26\",\"1\",\"Corona\",\"5.75\",\"L\",\"9:00 PM\",\"Dine In\",\"1002\"\r\n");
+    appendToMonth(site.driveFolder(), "112026", "\"11/20/26\",\"1\",\"Corona\",\"5.75\",\"L\",\"9:00 PM\",\"Dine In\",\"1002\"\r\n");
     const SiteSnapshot appended = ReadSite(QStringLiteral("north"), quiet);
     const SyncOutcome monthDay = SyncSite(database, appended, quiet);
     EXPECT_EQ(monthDay.monthDaysReplaced, 1);
@@ -309,7 +309,9 @@ constexpr const char *monthlyQuirks = "\"11/12/26\",\"1\",\"Gift Card\",\"25.00\
 void writeSite(Site &site)
 {
     WriteDemoSite(site.folder.driveFolder(), site.today);
-    appendToNovember(site.folder.driveFolder(), monthlyQuirks);
+    appendToMonth(site.folder.driveFolder(), "112026", monthlyQuirks);
+    // Only a span whose walk starts in October reads it.
+    appendToMonth(site.folder.driveFolder(), "102026", "\"10/3x/26\",\"2\",\"Corona\",\"5.75\",\"L\",\"7:00 PM\",\"\",\"\"\n");
     for (const char *statement : carriedValues)
         changeSales(site.folder.driveFolder(), statement);
     if (!site.jet)

@@ -42,15 +42,22 @@ QByteArray dayArray(const QByteArrayList &days)
     return '{' + quoted.join(',') + '}';
 }
 
-// The days' rows go; their digests stay until the new ones are written, last.
-void deleteDays(ChainDatabase &database, const QByteArray &site, const QByteArrayList &days)
+// A date array of the day keys that are dates.
+QByteArray dateArray(const QByteArrayList &days)
 {
     QByteArray dates = "{";
     for (const QByteArray &day : days) {
         if (!day.isEmpty())
             dates.append((dates.size() > 1 ? "," : "") + day);
     }
-    database.exec("DELETE FROM sales WHERE site_id = $1 AND day = ANY($2::date[])", {site, dates + '}'});
+    return dates + '}';
+}
+
+// The days' rows and sums go; their digests stay until the new ones are written, last.
+void deleteDays(ChainDatabase &database, const QByteArray &site, const QByteArrayList &days)
+{
+    database.exec("DELETE FROM sales WHERE site_id = $1 AND day = ANY($2::date[])", {site, dateArray(days)});
+    database.exec("DELETE FROM day_sales WHERE site_id = $1 AND day = ANY($2::date[])", {site, dateArray(days)});
     if (days.contains(QByteArray()))
         database.exec("DELETE FROM sales WHERE site_id = $1 AND day IS NULL", {site});
 }
@@ -140,6 +147,7 @@ SyncOutcome SyncSite(ChainDatabase &database, const SiteSnapshot &snapshot, cons
     if (!replaced.isEmpty()) {
         deleteDays(database, site, replaced);
         outcome.rowsWritten = writeDays(database, site, snapshot, changed, replaced, progress);
+        database.exec(DaySumsInsert("site_id = $1 AND day = ANY($2::date[])"), {site, dateArray(changed)});
     }
     const bool catalogue =
         replaceList(database, site, "catalogue", "position, text, tag, type", snapshot.catalogueLines, snapshot.catalogueDigest);
@@ -149,7 +157,7 @@ SyncOutcome SyncSite(ChainDatabase &database, const SiteSnapshot &snapshot, cons
     // The planner reads a week through the index only when it knows how many rows a day holds; later
     // changes of a few days leave the figures to the server's own analysis.
     if (firstRows && outcome.rowsWritten > 0)
-        database.exec("ANALYZE sales_site_" + site);
+        database.exec("ANALYZE sales_site_" + site + ", day_sales");
     if (outcome.daysReplaced > 0 || outcome.listsWritten)
         database.exec("UPDATE sites SET synced_at = now() WHERE site_id = $1", {site});
     transaction.commit();

@@ -2,8 +2,8 @@
 
 #include "app/CommandLine.h"
 #include "app/ReportCommand.h"
+#include "app/ReportHeading.h"
 #include "app/ReportJson.h"
-#include "app/ReportRun.h"
 #include "chain/ChainReportText.h"
 #include "chain/SyncCommand.h"
 #include "chain/logic/ChainDatabase.h"
@@ -236,20 +236,17 @@ int chainReport(const QStringList &arguments, QTextStream &out, QTextStream &err
 
 int RunChainCommand(int argc, char *argv[])
 {
-    QStringList arguments;
-    for (int index = 0; index < argc; ++index)
-        arguments.append(QString::fromLocal8Bit(argv[index]));
-    const QString command = CommandWord(argc, argv);
-    const bool syncing = command == QLatin1String("sync");
-    const bool chained = command == QLatin1String("report") &&
-        std::any_of(
-            arguments.cbegin(), arguments.cend(), [](const QString &argument) { return argument.startsWith(QLatin1String("--chain")); });
-    if (!syncing && !chained)
-        return -1;
     const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
     QTextStream out(stdout);
     QTextStream err(stderr);
-    return syncing ? sync(arguments, err) : chainReport(arguments, out, err);
+    const QString word = CommandWord(argc, argv);
+    if (word == QLatin1String("sync"))
+        return sync(arguments, err);
+    if (word == QLatin1String("report"))
+        return chainReport(arguments, out, err);
+    err << "qlon-chain: runs qlon sync and qlon report --chain; see qlon --help" << Qt::endl;
+    return 2;
 }
 
 } // namespace qlon

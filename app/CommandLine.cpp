@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cstring>
 
 namespace qlon {
@@ -150,6 +151,17 @@ QString CommandWord(int argc, char *argv[])
         if (valueOptions.contains(argument.mid(argument.startsWith(QLatin1String("--")) ? 2 : 1)))
             ++index;
     }
+    return {};
+}
+
+QString CompanionProgram(int argc, char *argv[])
+{
+    const QString word = CommandWord(argc, argv);
+    if (word == QLatin1String("serve") || word == QLatin1String("user"))
+        return QStringLiteral("qlon-serve");
+    const auto chained = [](const char *argument) { return std::strncmp(argument, "--chain", 7) == 0; };
+    if (word == QLatin1String("sync") || (word == QLatin1String("report") && std::any_of(argv + 1, argv + argc, chained)))
+        return QStringLiteral("qlon-chain");
     return {};
 }
 

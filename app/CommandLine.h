@@ -38,4 +38,9 @@ bool RunsWithoutWindow(int argc, char *argv[]);
 // values; empty when there is none.
 QString CommandWord(int argc, char *argv[]);
 
+// The program beside this one that runs the command, for the commands whose libraries the desktop
+// program and its reports don't load: "qlon-serve" for serve and user, "qlon-chain" for sync and
+// report --chain; empty for the others.
+QString CompanionProgram(int argc, char *argv[]);
+
 } // namespace qlon

@@ -1,7 +1,7 @@
 #include "app/ReportJson.h"
 
 #include "app/ReportCommand.h"
-#include "app/ReportRun.h"
+#include "app/ReportHeading.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

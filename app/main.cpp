@@ -1,4 +1,3 @@
-#include "app/ChainCommands.h"
 #include "app/CommandLine.h"
 #include "app/ControlList.h"
 #include "app/ReportRun.h"
@@ -9,6 +8,7 @@
 #include "core/HostPath.h"
 #include "core/Version.h"
 #include "demo/DemoSite.h"
+#include "platform/ProgramStart.h"
 #include "platform/SiteSettings.h"
 #include "store/JetCheck.h"
 #include "store/ReportTemplate.h"
@@ -18,7 +18,6 @@
 #include "ui/ScreenRegistry.h"
 #include "ui/SharedIconsStyle.h"
 #include "ui/SiteChooser.h"
-#include "web/WebCommand.h"
 
 #include <QApplication>
 #include <QDir>
@@ -142,11 +141,11 @@ int main(int argc, char *argv[])
 {
     QCoreApplication::setApplicationName(QStringLiteral("qlon"));
     QCoreApplication::setApplicationVersion(QLatin1String(qlon::ProgramVersion));
-    if (const QString word = qlon::CommandWord(argc, argv); word == QLatin1String("serve") || word == QLatin1String("user"))
-        return qlon::web::RunWebCommand(word, argc, argv);
+    if (const QString companion = qlon::CompanionProgram(argc, argv); !companion.isEmpty()) {
+        const QCoreApplication application(argc, argv);
+        return qlon::RunInPlace(QCoreApplication::applicationDirPath() + QLatin1Char('/') + companion, argv);
+    }
     qlon::RegisterScreens();
-    if (const int status = qlon::RunChainCommand(argc, argv); status >= 0)
-        return status;
     if (const int status = answerWithoutDisplay(argc, argv); status >= 0)
         return status;
     if (qlon::RunsWithoutWindow(argc, argv)) {

@@ -3,6 +3,13 @@
 #include <QList>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QTextStream>
+
+#ifndef Q_OS_WIN
+#include <cerrno>
+#include <cstring>
+#include <unistd.h>
+#endif
 
 namespace qlon {
 
@@ -68,6 +75,26 @@ ProgramStart StartPrinterSettings(const QString &windowsCommand)
         commandOf(QStringLiteral("kcmshell6 kcm_printer_manager")), commandOf(QStringLiteral("kcmshell5 kcm_printer_manager")),
         commandOf(QStringLiteral("xdg-open http://localhost:631/printers/"))});
 #endif
+}
+
+int RunInPlace(const QString &program, char *argv[])
+{
+#ifdef Q_OS_WIN
+    QStringList arguments;
+    for (char **argument = argv + 1; *argument; ++argument)
+        arguments.append(QString::fromLocal8Bit(*argument));
+    const int status = QProcess::execute(program, arguments);
+    if (status >= 0)
+        return status;
+    const QString reason = QStringLiteral("it can't be started");
+#else
+    const QByteArray path = program.toLocal8Bit();
+    argv[0] = const_cast<char *>(path.constData());
+    execv(path.constData(), argv);
+    const QString reason = QString::fromLocal8Bit(std::strerror(errno));
+#endif
+    QTextStream(stderr) << "qlon: can't run " << program << ": " << reason << Qt::endl;
+    return 1;
 }
 
 } // namespace qlon

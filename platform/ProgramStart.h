@@ -33,4 +33,10 @@ ProgramStart StartOnScreenKeyboard();
 // in the browser.
 ProgramStart StartPrinterSettings(const QString &windowsCommand);
 
+// Runs `program` in this process's place with the command line `argv`: the process keeps its id,
+// its signals and its standard channels, so a service manager or a shell sees one program. Returns
+// only when it can't (1, told on standard error); on Windows, where no process takes another's
+// place, it runs the program and returns its status.
+int RunInPlace(const QString &program, char *argv[]);
+
 } // namespace qlon

@@ -4,7 +4,7 @@ execute_process(COMMAND "${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${
 if(NOT status EQUAL 0)
   message(FATAL_ERROR "cmake --install failed: ${status}")
 endif()
-foreach(file bin/qlon bin/qlon-demo-site bin/qlon-jet-check share/applications/qlon.desktop share/icons/hicolor/256x256/apps/qlon.png
+foreach(file bin/qlon bin/qlon-chain bin/qlon-serve bin/qlon-demo-site bin/qlon-jet-check share/applications/qlon.desktop share/icons/hicolor/256x256/apps/qlon.png
         share/icons/hicolor/48x48/apps/qlon.png share/icons/hicolor/scalable/apps/qlon.svg share/man/man1/qlon.1.gz
         share/doc/qlon/README.md share/doc/qlon/copyright share/doc/qlon/changelog.gz)
   if(NOT EXISTS "${PREFIX}/${file}")

@@ -172,7 +172,9 @@ int runServe(const QCommandLineParser &parser)
     sigaddset(&endings, SIGINT);
     pthread_sigmask(SIG_BLOCK, &endings, nullptr);
 
-    ReportQueue queue(ReportChild(QCoreApplication::applicationFilePath(), siteArguments(parser), options.reportTimeLimit));
+    // Each report is the desktop program's own `qlon report`, beside this one.
+    const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/qlon");
+    ReportQueue queue(ReportChild(program, siteArguments(parser), options.reportTimeLimit));
     WebServer server(options, queue);
     if (const QString error = server.bind(); !error.isEmpty())
         return fail(QStringLiteral("serve: ") + error, 1);
@@ -194,7 +196,7 @@ int runServe(const QCommandLineParser &parser)
 
 } // namespace
 
-int RunWebCommand(const QString &word, int argc, char *argv[])
+int RunWebCommand(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
@@ -210,8 +212,11 @@ int RunWebCommand(const QString &word, int argc, char *argv[])
         QTextStream(stdout) << parser.helpText();
         return 0;
     }
+    const QString word = parser.positionalArguments().value(0);
     if (word == QLatin1String("user"))
         return runUser(parser);
+    if (word != QLatin1String("serve"))
+        return fail(QStringLiteral("qlon-serve runs qlon serve and qlon user"));
     if (parser.positionalArguments().size() != 1)
         return fail(QStringLiteral("serve takes no words, only options"));
     return runServe(parser);

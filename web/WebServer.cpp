@@ -1,5 +1,7 @@
 #include "web/WebServer.h"
 
+#include "web/ConnectionPool.h"
+
 #include "web/logic/DepartmentsPage.h"
 #include "web/logic/Pages.h"
 #include "web/logic/SiteDepartments.h"
@@ -19,7 +21,7 @@ namespace qlon::web {
 namespace {
 
 constexpr std::size_t largestBody = 64 * 1024;
-constexpr std::size_t workers = 32;
+constexpr std::size_t workers = 32; // the connections served at once
 constexpr time_t clientSeconds = 5; // the longest wait on a client's bytes
 constexpr std::chrono::seconds pageWait{3}; // a page waits this long for its report before it shows the queue
 const std::string sessionCookie = "qlon_session";
@@ -147,7 +149,7 @@ WebServer::~WebServer() = default;
 
 void WebServer::setLimits()
 {
-    m_server->new_task_queue = [] { return new httplib::ThreadPool(workers); };
+    m_server->new_task_queue = [] { return new ConnectionPool(workers); };
     m_server->set_payload_max_length(largestBody);
     m_server->set_read_timeout(clientSeconds, 0);
     m_server->set_write_timeout(clientSeconds, 0);

@@ -78,9 +78,20 @@ QByteArray carried(const QByteArray &value, const QByteArray &from)
     return "CASE WHEN " + from + " IS NULL OR " + from + " BETWEEN $2::date AND $3::date THEN " + value + " END";
 }
 
-// The span filter of Calculate Sales: from the start time on the from date to the end time on the
-// to date; a row whose date or time can't be read, or without an item, is never counted. All the
-// sites in one query, which reads each site's partition through the index of days.
+// The figures of the span's rows that `rows` selects beside the span's select, by site and item,
+// under the span filter of Calculate Sales: from the start time on the from date to the end time
+// on the to date; a row whose date or time can't be read, or without an item, is never counted.
+QByteArray rowSums(const QByteArray &rows)
+{
+    return "SELECT site_id, item, cents, units FROM (SELECT site_id, item, day, " + carried("cents", "price_from") + " AS cents, " +
+        carried("units", "quantity_from") + " AS units, " + carried("sold_at", "time_from") +
+        " AS counted_at FROM sales WHERE site_id = ANY($1::integer[]) AND " + spanSelect + " AND item <> '' AND " + rows +
+        ") AS span WHERE counted_at IS NOT NULL AND NOT (day = $2 AND counted_at < $4) AND NOT (day = $3 AND counted_at > $5)";
+}
+
+// All the sites in one query. The days inside the span count whole: their sums are read as the
+// sync kept them, with the rows whose values came from another row. The first and last days,
+// which the hours cut, are read row by row, each site's partition through the index of days.
 SitesSales spanSales(ChainDatabase &database, const QByteArrayList &sites, const ChainSpan &span)
 {
     SitesSales sales;
@@ -88,11 +99,11 @@ SitesSales spanSales(ChainDatabase &database, const QByteArrayList &sites, const
     const std::optional<QTime> end = ToTime(span.endTime);
     if (!start || !end)
         return sales;
-    const ChainResult sums = database.exec("SELECT site_id, item, sum(cents), sum(units) FROM (SELECT site_id, item, day, " +
-            carried("cents", "price_from") + " AS cents, " + carried("units", "quantity_from") + " AS units, " +
-            carried("sold_at", "time_from") + " AS counted_at FROM sales WHERE site_id = ANY($1::integer[]) AND " + spanSelect +
-            " AND item <> '') AS span WHERE counted_at IS NOT NULL AND NOT (day = $2 AND counted_at < $4)"
-            " AND NOT (day = $3 AND counted_at > $5) GROUP BY site_id, item",
+    const ChainResult sums = database.exec("SELECT site_id, item, sum(cents), sum(units) FROM ("
+                                           "SELECT site_id, item, cents, units FROM day_sales WHERE site_id = ANY($1::integer[])"
+                                           " AND day > $2::date AND day < $3::date UNION ALL " +
+            rowSums("day IN ($2::date, $3::date)") + " UNION ALL " +
+            rowSums("day > $2::date AND day < $3::date AND " + QByteArray(CarriedRow)) + ") AS figures GROUP BY site_id, item",
         {'{' + sites.join(',') + '}', isoDate(span.from), isoDate(span.to), isoTime(*start), isoTime(*end)});
     for (int row = 0; row < sums.rowCount(); ++row) {
         ItemSales &item = sales[sums.value(row, 0)][FromChainText(sums.value(row, 1))];

@@ -52,7 +52,18 @@ const QByteArrayList versionTwo = {
     " ADD COLUMN receipt_from timestamp",
 };
 
-// Version 3: the lines of the monthly sales files, which the Items Sold report reads. A line is
+// Version 3: each site's days summed by item over the rows that count whatever a span's hours: a
+// report reads the days inside its span from these sums, and the rows themselves only on its first
+// and last days, whose hours cut them, and where a value came from another row. The sums of the
+// rows already there are written at once.
+const QByteArrayList versionThree = {
+    "CREATE TABLE day_sales (site_id integer NOT NULL, day date NOT NULL, item text NOT NULL, cents bigint NOT NULL,"
+    " units double precision NOT NULL, PRIMARY KEY (site_id, day, item))",
+    QByteArray("CREATE INDEX sales_carried ON sales (site_id, day) WHERE ") + CarriedRow,
+    DaySumsInsert("TRUE"),
+};
+
+// Version 4: the lines of the monthly sales files, which the Items Sold report reads. A line is
 // stored as the scan reads it: `month` the file's month (the first of it), `seq` its place in the
 // file, `day` and `sold_minute` its date and its time in whole minutes as the platform reads them
 // (null when they can't be read), `units` and `amount` the quantity and price as the scan adds
@@ -61,7 +72,7 @@ const QByteArrayList versionTwo = {
 // row names it, `item` trimmed; beside them the raw texts. The digest of each file's day (or of its
 // lines without a date) tells a sync what changed. The Items Sold lists of each site: the catalogue
 // of each report option as the screen holds it for a scan, and its departments.
-const QByteArrayList versionThree = {
+const QByteArrayList versionFour = {
     "CREATE TABLE monthly_sales (site_id integer NOT NULL, month date NOT NULL, seq bigint NOT NULL, day date,"
     " sold_minute time, units double precision NOT NULL, amount double precision NOT NULL, gift_amount double precision,"
     " missing_modes text NOT NULL, item text NOT NULL, date_text text, quantity_text text, item_text text, price_text text,"
@@ -75,7 +86,7 @@ const QByteArrayList versionThree = {
 };
 
 // The steps from each version to the next; step i leads from version i to i + 1.
-const QList<QByteArrayList> migrations = {versionOne, versionTwo, versionThree};
+const QList<QByteArrayList> migrations = {versionOne, versionTwo, versionThree, versionFour};
 
 int currentVersion(ChainDatabase &database)
 {
@@ -92,6 +103,12 @@ ChainError versionError(int version, const QString &remedy)
 }
 
 } // namespace
+
+QByteArray DaySumsInsert(const QByteArray &where)
+{
+    return QByteArray("INSERT INTO day_sales SELECT site_id, day, item, sum(cents), sum(units) FROM sales WHERE day IS NOT NULL AND ") +
+        CountingRow + " AND " + where + " GROUP BY site_id, day, item";
+}
 
 void MigrateChainSchema(ChainDatabase &database)
 {

@@ -15,6 +15,7 @@ constexpr qint64 rowsPerCopy = 200000;
 // What the replacing of a table's groups did.
 struct GroupsReplaced
 {
+    QByteArrayList changed; // the groups written anew
     int groups = 0;
     qint64 rows = 0;
     bool first = false; // the site had no groups in the table before
@@ -52,15 +53,22 @@ QByteArray keyArray(const QByteArrayList &keys)
     return '{' + quoted.join(',') + '}';
 }
 
-// The sales of the days (ISO dates, or "" for the rows without a date).
-void deleteDays(ChainDatabase &database, const QByteArray &site, const QByteArrayList &days)
+// A date array of the day keys that are dates.
+QByteArray dateArray(const QByteArrayList &days)
 {
     QByteArray dates = "{";
     for (const QByteArray &day : days) {
         if (!day.isEmpty())
             dates.append((dates.size() > 1 ? "," : "") + day);
     }
-    database.exec("DELETE FROM sales WHERE site_id = $1 AND day = ANY($2::date[])", {site, dates + '}'});
+    return dates + '}';
+}
+
+// The days' rows and sums go; their digests stay until the new ones are written, last.
+void deleteDays(ChainDatabase &database, const QByteArray &site, const QByteArrayList &days)
+{
+    database.exec("DELETE FROM sales WHERE site_id = $1 AND day = ANY($2::date[])", {site, dateArray(days)});
+    database.exec("DELETE FROM day_sales WHERE site_id = $1 AND day = ANY($2::date[])", {site, dateArray(days)});
     if (days.contains(QByteArray()))
         database.exec("DELETE FROM sales WHERE site_id = $1 AND day IS NULL", {site});
 }
@@ -139,6 +147,7 @@ GroupsReplaced replaceGroups(ChainDatabase &database, const QByteArray &site, co
             changed.append(group.key());
     }
     const QByteArrayList replaced = changed + stored.keys();
+    outcome.changed = changed;
     outcome.groups = int(replaced.size());
     if (!replaced.isEmpty()) {
         table.deleteRows(replaced);
@@ -184,6 +193,8 @@ SyncOutcome SyncSite(ChainDatabase &database, const SiteSnapshot &snapshot, cons
     outcome.rowsWritten = days.rows;
     outcome.monthDaysReplaced = monthDays.groups;
     outcome.monthRowsWritten = monthDays.rows;
+    if (!days.changed.isEmpty())
+        database.exec(DaySumsInsert("site_id = $1 AND day = ANY($2::date[])"), {site, dateArray(days.changed)});
     const bool catalogue =
         replaceList(database, site, "catalogue", "position, text, tag, type", snapshot.catalogueLines, snapshot.catalogueDigest);
     const bool departments =
@@ -194,7 +205,7 @@ SyncOutcome SyncSite(ChainDatabase &database, const SiteSnapshot &snapshot, cons
     // The planner reads a week through the index only when it knows how many rows a day holds; later
     // changes of a few days leave the figures to the server's own analysis.
     if (days.first && days.rows > 0)
-        database.exec("ANALYZE sales_site_" + site);
+        database.exec("ANALYZE sales_site_" + site + ", day_sales");
     if (monthDays.first && monthDays.rows > 0)
         database.exec("ANALYZE monthly_sales_site_" + site);
     if (outcome.daysReplaced > 0 || outcome.monthDaysReplaced > 0 || outcome.listsWritten)

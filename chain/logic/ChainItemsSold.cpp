@@ -159,52 +159,72 @@ int addKeepingEveryRow(ListRows &list, const QByteArray &text)
 }
 
 // The screen's list after the scan: the report's rows sorted on their quantity by number, each
-// tagged with its line, then the gift row.
-ItemsSoldListing listingOf(const QString &site, const SalesScan &scan, const QByteArray &department)
+// tagged with its line, then the gift row; and their total.
+struct SortedRows
+{
+    QByteArrayList texts;
+    QByteArrayList tags;
+    double total = 0;
+};
+
+SortedRows sortedRows(const SalesScan &scan, const std::vector<ReportLine> &lines)
 {
     CSort byQuantity;
     ListRows list;
     list.setComparer(&byQuantity);
     list.setSorted(true);
-    const std::vector<ReportLine> lines = ReportLines(scan);
-    double total = 0;
+    SortedRows sorted;
     for (std::size_t line = 0; line < lines.size(); ++line) {
         list.setRowTag(addKeepingEveryRow(list, lines[line].listText), QByteArray::number(qulonglong(line)));
-        total += lines[line].amount;
+        sorted.total += lines[line].amount;
     }
     if (scan.giftCount != 0)
         addKeepingEveryRow(list, GiftRow(scan));
-    QByteArrayList texts;
-    QByteArrayList tags;
     for (int row = 0; row < list.rowCount(); ++row) {
-        texts.append(list.rowText(row));
-        tags.append(list.rowTag(row));
+        sorted.texts.append(list.rowText(row));
+        sorted.tags.append(list.rowTag(row));
     }
-    ItemsSoldListing listing{site, {}, Currency(total), scan.notReported.size(), {}, 0, 0};
+    return sorted;
+}
+
+// The department filter's rows, by their places among the sorted rows, in the order the list
+// sorts them again; and their total.
+DepartmentRows departmentRows(const QByteArrayList &texts, const QByteArray &department)
+{
+    DepartmentRows chosen = RowsOfDepartment(texts, department);
+    CSort byQuantity;
+    ListRows filtered;
+    filtered.setComparer(&byQuantity);
+    filtered.setSorted(true);
+    QList<int> order;
+    for (const int row : chosen.kept)
+        order.insert(addKeepingEveryRow(filtered, texts[row]), row);
+    chosen.kept = order;
+    return chosen;
+}
+
+// The list as the screen shows it: the sorted rows, or the department's rows without their tags.
+ItemsSoldListing listingOf(const QString &site, const SalesScan &scan, const QByteArray &department)
+{
+    const std::vector<ReportLine> lines = ReportLines(scan);
+    const SortedRows sorted = sortedRows(scan, lines);
+    ItemsSoldListing listing{site, {}, Currency(sorted.total), scan.notReported.size(), {}, 0, 0};
     QList<int> shown;
-    for (int row = 0; row < texts.size(); ++row)
+    for (int row = 0; row < sorted.texts.size(); ++row)
         shown.append(row);
     if (!department.isEmpty()) {
-        // The filter lists the rows again, without their tags.
-        const DepartmentRows chosen = RowsOfDepartment(texts, department);
+        const DepartmentRows chosen = departmentRows(sorted.texts, department);
         shown = chosen.kept;
         listing.total = Currency(chosen.total);
-        ListRows filtered;
-        filtered.setComparer(&byQuantity);
-        filtered.setSorted(true);
-        QList<int> order;
-        for (const int row : shown)
-            order.insert(addKeepingEveryRow(filtered, texts[row]), row);
-        shown = order;
     }
     for (const int row : shown) {
-        listing.rows.append({texts[row], department.isEmpty() ? tags[row] : QByteArray()});
-        if (tags[row].isEmpty()) {
+        listing.rows.append({sorted.texts[row], department.isEmpty() ? sorted.tags[row] : QByteArray()});
+        if (sorted.tags[row].isEmpty()) {
             listing.giftCount = scan.giftCount;
             listing.giftTotal = scan.giftTotal;
             continue;
         }
-        listing.sold.push_back(scan.rows[lines[std::size_t(tags[row].toInt())].row]);
+        listing.sold.push_back(scan.rows[lines[std::size_t(sorted.tags[row].toInt())].row]);
     }
     return listing;
 }

@@ -80,7 +80,7 @@ CommandLine ParseCommandLine(const QStringList &arguments)
                        "as libpq takes it "
                        "(status 1: the site can't be read or the database refuses)."),
         QStringLiteral("[sync --to URL [--site NAME]]"));
-    parser.addPositionalArgument(QStringLiteral("report main|items-sold --chain"),
+    parser.addPositionalArgument(QStringLiteral("report --chain"),
         QStringLiteral("report main|items-sold --chain URL [--sites A,B|all] --from DATE --to DATE reports each site of the chain "
                        "database and their sum, with the options of report (status 1: the database refuses or lacks a site; "
                        "status 2: report server --chain)."),

@@ -60,7 +60,7 @@ void measureSync(benchmark::State &state)
     for (auto _ : state) {
         const QByteArray url = freshDatabase();
         const double seconds = RunChild(QStringLiteral(QLON_PROGRAM), syncArguments(site, url, QStringLiteral("site"))).wallSeconds;
-        for (const QString table : {QStringLiteral("sales"), QStringLiteral("monthly_sales")}) {
+        for (const QString &table : {QStringLiteral("sales"), QStringLiteral("monthly_sales")}) {
             psqlSeconds(url, QStringLiteral("\\copy (SELECT * FROM %1) TO '%2'").arg(table, rows));
             psqlSeconds(url, QStringLiteral("CREATE TABLE yardstick_%1 (LIKE %1 INCLUDING ALL)").arg(table));
             yardstick += psqlSeconds(url, QStringLiteral("\\copy yardstick_%1 FROM '%2'").arg(table, rows));

@@ -6,6 +6,7 @@
 #include "chain/logic/SiteSnapshot.h"
 #include "core/FileTable.h"
 #include "core/RuntimeError.h"
+#include "store/SalesStore.h"
 
 #include <unistd.h>
 
@@ -39,6 +40,17 @@ private:
     bool m_shown;
 };
 
+int siteUnreadable(const RuntimeError &error, SyncProgress &progress, QTextStream &err)
+{
+    CloseAll();
+    progress.end();
+    err << "qlon: sync: the site can't be read: " << error.message().simplified();
+    if (!error.detail().isEmpty())
+        err << " (" << error.detail() << ')';
+    err << Qt::endl;
+    return 1;
+}
+
 } // namespace
 
 int SyncToChain(const QByteArray &url, const QString &site, QTextStream &err)
@@ -46,21 +58,18 @@ int SyncToChain(const QByteArray &url, const QString &site, QTextStream &err)
     SyncProgress progress(err);
     SiteSnapshot snapshot;
     try {
-        snapshot = ReadSite(site, [&](qint64 rows) { progress.show(QStringLiteral("%1 rows read").arg(rows)); });
-    } catch (const RuntimeError &error) {
-        CloseAll();
-        progress.end();
-        err << "qlon: sync: the site can't be read: " << error.message().simplified();
-        if (!error.detail().isEmpty())
-            err << " (" << error.detail() << ')';
-        err << Qt::endl;
-        return 1;
-    }
-    try {
+        // The site's lists and monthly files are read, and its sales opened, before the database is
+        // asked: a site that can't be opened leaves the chain as it was.
+        const std::unique_ptr<SalesStore> store = OpenSite(site, snapshot);
         ChainDatabase database(url);
         MigrateChainSchema(database);
-        const SyncOutcome outcome = SyncSite(database, snapshot,
-            [&](qint64 rows) { progress.show(QStringLiteral("%1 rows read, %2 written").arg(snapshot.rowCount).arg(rows)); });
+        SiteSync sync(database, snapshot.name);
+        ReadSales(*store, snapshot, [&](qint64 rows) {
+            sync.salesRead(snapshot);
+            progress.show(QStringLiteral("%1 rows read").arg(rows));
+        });
+        const SyncOutcome outcome = sync.finish(
+            snapshot, [&](qint64 rows) { progress.show(QStringLiteral("%1 rows read, %2 written").arg(snapshot.rowCount).arg(rows)); });
         progress.show(QStringLiteral("%1: %2 rows read, %3 written, %4 days replaced; %5 monthly lines read, %6 written, %7 days replaced")
                           .arg(snapshot.name)
                           .arg(snapshot.rowCount)
@@ -70,6 +79,8 @@ int SyncToChain(const QByteArray &url, const QString &site, QTextStream &err)
                           .arg(outcome.monthRowsWritten)
                           .arg(outcome.monthDaysReplaced));
         progress.end();
+    } catch (const RuntimeError &error) {
+        return siteUnreadable(error, progress, err);
     } catch (const ChainError &error) {
         progress.end();
         err << "qlon: sync: " << error.message() << Qt::endl;

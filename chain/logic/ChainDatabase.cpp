@@ -83,19 +83,113 @@ ChainResult ChainDatabase::exec(const QByteArray &statement, const QByteArrayLis
 
 void ChainDatabase::copyIn(const QByteArray &statement, const QByteArray &rows)
 {
-    PGconn *connection = m_connection.get();
-    checked(connection, PQexec(connection, statement.constData()));
+    ChainCopy copy(*this, statement);
+    copy.send(rows);
+    copy.finish();
+}
+
+namespace {
+
+// What may wait for the sender before the caller waits too.
+constexpr qsizetype largestQueue = 64 << 20;
+
+} // namespace
+
+ChainCopy::ChainCopy(ChainDatabase &database, const QByteArray &statement)
+    : m_connection(database.m_connection.get())
+{
+    checked(m_connection, PQexec(m_connection, statement.constData()));
+    m_sender = std::thread([this] { sendQueued(); });
+}
+
+ChainCopy::~ChainCopy()
+{
+    stopSending(Queued::Discarded);
+    if (!m_open)
+        return;
+    try {
+        end("the rows stopped coming");
+    } catch (const ChainError &) {
+        // The server discards the rows either way.
+    }
+}
+
+void ChainCopy::send(QByteArray rows)
+{
+    if (rows.isEmpty())
+        return;
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, [this] { return m_queuedBytes < largestQueue || !m_failure.isEmpty(); });
+    if (!m_failure.isEmpty())
+        throw ChainError(m_failure);
+    m_queuedBytes += rows.size();
+    m_queued.push_back(std::move(rows));
+    m_changed.notify_all();
+}
+
+void ChainCopy::sendQueued()
+{
     // Sent in pieces so that the server works while the rest is on its way.
     constexpr qsizetype piece = 1 << 20;
-    for (qsizetype at = 0; at < rows.size(); at += piece) {
-        if (PQputCopyData(connection, rows.constData() + at, int(qMin(piece, rows.size() - at))) != 1)
-            throw ChainError(connectionMessage(connection));
+    for (;;) {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait(lock, [this] { return m_stopping || !m_queued.empty(); });
+        if (m_queued.empty())
+            return;
+        const QByteArray rows = std::move(m_queued.front());
+        m_queued.pop_front();
+        lock.unlock();
+        for (qsizetype at = 0; at < rows.size(); at += piece) {
+            if (PQputCopyData(m_connection, rows.constData() + at, int(qMin(piece, rows.size() - at))) != 1) {
+                lock.lock();
+                m_failure = connectionMessage(m_connection);
+                m_queued.clear();
+                m_changed.notify_all();
+                return;
+            }
+        }
+        lock.lock();
+        m_queuedBytes -= rows.size();
+        m_changed.notify_all();
     }
-    if (PQputCopyEnd(connection, nullptr) != 1)
-        throw ChainError(connectionMessage(connection));
-    checked(connection, PQgetResult(connection));
-    while (PGresult *rest = PQgetResult(connection))
+}
+
+// Ends the sender once it has sent what is queued, or at once; its failure, if it had one.
+QString ChainCopy::stopSending(Queued queued)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_stopping = true;
+        if (queued == Queued::Discarded)
+            m_queued.clear();
+    }
+    m_changed.notify_all();
+    if (m_sender.joinable())
+        m_sender.join();
+    return m_failure;
+}
+
+void ChainCopy::finish()
+{
+    if (const QString failure = stopSending(Queued::Sent); !failure.isEmpty()) {
+        end("a piece of the rows could not be sent");
+        throw ChainError(failure);
+    }
+    end(nullptr);
+}
+
+void ChainCopy::end(const char *failure)
+{
+    m_open = false;
+    if (PQputCopyEnd(m_connection, failure) != 1)
+        throw ChainError(connectionMessage(m_connection));
+    PGresult *result = PQgetResult(m_connection);
+    while (PGresult *rest = PQgetResult(m_connection))
         PQclear(rest);
+    if (failure)
+        PQclear(result);
+    else
+        checked(m_connection, result);
 }
 
 ChainTransaction::ChainTransaction(ChainDatabase &database)

@@ -4,8 +4,12 @@
 #include <QByteArrayList>
 #include <QString>
 
+#include <condition_variable>
+#include <deque>
 #include <memory>
+#include <mutex>
 #include <stdexcept>
+#include <thread>
 
 struct pg_conn;
 struct pg_result;
@@ -47,7 +51,43 @@ public:
     void copyIn(const QByteArray &statement, const QByteArray &rows);
 
 private:
+    friend class ChainCopy;
     std::shared_ptr<pg_conn> m_connection;
+};
+
+// One COPY ... FROM STDIN whose rows are sent as they come, by a thread of its own, so that the
+// server writes them while the caller makes the rest. Unless finished, the server discards what it
+// was sent, and the connection is ready for the transaction's rollback. The connection is the
+// copy's alone until it ends.
+class ChainCopy
+{
+public:
+    ChainCopy(ChainDatabase &database, const QByteArray &statement);
+    ~ChainCopy();
+    ChainCopy(const ChainCopy &) = delete;
+    ChainCopy &operator=(const ChainCopy &) = delete;
+
+    // Lines of the text form, each ended by a line feed; waits while much is still on its way.
+    void send(QByteArray rows);
+    // Waits for every row to reach the server, and for its answer; ChainError when it refused.
+    void finish();
+
+private:
+    enum class Queued { Sent, Discarded };
+
+    void sendQueued();
+    QString stopSending(Queued queued);
+    void end(const char *failure);
+
+    pg_conn *m_connection;
+    bool m_open = true;
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::deque<QByteArray> m_queued;
+    qsizetype m_queuedBytes = 0;
+    bool m_stopping = false;
+    QString m_failure; // the sender's, when a piece couldn't be sent
+    std::thread m_sender;
 };
 
 // A transaction that is rolled back unless committed, whatever ended it.

@@ -206,7 +206,9 @@ void addByName(QList<ChainFigures> &sums, QHash<QByteArray, qsizetype> &places, 
 QStringList ChainSites(ChainDatabase &database)
 {
     QStringList sites;
-    const ChainResult names = database.exec("SELECT name FROM sites ORDER BY site_id");
+    // A site is in the chain once a sync of it has ended; one whose first sync failed half-way
+    // left only its name.
+    const ChainResult names = database.exec("SELECT name FROM sites WHERE synced_at IS NOT NULL ORDER BY site_id");
     for (int row = 0; row < names.rowCount(); ++row)
         sites.append(QString::fromUtf8(names.value(row, 0)));
     return sites;

@@ -141,7 +141,7 @@ void EnsureSitePartition(ChainDatabase &database, int siteId)
 
 QByteArray ChainSiteId(ChainDatabase &database, const QString &site)
 {
-    const ChainResult found = database.exec("SELECT site_id FROM sites WHERE name = $1", {site.toUtf8()});
+    const ChainResult found = database.exec("SELECT site_id FROM sites WHERE name = $1 AND synced_at IS NOT NULL", {site.toUtf8()});
     if (found.rowCount() == 0)
         throw ChainError(QStringLiteral("the chain database has no site '%1'").arg(site));
     return found.value(0, 0);

@@ -33,7 +33,8 @@ void CheckChainSchema(ChainDatabase &database);
 // caller's transaction.
 void EnsureSitePartition(ChainDatabase &database, int siteId);
 
-// The id of the site of the name; ChainError when the database has no such site.
+// The id of the site of the name, once a sync of it has ended; ChainError when the database has no
+// such site.
 QByteArray ChainSiteId(ChainDatabase &database, const QString &site);
 
 // Takes the transaction-long lock of one site's rows: a second writer of the same site waits.

@@ -99,8 +99,21 @@ QByteArray withSite(const QByteArray &site, const QByteArray &lines)
     return prefixed;
 }
 
-// Writes the changed groups' rows in batches of COPY, then the digests of all groups replaced, those
-// gone included.
+// The digests of the groups replaced, those gone included, in place of those stored.
+void writeDigests(ChainDatabase &database, const QByteArray &site, const GroupedTable &table, const QMap<QByteArray, DayRows> &groups,
+    const QByteArrayList &changed, const QByteArrayList &replaced)
+{
+    QByteArray digests;
+    for (const QByteArray &key : changed) {
+        const DayRows rows = groups.value(key);
+        digests.append(site + '\t' + key + '\t' + rows.digest + '\t' + QByteArray::number(rows.count) + '\n');
+    }
+    database.exec("DELETE FROM " + table.digests + " WHERE site_id = $1 AND day_key = ANY($2::text[])", {site, keyArray(replaced)});
+    if (!digests.isEmpty())
+        database.copyIn("COPY " + table.digests + " (site_id, day_key, digest, row_count) FROM STDIN", digests);
+}
+
+// Writes the changed groups' rows in batches of COPY, then the digests.
 qint64 writeGroups(ChainDatabase &database, const QByteArray &site, const GroupedTable &table, const QMap<QByteArray, DayRows> &groups,
     const QByteArrayList &changed, const QByteArrayList &replaced, const std::function<void(qint64 rows)> &progress)
 {
@@ -114,20 +127,16 @@ qint64 writeGroups(ChainDatabase &database, const QByteArray &site, const Groupe
         batch.clear();
         inBatch = 0;
     };
-    QByteArray digests;
     for (const QByteArray &key : changed) {
         const DayRows rows = groups.value(key);
         batch.append(withSite(site, rows.lines));
         inBatch += rows.count;
-        digests.append(site + '\t' + key + '\t' + rows.digest + '\t' + QByteArray::number(rows.count) + '\n');
         if (inBatch >= rowsPerCopy)
             send();
     }
     if (inBatch > 0)
         send();
-    database.exec("DELETE FROM " + table.digests + " WHERE site_id = $1 AND day_key = ANY($2::text[])", {site, keyArray(replaced)});
-    if (!digests.isEmpty())
-        database.copyIn("COPY " + table.digests + " (site_id, day_key, digest, row_count) FROM STDIN", digests);
+    writeDigests(database, site, table, groups, changed, replaced);
     return written;
 }
 
@@ -170,25 +179,79 @@ bool replaceList(ChainDatabase &database, const QByteArray &site, const QByteArr
     return true;
 }
 
-} // namespace
-
-SyncOutcome SyncSite(ChainDatabase &database, const SiteSnapshot &snapshot, const std::function<void(qint64 rows)> &progress)
+GroupedTable salesTable(ChainDatabase &database, const QByteArray &site)
 {
-    const QByteArray site = QByteArray::number(registerSite(database, snapshot.name));
-    ChainTransaction transaction(database);
-    LockSite(database, site.toInt());
-    const GroupedTable sales{"COPY sales_site_" + site +
+    return {"COPY sales_site_" + site +
             " (site_id, seq, day, order_at, sold_at, time_from, cents, price_from, units, quantity_from, receipt,"
             " receipt_from, item, item_type, item_text, order_date_text, time_text, price_text, quantity_text) FROM STDIN",
-        "site_days", [&](const QByteArrayList &days) { deleteDays(database, site, days); }};
-    const GroupedTable monthly{"COPY monthly_sales_site_" + site +
+        "site_days", [&database, site](const QByteArrayList &days) { deleteDays(database, site, days); }};
+}
+
+GroupedTable monthlyTable(ChainDatabase &database, const QByteArray &site)
+{
+    return {"COPY monthly_sales_site_" + site +
             " (site_id, month, seq, day, sold_minute, units, amount, gift_amount, missing_modes, item, date_text,"
             " quantity_text, item_text, price_text, type_text, time_text) FROM STDIN",
-        "monthly_days", [&](const QByteArrayList &keys) { deleteMonthDays(database, site, keys); }};
+        "monthly_days", [&database, site](const QByteArrayList &keys) { deleteMonthDays(database, site, keys); }};
+}
+
+// Every day of a site that had none is new: its rows were sent as they were read.
+GroupsReplaced newDays(ChainDatabase &database, const QByteArray &site, const SiteSnapshot &snapshot)
+{
+    GroupsReplaced days;
+    days.first = true;
+    days.changed = snapshot.days.keys();
+    days.groups = int(days.changed.size());
+    days.rows = snapshot.rowCount;
+    writeDigests(database, site, salesTable(database, site), snapshot.days, days.changed, days.changed);
+    return days;
+}
+
+} // namespace
+
+SiteSync::SiteSync(ChainDatabase &database, const QString &name)
+    : m_database(database)
+    , m_site(QByteArray::number(registerSite(database, name)))
+    , m_transaction(database)
+{
+    LockSite(database, m_site.toInt());
+    m_streams = database.exec("SELECT 1 FROM site_days WHERE site_id = $1 LIMIT 1", {m_site}).rowCount() == 0;
+}
+
+SiteSync::~SiteSync() = default;
+
+void SiteSync::salesRead(const SiteSnapshot &snapshot)
+{
+    if (!m_streams)
+        return;
+    if (!m_copy)
+        m_copy = std::make_unique<ChainCopy>(m_database, salesTable(m_database, m_site).copy);
+    for (auto day = snapshot.days.cbegin(); day != snapshot.days.cend(); ++day) {
+        qsizetype &sent = m_sent[day.key()];
+        m_copy->send(withSite(m_site, day->lines.sliced(sent)));
+        sent = day->lines.size();
+    }
+}
+
+void SiteSync::endStream(const SiteSnapshot &snapshot)
+{
+    salesRead(snapshot);
+    if (m_copy)
+        m_copy->finish();
+    m_copy.reset();
+}
+
+SyncOutcome SiteSync::finish(const SiteSnapshot &snapshot, const std::function<void(qint64 rows)> &progress)
+{
+    ChainDatabase &database = m_database;
+    const QByteArray &site = m_site;
     SyncOutcome outcome;
-    const GroupsReplaced days = replaceGroups(database, site, sales, snapshot.days, progress);
+    if (m_streams)
+        endStream(snapshot);
+    const GroupsReplaced days =
+        m_streams ? newDays(database, site, snapshot) : replaceGroups(database, site, salesTable(database, site), snapshot.days, progress);
     const GroupsReplaced monthDays =
-        replaceGroups(database, site, monthly, snapshot.monthDays, [&](qint64 rows) { progress(days.rows + rows); });
+        replaceGroups(database, site, monthlyTable(database, site), snapshot.monthDays, [&](qint64 rows) { progress(days.rows + rows); });
     outcome.daysReplaced = days.groups;
     outcome.rowsWritten = days.rows;
     outcome.monthDaysReplaced = monthDays.groups;
@@ -210,8 +273,13 @@ SyncOutcome SyncSite(ChainDatabase &database, const SiteSnapshot &snapshot, cons
         database.exec("ANALYZE monthly_sales_site_" + site);
     if (outcome.daysReplaced > 0 || outcome.monthDaysReplaced > 0 || outcome.listsWritten)
         database.exec("UPDATE sites SET synced_at = now() WHERE site_id = $1", {site});
-    transaction.commit();
+    m_transaction.commit();
     return outcome;
+}
+
+SyncOutcome SyncSite(ChainDatabase &database, const SiteSnapshot &snapshot, const std::function<void(qint64 rows)> &progress)
+{
+    return SiteSync(database, snapshot.name).finish(snapshot, progress);
 }
 
 } // namespace qlon

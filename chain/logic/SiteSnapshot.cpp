@@ -312,18 +312,23 @@ void ReadSales(SalesStore &store, SiteSnapshot &snapshot, const std::function<vo
     progress(seq);
 }
 
-SiteSnapshot ReadSite(const QString &name, const std::function<void(qint64 rows)> &progress)
+std::unique_ptr<SalesStore> OpenSite(const QString &name, SiteSnapshot &snapshot)
 {
     ReadConfiguration();
     CloseAll();
     EnsureDataRoot();
-    SiteSnapshot snapshot;
     snapshot.name = name.isEmpty() ? NameOfSite() : name;
     readDepartments(snapshot);
     readCatalogue(snapshot);
     readItemLists(snapshot);
     ReadMonthlySales(snapshot);
-    const std::unique_ptr<SalesStore> store = OpenSiteSalesStore(DataPath(SalesDatabaseFile));
+    return OpenSiteSalesStore(DataPath(SalesDatabaseFile));
+}
+
+SiteSnapshot ReadSite(const QString &name, const std::function<void(qint64 rows)> &progress)
+{
+    SiteSnapshot snapshot;
+    const std::unique_ptr<SalesStore> store = OpenSite(name, snapshot);
     ReadSales(*store, snapshot, progress);
     return snapshot;
 }

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 
 namespace qlon {
 
@@ -59,6 +60,11 @@ void ReadSales(SalesStore &store, SiteSnapshot &snapshot, const std::function<vo
 // Reads the lines of the site's monthly sales files; raises RuntimeError, naming the file, when
 // one can't be read.
 void ReadMonthlySales(SiteSnapshot &snapshot);
+
+// Reads the site that drive C: stands for, all but its sales rows: the configuration first, the
+// lists and the monthly files; then opens its sales store for ReadSales. Raises the program's
+// RuntimeError, naming the file, when a file can't be read. `name` as ReadSite takes it.
+std::unique_ptr<SalesStore> OpenSite(const QString &name, SiteSnapshot &snapshot);
 
 // Reads the site that drive C: stands for, the configuration first; raises the program's
 // RuntimeError, naming the file, when a file can't be read. `name` empty: the site's SiteName,

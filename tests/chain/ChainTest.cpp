@@ -2,6 +2,7 @@
 // sites (one of them Jet), its idempotence, a changed day, a sync killed in the middle, faults,
 // and the report over the chain against each site's own `qlon report`.
 #include "chain/logic/ChainDatabase.h"
+#include "chain/logic/ChainMainReport.h"
 #include "chain/logic/ChainSchema.h"
 #include "chain/logic/ChainSync.h"
 #include "chain/logic/SiteSnapshot.h"
@@ -117,6 +118,14 @@ TEST_F(ChainTest, ASecondSyncWritesNothingAndAChangedDayIsReplacedWhole)
     ASSERT_GT(first.rowCount, 1000);
     ASSERT_GT(first.monthRowCount, 1000);
     EXPECT_TRUE(first.days.contains(QByteArray())) << "the demo site has rows with a broken date";
+    // A first sync whose reading stops half-way: the rows on their way are discarded, and the site
+    // is not in the chain.
+    {
+        SiteSync stopped(database, QStringLiteral("north"));
+        stopped.salesRead(first);
+    }
+    EXPECT_EQ(valueOf(database, "SELECT count(*) FROM sales"), "0");
+    EXPECT_TRUE(ChainSites(database).isEmpty());
     const SyncOutcome written = SyncSite(database, first, quiet);
     EXPECT_EQ(written.rowsWritten, first.rowCount);
     EXPECT_EQ(written.monthRowsWritten, first.monthRowCount);

@@ -4,8 +4,8 @@
 //  - BM_ChainSync: `qlon sync` of a generated site into an empty database, against `psql \copy` of
 //    the same rows (its sales and its monthly files' lines) into tables of the same form.
 //  - BM_ChainReport: `qlon report main --chain` over 20 sites of the site's rows each, against the
-//    bare GROUP BY of the same span in psql. "week_partitions" is 1 when EXPLAIN of a site's week
-//    reads that site's partition alone, through the index of days.
+//    bare GROUP BY of the same span in psql. "day_by_index" is 1 when EXPLAIN of a site's day reads
+//    that site's partition alone, through the index of days.
 //  - BM_ChainItemsSold: `qlon report items-sold --chain` over 20 sites of a year of monthly files'
 //    lines each, a month's report, against the bare GROUP BY of the same month in psql.
 #include "bench/BenchSites.h"

@@ -11,6 +11,7 @@
 #include "bench/BenchSites.h"
 #include "bench/ChildRun.h"
 #include "chain/logic/ChainDatabase.h"
+#include "chain/logic/ChainMainReport.h"
 #include "tests/chain/ChainServer.h"
 
 #include <QTemporaryDir>
@@ -87,8 +88,8 @@ QByteArray twentySites(const QString &site)
     ChainDatabase database(url);
     for (int site = 2; site <= chainSites; ++site) {
         const QByteArray id = QByteArray::number(site);
-        database.exec("INSERT INTO sites (name, catalogue_digest, departments_digest, item_lists_digest) SELECT 'site" + id +
-            "', catalogue_digest, departments_digest, item_lists_digest FROM sites WHERE site_id = 1");
+        database.exec("INSERT INTO sites (name, catalogue_digest, departments_digest, item_lists_digest, synced_at) SELECT 'site" + id +
+            "', catalogue_digest, departments_digest, item_lists_digest, synced_at FROM sites WHERE site_id = 1");
         for (const QByteArray table : {"sales", "monthly_sales"})
             database.exec("CREATE TABLE " + table + "_site_" + id + " PARTITION OF " + table + " FOR VALUES IN (" + id + ')');
         copyRows(database, "sales",
@@ -105,6 +106,9 @@ QByteArray twentySites(const QString &site)
         copyRows(database, "item_lists", "list, position, text", id);
     }
     database.exec("ANALYZE");
+    // A report lists the sites a sync has ended for: all twenty, or the measure is of fewer.
+    if (ChainSites(database).size() != chainSites)
+        throw std::runtime_error("the chain's copied sites are not listed");
     return url;
 }
 

@@ -122,10 +122,9 @@ CategoryChoice mainChoiceOf(const ReportRequest &request)
 // The span, option and department as the Items Sold screen would take them.
 ItemsSoldChoice itemsSoldChoiceOf(const ReportRequest &request)
 {
-    const ChainSpan span = mainSpanOf(request);
     ItemsSoldChoice choice;
-    choice.from = span.from;
-    choice.to = span.to;
+    choice.from = ReportDay(request.from);
+    choice.to = ReportDay(request.to);
     if (!request.startTime.isEmpty())
         choice.startTime = ToAnsi(request.startTime);
     if (!request.endTime.isEmpty())

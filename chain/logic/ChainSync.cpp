@@ -67,8 +67,9 @@ QByteArray dateArray(const QByteArrayList &days)
 // The days' rows and sums go; their digests stay until the new ones are written, last.
 void deleteDays(ChainDatabase &database, const QByteArray &site, const QByteArrayList &days)
 {
-    database.exec("DELETE FROM sales WHERE site_id = $1 AND day = ANY($2::date[])", {site, dateArray(days)});
-    database.exec("DELETE FROM day_sales WHERE site_id = $1 AND day = ANY($2::date[])", {site, dateArray(days)});
+    const QByteArray dates = dateArray(days);
+    database.exec("DELETE FROM sales WHERE site_id = $1 AND day = ANY($2::date[])", {site, dates});
+    database.exec("DELETE FROM day_sales WHERE site_id = $1 AND day = ANY($2::date[])", {site, dates});
     if (days.contains(QByteArray()))
         database.exec("DELETE FROM sales WHERE site_id = $1 AND day IS NULL", {site});
 }
@@ -100,7 +101,7 @@ QByteArray withSite(const QByteArray &site, const QByteArray &lines)
 }
 
 // The digests of the groups replaced, those gone included, in place of those stored.
-void writeDigests(ChainDatabase &database, const QByteArray &site, const GroupedTable &table, const QMap<QByteArray, DayRows> &groups,
+void writeDigests(ChainDatabase &database, const QByteArray &site, const QByteArray &digestTable, const QMap<QByteArray, DayRows> &groups,
     const QByteArrayList &changed, const QByteArrayList &replaced)
 {
     QByteArray digests;
@@ -108,9 +109,9 @@ void writeDigests(ChainDatabase &database, const QByteArray &site, const Grouped
         const DayRows rows = groups.value(key);
         digests.append(site + '\t' + key + '\t' + rows.digest + '\t' + QByteArray::number(rows.count) + '\n');
     }
-    database.exec("DELETE FROM " + table.digests + " WHERE site_id = $1 AND day_key = ANY($2::text[])", {site, keyArray(replaced)});
+    database.exec("DELETE FROM " + digestTable + " WHERE site_id = $1 AND day_key = ANY($2::text[])", {site, keyArray(replaced)});
     if (!digests.isEmpty())
-        database.copyIn("COPY " + table.digests + " (site_id, day_key, digest, row_count) FROM STDIN", digests);
+        database.copyIn("COPY " + digestTable + " (site_id, day_key, digest, row_count) FROM STDIN", digests);
 }
 
 // Writes the changed groups' rows in batches of COPY, then the digests.
@@ -136,7 +137,7 @@ qint64 writeGroups(ChainDatabase &database, const QByteArray &site, const Groupe
     }
     if (inBatch > 0)
         send();
-    writeDigests(database, site, table, groups, changed, replaced);
+    writeDigests(database, site, table.digests, groups, changed, replaced);
     return written;
 }
 
@@ -179,12 +180,17 @@ bool replaceList(ChainDatabase &database, const QByteArray &site, const QByteArr
     return true;
 }
 
+// The COPY of a site's sales, straight into its partition.
+QByteArray salesCopy(const QByteArray &site)
+{
+    return "COPY sales_site_" + site +
+        " (site_id, seq, day, order_at, sold_at, time_from, cents, price_from, units, quantity_from, receipt,"
+        " receipt_from, item, item_type, item_text, order_date_text, time_text, price_text, quantity_text) FROM STDIN";
+}
+
 GroupedTable salesTable(ChainDatabase &database, const QByteArray &site)
 {
-    return {"COPY sales_site_" + site +
-            " (site_id, seq, day, order_at, sold_at, time_from, cents, price_from, units, quantity_from, receipt,"
-            " receipt_from, item, item_type, item_text, order_date_text, time_text, price_text, quantity_text) FROM STDIN",
-        "site_days", [&database, site](const QByteArrayList &days) { deleteDays(database, site, days); }};
+    return {salesCopy(site), "site_days", [&database, site](const QByteArrayList &days) { deleteDays(database, site, days); }};
 }
 
 GroupedTable monthlyTable(ChainDatabase &database, const QByteArray &site)
@@ -203,7 +209,7 @@ GroupsReplaced newDays(ChainDatabase &database, const QByteArray &site, const Si
     days.changed = snapshot.days.keys();
     days.groups = int(days.changed.size());
     days.rows = snapshot.rowCount;
-    writeDigests(database, site, salesTable(database, site), snapshot.days, days.changed, days.changed);
+    writeDigests(database, site, "site_days", snapshot.days, days.changed, days.changed);
     return days;
 }
 
@@ -225,7 +231,7 @@ void SiteSync::salesRead(const SiteSnapshot &snapshot)
     if (!m_streams)
         return;
     if (!m_copy)
-        m_copy = std::make_unique<ChainCopy>(m_database, salesTable(m_database, m_site).copy);
+        m_copy = std::make_unique<ChainCopy>(m_database, salesCopy(m_site));
     for (auto day = snapshot.days.cbegin(); day != snapshot.days.cend(); ++day) {
         qsizetype &sent = m_sent[day.key()];
         m_copy->send(withSite(m_site, day->lines.sliced(sent)));
